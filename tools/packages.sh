@@ -1,0 +1,26 @@
+# What the machine must have, by Debian package. Sourced by ./run and ./test.
+
+build_packages="g++ cmake ninja-build ccache qt6-base-dev libgl-dev nlohmann-json3-dev"
+run_packages="qt6-qpa-plugins fonts-dejavu-core xdg-utils"
+test_packages="libgtest-dev xvfb xauth xdotool x11-utils imagemagick strace"
+format_packages="clang-format-14"
+
+# Installs what is missing of the named packages, as root or through sudo; says nothing when all are there.
+install_packages() {
+    missing=""
+    for package in "$@"; do
+        dpkg-query -W -f='${Status}' "$package" 2>/dev/null | grep -q "ok installed" || missing="$missing $package"
+    done
+    [ -z "$missing" ] && return 0
+    as_root=""
+    if [ "$(id -u)" -ne 0 ]; then
+        command -v sudo >/dev/null || {
+            echo "These packages are missing, and there is no sudo to install them:$missing" >&2
+            return 1
+        }
+        as_root="sudo"
+    fi
+    echo "Installing:$missing"
+    $as_root apt-get update -qq &&
+        $as_root env DEBIAN_FRONTEND=noninteractive apt-get install -y -qq --no-install-recommends $missing >/dev/null
+}

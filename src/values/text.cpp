@@ -1,0 +1,32 @@
+#include "values/text.h"
+
+#include <algorithm>
+
+namespace tallyhut {
+
+std::string Trim(std::string_view text) {
+    text.remove_prefix(std::min(text.find_first_not_of(' '), text.size()));
+    return TrimEnd(text);
+}
+
+std::string TrimEnd(std::string_view text) {
+    return std::string{text.substr(0, text.find_last_not_of(' ') + 1)};  // nothing found: npos + 1 is 0
+}
+
+std::string UpperCase(std::string_view text) {
+    std::string upper{text};
+    for (char& character : upper) {
+        if (character >= 'a' && character <= 'z') {
+            character = static_cast<char>(character - 'a' + 'A');
+        }
+    }
+    return upper;
+}
+
+std::string PadRight(std::string_view text, std::size_t width) {
+    std::string padded{text};
+    padded.resize(std::max(width, padded.size()), ' ');
+    return padded;
+}
+
+}  // namespace tallyhut

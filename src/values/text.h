@@ -1,0 +1,23 @@
+#pragma once
+
+#include <cstddef>
+#include <string>
+#include <string_view>
+
+namespace tallyhut {
+
+// Text is bytes, one a character. A blank is the character 32 and nothing else: a tab is no blank.
+
+/// Without the blanks at both ends.
+std::string Trim(std::string_view text);
+
+/// Without the blanks behind the text.
+std::string TrimEnd(std::string_view text);
+
+/// The letters a to z as A to Z. Every other byte stays, also the accented letters: calls and sections have none.
+std::string UpperCase(std::string_view text);
+
+/// Blanks behind the text up to the width; a longer text stays whole.
+std::string PadRight(std::string_view text, std::size_t width);
+
+}  // namespace tallyhut

@@ -1,0 +1,180 @@
+#include "values/text_file.h"
+
+#include <algorithm>
+#include <cmath>
+#include <limits>
+
+#include "values/text.h"
+#include "values/value_error.h"
+
+namespace tallyhut {
+
+namespace {
+
+constexpr std::string_view kLineEnds = "\r\n";
+constexpr std::string_view kBlanksAndLineEnds = " \r\n";
+constexpr std::string_view kFieldEnds = ",\r\n";
+constexpr std::string_view kQuoteAndLineEnds = "\"\r\n";
+constexpr std::string_view kNeverInItem{"\"\r\n\0", 4};
+
+constexpr std::string_view kTrue = "#TRUE#";
+constexpr std::string_view kFalse = "#FALSE#";
+
+float ToFloat(double value) {
+    if (std::fabs(value) > std::numeric_limits<float>::max()) {
+        throw ValueError(PlainText(value) + " is beyond the range of a float");
+    }
+    return static_cast<float>(value);
+}
+
+}  // namespace
+
+FieldReader::FieldReader(std::string_view text)
+    : rest_{text.substr(0, text.find_last_not_of(kBlanksAndLineEnds) + 1)} {}  // nothing found: npos + 1 is 0
+
+std::string FieldReader::Take() {
+    lineOfField_ = line_;
+    if (AtEnd()) {
+        RefuseLine("no field is left");
+    }
+    isBehindComma_ = false;
+    SkipBlanks();
+    std::string field = rest_.starts_with('"') ? TakeQuoted() : TakeBare();
+    if (field.find('\0') != std::string::npos) {
+        RefuseLine("a NUL byte stands in a field");
+    }
+    if (field.size() > kLongestField) {
+        RefuseLine("a field is longer than " + PlainText(kLongestField) + " bytes");
+    }
+    EndField();
+    return field;
+}
+
+/// Leaves the rest at the comma or line end behind the field.
+std::string FieldReader::TakeQuoted() {
+    const std::size_t close = rest_.find_first_of(kQuoteAndLineEnds, 1);
+    if (close == std::string_view::npos || rest_[close] != '"') {
+        RefuseLine("a quote is not closed");
+    }
+    std::string field{rest_.substr(1, close - 1)};
+    rest_.remove_prefix(close + 1);
+    SkipBlanks();
+    if (!rest_.empty() && kFieldEnds.find(rest_.front()) == std::string_view::npos) {
+        RefuseLine("text stands behind a closing quote");
+    }
+    return field;
+}
+
+/// Leaves the rest at the comma or line end behind the field.
+std::string FieldReader::TakeBare() {
+    const std::string_view field = rest_.substr(0, rest_.find_first_of(kFieldEnds));
+    if (field.find('"') != std::string_view::npos) {
+        RefuseLine("a quote stands in a bare field");
+    }
+    rest_.remove_prefix(field.size());
+    return TrimEnd(field);
+}
+
+void FieldReader::EndField() {
+    if (rest_.starts_with(',')) {
+        rest_.remove_prefix(1);
+        isBehindComma_ = true;
+    } else {
+        PassLineEnd();
+    }
+}
+
+void FieldReader::PassLineEnd() {
+    if (rest_.empty()) {
+        return;
+    }
+    rest_.remove_prefix(rest_.starts_with("\r\n") ? 2 : 1);
+    ++line_;
+}
+
+void FieldReader::SkipBlanks() {
+    rest_.remove_prefix(std::min(rest_.find_first_not_of(' '), rest_.size()));
+}
+
+void FieldReader::RefuseLine(std::string_view why) {
+    rest_.remove_prefix(std::min(rest_.find_first_of(kLineEnds), rest_.size()));
+    PassLineEnd();
+    RefuseValue(why);
+}
+
+void FieldReader::RefuseValue(std::string_view why) const {
+    throw ValueError("line " + PlainText(lineOfField_) + ": " + std::string{why});
+}
+
+template <typename Convert>
+auto FieldReader::TakeConverted(Convert convert) {
+    const std::string field = Take();
+    try {
+        return convert(TrimmedNumber(field));
+    } catch (const ValueError& error) {
+        RefuseValue(error.what());
+    }
+}
+
+double FieldReader::TakeNumber() {
+    return TakeConverted([](double value) { return value; });
+}
+
+float FieldReader::TakeFloat() {
+    return TakeConverted(ToFloat);
+}
+
+std::uint8_t FieldReader::TakeByte() {
+    return TakeConverted(ToByte);
+}
+
+std::int16_t FieldReader::TakeInt16() {
+    return TakeConverted(ToInt16);
+}
+
+std::int32_t FieldReader::TakeInt32() {
+    return TakeConverted(ToInt32);
+}
+
+bool FieldReader::TakeTruth() {
+    const std::string field = Take();
+    const std::string truth = UpperCase(field);
+    if (truth != kTrue && truth != kFalse) {
+        RefuseValue('"' + field + "\" is no truth value");
+    }
+    return truth == kTrue;
+}
+
+std::string QuotedItem(std::string_view text) {
+    std::string content{text};
+    std::erase_if(content, [](char character) { return kNeverInItem.find(character) != std::string_view::npos; });
+    content.resize(std::min(content.size(), kLongestField));
+    return '"' + content + '"';
+}
+
+RecordWriter& RecordWriter::Text(std::string_view text) {
+    return Bare(QuotedItem(text));
+}
+
+RecordWriter& RecordWriter::Truth(bool value) {
+    return Bare(value ? kTrue : kFalse);
+}
+
+RecordWriter& RecordWriter::Empty() {
+    return Bare("");
+}
+
+RecordWriter& RecordWriter::EndLine() {
+    text_ += "\r\n";
+    atLineStart_ = true;
+    return *this;
+}
+
+RecordWriter& RecordWriter::Bare(std::string_view item) {
+    text_ += atLineStart_ ? "" : ",";
+    text_ += item;
+    atLineStart_ = false;
+    return *this;
+}
+
+}  // namespace tallyhut

@@ -1,0 +1,28 @@
+#pragma once
+
+#include "platform/files.h"
+
+namespace tallyhut {
+
+/// The machine's files. What it writes is on the disk, with the folder's entry for it, before a call returns.
+///
+/// Making one sets the process to ignore the signal of the file size limit.
+struct PosixFiles : Files {
+    PosixFiles();
+
+    std::string Read(const std::string& path) const override;
+    void Append(const std::string& path, std::string_view record) override;
+    /// Refuses a file that the user may not write, although its folder would let it be replaced, and whatever is no
+    /// plain file.
+    void Replace(const std::string& path, std::string_view content) override;
+    void Copy(const std::string& from, const std::string& to) override;
+    /// True for devices too.
+    bool FileExists(const std::string& path) const override;
+    bool FolderExists(const std::string& path) const override;
+    void MakeFolder(const std::string& path) override;
+    std::string CurrentFolder() const override;
+    void CheckWritable(const std::string& folder) const override;
+    std::unique_ptr<FolderLock> Lock(const std::string& folder) override;
+};
+
+}  // namespace tallyhut

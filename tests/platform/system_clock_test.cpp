@@ -1,0 +1,77 @@
+#include "platform/real/system_clock.h"
+
+#include <gtest/gtest.h>
+
+#include <cstdlib>
+#include <ctime>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "tests/platform/child_process.h"
+
+namespace tallyhut {
+namespace {
+
+std::time_t SecondsOf(const DateTime& local) {
+    std::tm fields{};
+    fields.tm_year = local.year - 1900;
+    fields.tm_mon = local.month - 1;
+    fields.tm_mday = local.day;
+    fields.tm_hour = local.hour;
+    fields.tm_min = local.minute;
+    fields.tm_sec = local.second;
+    return timegm(&fields);
+}
+
+TEST(SystemClock, TickNeverGoesBack) {
+    const SystemClock clock;
+    Tick last = clock.TickMs();
+    for (int times = 0; times < 1'000; ++times) {
+        const Tick tick = clock.TickMs();
+        ASSERT_GE(tick, last);
+        last = tick;
+    }
+}
+
+TEST(SystemClock, LocalTimeAndOffsetGiveTheMachinesUtc) {
+    const SystemClock clock;
+    const std::time_t before = std::time(nullptr);
+    const std::time_t now = SecondsOf(clock.Now()) + std::time_t{60} * clock.MinutesToUtc();
+    EXPECT_GE(now, before);
+    EXPECT_LE(now, std::time(nullptr));
+}
+
+TEST(SystemClock, WestOfGreenwichIsPositive) {
+    const std::vector<std::pair<const char*, std::string>> rows{
+        {"UTC0", "0"}, {"EST5", "300"}, {"PST8", "480"}, {"NST3:30", "210"}, {"CET-1", "-60"},
+    };
+    for (const auto& [zone, minutes] : rows) {
+        const char* const chosen = zone;
+        EXPECT_EQ(InChild([&] {
+                      setenv("TZ", chosen, 1);
+                      return std::to_string(SystemClock().MinutesToUtc());
+                  }),
+                  minutes)
+            << zone;
+    }
+}
+
+TEST(SystemClock, ZoneThatIsChangedCountsFromTheNextCall) {
+    EXPECT_EQ(InChild([] {
+                  const SystemClock clock;
+                  setenv("TZ", "EST5", 1);
+                  const int before = clock.MinutesToUtc();
+                  const std::time_t eastern = SecondsOf(clock.Now());
+                  setenv("TZ", "PST8", 1);
+                  const std::time_t pacific = SecondsOf(clock.Now());
+                  const auto later = pacific + std::time_t{3} * 3600 - eastern;
+                  const bool threeHoursBack = later >= 0 && later <= 1;
+                  return std::to_string(before) + ' ' + std::to_string(clock.MinutesToUtc()) +
+                         (threeHoursBack ? " three hours back" : "");
+              }),
+              "300 480 three hours back");
+}
+
+}  // namespace
+}  // namespace tallyhut

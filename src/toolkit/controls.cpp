@@ -1,0 +1,194 @@
+#include "toolkit/controls.h"
+
+#include <algorithm>
+#include <cassert>
+#include <numeric>
+
+#include "toolkit/desk.h"
+#include "toolkit/form.h"
+
+namespace tallyhut {
+
+Label::Label(Form& owner, std::string controlName, std::string_view caption, const LabelDesign& design)
+    : Label{owner, std::move(controlName), -1, caption, design} {}
+
+Label::Label(Form& owner, std::string controlName, int controlIndex, std::string_view caption,
+             const LabelDesign& design)
+    : Control{owner, ControlKind::Label, std::move(controlName), controlIndex} {
+    state_.text = caption;
+    state_.place = design.place;
+    state_.toolTip = design.toolTip;
+    state_.foreColor = design.foreColor;
+    state_.backColor = design.backColor;
+    state_.fontSize = design.fontSize;
+    state_.visible = design.visible;
+}
+
+namespace {
+
+void TakeDesign(ControlState& state, std::string_view caption, const ButtonDesign& design) {
+    state.text = caption;
+    state.place = design.place;
+    state.toolTip = design.toolTip;
+    state.tabStop = design.tabStop;
+    state.tabIndex = design.tabIndex;
+    state.visible = design.visible;
+}
+
+}  // namespace
+
+Button::Button(Form& owner, std::string controlName, std::string_view caption, const ButtonDesign& design)
+    : Control{owner, ControlKind::Button, std::move(controlName)} {
+    TakeDesign(state_, caption, design);
+    state_.foreColor = kButtonText;
+}
+
+Option::Option(Form& owner, std::string controlName, std::string_view caption, const ButtonDesign& design)
+    : Control{owner, ControlKind::Option, std::move(controlName)} {
+    TakeDesign(state_, caption, design);
+}
+
+CheckBox::CheckBox(Form& owner, std::string controlName, std::string_view caption, const ButtonDesign& design)
+    : Control{owner, ControlKind::CheckBox, std::move(controlName)} {
+    TakeDesign(state_, caption, design);
+}
+
+FrameBox::FrameBox(Form& owner, std::string controlName, std::string_view caption, const Place& place)
+    : Control{owner, ControlKind::Frame, std::move(controlName)} {
+    state_.text = caption;
+    state_.place = place;
+}
+
+List::List(Form& owner, std::string controlName, const ButtonDesign& design)
+    : Control{owner, ControlKind::List, std::move(controlName)} {
+    TakeDesign(state_, "", design);
+    state_.backColor = kWindowGround;
+}
+
+void List::SetItems(std::vector<std::string> items) {
+    state_.items = std::move(items);
+    state_.row = -1;
+    Touch();
+}
+
+void List::Add(std::string_view item) {
+    state_.items.emplace_back(item);
+    Touch();
+}
+
+ListView::ListView(Form& owner, std::string controlName, std::vector<ListColumn> columns, const ButtonDesign& design)
+    : Control{owner, ControlKind::ListView, std::move(controlName)} {
+    TakeDesign(state_, "", design);
+    state_.columns = std::move(columns);
+    state_.backColor = kWindowGround;
+}
+
+void ListView::SetRows(std::size_t count, CellText cells) {
+    rowCount_ = count;
+    cells_ = std::move(cells);
+    order_.clear();
+    state_.row = -1;
+    Touch();
+}
+
+std::string ListView::Cell(std::size_t row, std::size_t column) const {
+    assert(row < rowCount_ && column < state_.columns.size());
+    return cells_(order_.empty() ? row : order_[row], column);
+}
+
+void ListView::SortOnce(std::size_t column) {
+    std::vector<std::string> keys(rowCount_);
+    for (std::size_t row = 0; row < rowCount_; ++row) {
+        keys[row] = cells_(row, column);
+    }
+    std::vector<std::size_t> order(rowCount_);
+    std::iota(order.begin(), order.end(), std::size_t{0});
+    std::ranges::stable_sort(order, {}, [&keys](std::size_t row) -> const std::string& { return keys[row]; });
+    order_ = std::move(order);
+    state_.row = -1;
+    Touch();
+}
+
+MenuEntry::MenuEntry(Form& owner, std::string controlName, std::string_view caption)
+    : Control{owner, ControlKind::Menu, std::move(controlName)} {
+    state_.text = caption;
+    form.menus_.push_back(this);
+}
+
+MenuEntry::MenuEntry(MenuEntry& above, std::string controlName, std::string_view caption)
+    : Control{above.form, ControlKind::Menu, std::move(controlName)}, above_{&above} {
+    state_.text = caption;
+    above.entries_.push_back(this);
+}
+
+void MenuEntry::SetChecked(bool checked) {
+    if (state_.chosen != checked) {
+        state_.chosen = checked;
+        Touch();
+    }
+}
+
+Timer::Timer(Form& owner, std::string controlName, std::int32_t intervalMs, bool enabledAtFirst)
+    : Control{owner, ControlKind::Timer, std::move(controlName)} {
+    state_.interval = intervalMs;
+    state_.enabled = enabledAtFirst;
+    form.desk.timers_.push_back(this);
+}
+
+void Timer::SetInterval(std::int32_t ms) {
+    state_.interval = ms;
+    Restart();
+}
+
+void Timer::SetTimerEnabled(bool enabled) {
+    state_.enabled = enabled;
+    Restart();
+}
+
+void Timer::Restart() {
+    due_ = form.desk.clock.TickMs() + static_cast<Tick>(std::max(state_.interval, 0));
+    Touch();
+}
+
+Line::Line(Form& owner, std::string controlName, double x1, double y1, double x2, double y2)
+    : Control{owner, ControlKind::Line, std::move(controlName)} {
+    state_.x1 = x1;
+    state_.y1 = y1;
+    state_.x2 = x2;
+    state_.y2 = y2;
+}
+
+void Line::SetEnds(double x1, double y1, double x2, double y2) {
+    state_.x1 = x1;
+    state_.y1 = y1;
+    state_.x2 = x2;
+    state_.y2 = y2;
+    Touch();
+}
+
+Raster::Raster(Form& owner, std::string controlName, const LabelDesign& design)
+    : Control{owner, ControlKind::Raster, std::move(controlName)} {
+    state_.place = design.place;
+    state_.toolTip = design.toolTip;
+    state_.visible = design.visible;
+}
+
+void Raster::Draw(const std::function<void(RasterImage&)>& drawing) {
+    drawing(image_);
+    Touch();
+}
+
+Label& RuntimeLabels::Make(std::string_view caption, const LabelDesign& design) {
+    labels_.push_back(std::make_unique<Label>(form_, name_, Count(), caption, design));
+    Label& label = *labels_.back();
+    if (form_.desk.outlets.controlAdded) {
+        form_.desk.outlets.controlAdded(label);
+    }
+    return label;
+}
+
+void RuntimeLabels::RemoveAll() {
+    labels_.clear();
+}
+
+}  // namespace tallyhut

@@ -1,0 +1,236 @@
+#pragma once
+
+#include <deque>
+#include <exception>
+#include <functional>
+#include <optional>
+#include <variant>
+#include <vector>
+
+#include "platform/clipboard.h"
+#include "platform/clock.h"
+#include "platform/dialogs.h"
+#include "platform/event_pump.h"
+#include "toolkit/controls.h"
+#include "toolkit/form.h"
+
+namespace tallyhut {
+
+struct Desk;
+
+/// A device that has something for a handler. The device signals whenever it likes; the handler runs when events run,
+/// and never inside itself.
+struct IoSource {
+    IoSource(Desk& owner, std::function<void()> handler);
+    ~IoSource();
+    IoSource(const IoSource&) = delete;
+    IoSource& operator=(const IoSource&) = delete;
+    IoSource(IoSource&&) = delete;
+    IoSource& operator=(IoSource&&) = delete;
+
+    void Signal() { signalled_ = true; }
+
+private:
+    friend struct Desk;
+    Desk& desk_;
+    std::function<void()> handler_;
+    bool signalled_ = false;
+    bool running_ = false;
+};
+
+/// What a host wants to know to show the forms. Does nothing by default.
+struct DeskOutlets {
+    std::function<void(Control&)> controlChanged;
+    std::function<void(Control&)> controlAdded;
+    std::function<void(Control&)> controlRemoved;
+    enum class FormEvent { Shown, ShownModal, Hidden, Minimised, Restored, Refused, Activated, Changed };
+    std::function<void(Form&, FormEvent)> formChanged;
+    /// A menu is to be opened by its access key; null closes it.
+    std::function<void(MenuEntry*)> menuOpened;
+};
+
+/// Where the forms lie: which of them is active, where the focus goes, in which order keys, clicks, timers and devices
+/// reach their handlers. All that an operator can observe apart from pixels is decided here, the same for every host.
+///
+/// Handlers run on the caller's stack, from RunPending and its kin only. Whoever calls those reads back afterwards what
+/// it needs: any handler may have run. What a handler throws is fatal: it goes to `onFatal` and nowhere else.
+struct Desk {
+    Desk(Clock& machineClock, EventPump& machinePump, Dialogs& machineDialogs, Clipboard& machineClipboard);
+    ~Desk();
+    Desk(const Desk&) = delete;
+    Desk& operator=(const Desk&) = delete;
+    Desk(Desk&&) = delete;
+    Desk& operator=(Desk&&) = delete;
+
+    Clock& clock;
+    EventPump& pump;
+    Dialogs& dialogs;
+    Clipboard& clipboard;
+    DeskOutlets outlets;
+    /// Tells the operator of a failure that nothing handled; must not return. No timer, key or device runs meanwhile.
+    std::function<void(const std::exception&)> onFatal;
+
+    const std::vector<Form*>& Forms() const { return forms_; }
+    Form* FindForm(std::string_view name) const;
+    /// The form that keys go to; null while none can take them.
+    Form* Active() const;
+    /// Brings a shown form to the front, unless a modal form stands over it.
+    void Activate(Form& form);
+    bool IsBlockedByModal(const Form& form) const;
+
+    /// What the operator does, in order. Delivered when events run.
+    void PostKey(const Key& key);
+    void PostClick(Control& control, MouseButton button, bool twice = false);
+    void PostRowClick(Control& listControl, int row, MouseButton button, bool twice = false);
+    void PostAction(std::function<void()> action);
+    /// A key from the program to the active form; goes before what the operator has typed ahead.
+    void SendKeys(const Key& key);
+    /// The operator's click on a menu entry.
+    void PostMenu(MenuEntry& entry);
+    void CloseMenu();
+    MenuEntry* OpenMenu() const { return openMenu_; }
+
+    /// Lets waiting focus events, keys, clicks, timers and devices reach their handlers.
+    void RunPending();
+    /// The same without focus events and without what the operator does.
+    void RunTimersAndIo();
+    /// Runs events until the claim holds: the loop of the program, of a modal form.
+    void RunUntil(const std::function<bool()>& done);
+    /// The loop of a dialog of the machine: the operator's keys belong to the dialog, timers and devices go on.
+    void RunDialog(const std::function<bool()>& done);
+
+    /// When something is due by itself: a timer, or a key that is held back.
+    std::optional<Tick> NextDue() const;
+    /// Until when the next key is held back by its control's gate.
+    std::optional<Tick> HeldUntil() const;
+
+    /// While one of these lives, keys, clicks and sent keys wait. Modal forms and dialogs opened meanwhile work all the
+    /// same.
+    class InputHold {
+    public:
+        explicit InputHold(Desk& owner) : desk_{owner} { ++desk_.inputHolds_; }
+        ~InputHold() { --desk_.inputHolds_; }
+        InputHold(const InputHold&) = delete;
+        InputHold& operator=(const InputHold&) = delete;
+        InputHold(InputHold&&) = delete;
+        InputHold& operator=(InputHold&&) = delete;
+
+    private:
+        Desk& desk_;
+    };
+
+    /// Runs a handler; nothing for an empty one. What it throws is fatal.
+    template <typename Handler, typename... Arguments>
+    void Call(const Handler& handler, Arguments&&... arguments) {
+        if (!handler) {
+            return;
+        }
+        try {
+            const Handler running = handler;  // its control may be removed, or get another handler, while it runs
+            running(std::forward<Arguments>(arguments)...);
+        } catch (const std::exception& failure) {
+            Fatal(failure);
+        }
+    }
+
+private:
+    friend struct Control;
+    friend struct Form;
+    friend struct IoSource;
+    friend struct Timer;
+
+    enum class FocusStep { Lost, Got, Activated };
+    struct FocusEvent {
+        FocusStep step;
+        Control* control;
+        Form* form;
+    };
+    struct OperatorEvent {
+        std::optional<Key> key;  ///< else an action
+        std::function<void()> action;
+        const Control* target = nullptr;  ///< of an action that is lost with its control
+    };
+
+    /// Notices that a control is removed by one of several handlers that run in turn.
+    class Watch {
+    public:
+        Watch(Desk& owner, const Control& control) : desk_{owner} { desk_.watched_.push_back(&control); }
+        ~Watch() { desk_.watched_.pop_back(); }
+        Watch(const Watch&) = delete;
+        Watch& operator=(const Watch&) = delete;
+        Watch(Watch&&) = delete;
+        Watch& operator=(Watch&&) = delete;
+
+        bool IsGone() const { return desk_.watched_.at(place_) == nullptr; }
+
+    private:
+        Desk& desk_;
+        std::size_t place_ = desk_.watched_.size();  ///< before the constructor adds it
+    };
+
+    void Fatal(const std::exception& failure);
+
+    /// With the form brought to the front, and without.
+    void MoveFocus(Control& to);
+    void ShiftFocus(Control& to);
+    void ReturnFocus(Control& to);
+    void ForgetFocusEvents(const Form& form);
+    void Forget(const Control& control);
+    void BringToFront(Form& form);
+    void NoteActive();
+    Form* ForemostModal() const;
+
+    /// Like RunPending, but ends with the handler that made the claim hold.
+    void RunPendingUntil(const std::function<bool()>& done);
+    bool RunFocusEvent();
+    bool RunIoSource();
+    bool RunDueTimer(Tick now);
+    bool RunOperatorEvent();
+    Timer* EarliestTimer() const;
+    std::optional<Tick> NextTimerDue() const;
+    /// Until when the control with the focus holds the key back.
+    std::optional<Tick> GateOf(const Key& key) const;
+
+    void DeliverKey(Key key);
+    bool AccessKeyTaken(Form& form, char letter);
+    bool MenuKeyTaken(const Key& key);
+    bool ToolkitKeyTaken(Form& form, Control* control, int keyCode, int shift);
+    bool TabTaken(Form& form, Control* control, bool backwards);
+    bool PressTaken(Control& control, int keyCode);
+    bool RowKeyTaken(Control& control, int keyCode);
+    bool OptionKeyTaken(Option& option, int keyCode);
+    bool TextKeyTaken(TextBox& box, int keyCode, int shift);
+    void CopySelection(const TextBox& box);
+    void TypeInto(Control* control, int character);
+    void DialogKey(Form& form, int character);
+    void ChooseByOperator(Control& control);
+    void ClickRow(Control& listControl, int row, MouseButton button);
+    /// Gives the control the focus as a mouse press does; false if that showed a box or moved the focus on.
+    bool TakeFocusByMouse(Control& control);
+    bool CanBeClicked(const Control& control) const;
+    void DeliverClick(Control& control, MouseButton button, bool twice);
+    /// The same by a key: no mouse handler runs.
+    void PressByKey(Control& control);
+    void DeliverRowClick(Control& listControl, int row, MouseButton button, bool twice);
+    void ClickEntry(MenuEntry& entry);
+    void SetOpenMenu(MenuEntry* entry);
+
+    std::vector<Form*> forms_;
+    std::vector<Form*> front_;   ///< shown forms, the foremost last
+    std::vector<Form*> modals_;  ///< modal forms, the innermost last
+    Form* lastActive_ = nullptr;
+    MenuEntry* openMenu_ = nullptr;
+    int highlighted_ = -1;  ///< entry of the open menu that arrows have reached
+
+    std::deque<FocusEvent> focusEvents_;
+    std::deque<OperatorEvent> operatorEvents_;
+    std::deque<Key> sentKeys_;
+    std::vector<Timer*> timers_;  ///< in order of creation
+    std::vector<IoSource*> sources_;
+    std::vector<const Control*> watched_;  ///< null for one that is gone
+    int inputHolds_ = 0;
+    int focusMoves_ = 0;
+    bool frozen_ = false;
+};
+
+}  // namespace tallyhut

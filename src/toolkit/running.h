@@ -1,0 +1,19 @@
+#pragma once
+
+namespace tallyhut {
+
+/// Sets a flag for the length of a procedure, also when the program ends inside it.
+class Running {
+public:
+    explicit Running(bool& flag) : flag_{flag} { flag_ = true; }
+    ~Running() { flag_ = false; }
+    Running(const Running&) = delete;
+    Running& operator=(const Running&) = delete;
+    Running(Running&&) = delete;
+    Running& operator=(Running&&) = delete;
+
+private:
+    bool& flag_;
+};
+
+}  // namespace tallyhut

@@ -1,0 +1,121 @@
+#include "forms/Form1.h"
+
+#include <array>
+#include <string_view>
+
+namespace tallyhut {
+namespace {
+
+constexpr double kRow = 270;
+constexpr double kGridTop = 2750;
+
+/// The main form's caption: the title, blanks up to a width of 50, and the address. The title alone is shown on
+/// screens.
+constexpr std::string_view kFormCaption = "Q7ZZQ's Tallyhut Log 4.7                          www.tallyhut.example";
+
+constexpr std::array<std::string_view, 5> kEntryHeadings{"#", "Pr", "Call", "Ck", "Sec"};
+constexpr std::array<double, 5> kEntryLefts{180, 1065, 1575, 3810, 4470};
+
+constexpr std::array<std::string_view, 6> kScoreCaptions{
+    "Total Contacts.............",   "Total Sections Worked",   "Sections to go ............",
+    "Total Score..................", "QSOs / Hr (last 60 min)", "QSOs / Hr (last 20 min)",
+};
+
+constexpr double GridLeft(int column) {
+    return 4920 + column * 420.0;
+}
+
+LabelDesign GridHeading(int column) {
+    return {.place = {GridLeft(column), kGridTop, 400, kRow}};
+}
+
+LabelDesign ScoreValue(int row) {
+    return {.place = {6400, 5750 + row * kRow, 620, kRow}};
+}
+
+ListColumn Column(std::string_view caption, double width) {
+    return {.caption = std::string{caption}, .width = width};
+}
+
+}  // namespace
+
+Form1::Form1(Desk& owner)
+    : Form{owner, "Form1", std::string{kFormCaption}, {.width = 9600, .height = 7200, .dialog = false}},
+      lblEntryHeading{1, 5,
+                      [this](int i) {
+                          const auto at = static_cast<std::size_t>(i - 1);
+                          return std::make_unique<Label>(*this, "lblEntryHeading", i, kEntryHeadings.at(at),
+                                                         LabelDesign{.place = {kEntryLefts.at(at), 660, 600, 180}});
+                      }},
+      txtNum{*this, "txtNum", {.place = {180, 840, 840, 480}, .maxLength = 5, .tabIndex = 1, .fontSize = 18}},
+      txtPre{*this, "txtPre", {.place = {1065, 840, 460, 480}, .maxLength = 1, .tabIndex = 2, .fontSize = 18}},
+      txtCall{*this,
+              "txtCall",
+              {.place = {1575, 840, 2190, 480}, .maxLength = 12, .tabIndex = 3, .fontSize = 18, .refusesPaste = "\""}},
+      txtCK{*this, "txtCK", {.place = {3810, 840, 610, 480}, .maxLength = 2, .tabIndex = 4, .fontSize = 18}},
+      txtSec{*this,
+             "txtSec",
+             {.place = {4470, 840, 910, 480}, .maxLength = 4, .tabIndex = 5, .fontSize = 18, .refusesPaste = "\""}},
+      cmdClear{
+          *this,
+          "cmdClear",
+          "&Clear",
+          {.place = {5440, 840, 480, 225}, .toolTip = "Click to clear entry fields or press ALT C", .tabStop = false}},
+      lblSending{*this, "lblSending", "Sending", {.place = {180, 360, 560, 270}}},
+      lblNumCurCon{*this, "lblNumCurCon", "", {.place = {750, 330, 620, 330}, .fontSize = 14}},
+      lblDialog{*this,
+                "lblDialog",
+                "",
+                {.place = {180, 1380, 5740, 360},
+                 .toolTip = "It is not necessary to press Space or Tab to tab unless the Callsign includes a \"/\".",
+                 .backColor = kDialogNormal,
+                 .fontSize = 12}},
+      lblPossDup{*this, "lblPossDup", "               Possible Duplicates", {.place = {180, 1790, 5740, 180}}},
+      lblDupe{*this, "lblDupe", "", {.place = {180, 1970, 5740, 270}}},
+      cmdDup{*this,
+             "cmdDup",
+             "On",
+             {.place = {5440, 1090, 480, 225},
+              .toolTip = "Displaying partial dupes slows the program on older pc's.",
+              .tabStop = false}},
+      lblRecentContacts{*this, "lblRecentContacts", "Recent Contacts", {.place = {180, 2480, 1600, kRow}}},
+      ListView1{*this,
+                "ListView1",
+                {Column("Rec#", 520), Column("Ns", 520), Column("Nr", 520), Column("P", 340), Column("Call", 920),
+                 Column("Ck", 420), Column("Sec", 620), Column("Date", 720), Column("Time", 720), Column("Bnd", 520)},
+                {.place = {180, kGridTop, 4560, 4270}, .tabStop = false}},
+      lblSecWkd{*this, "lblSecWkd", "  Sections Worked", {.place = {4920, 2480, 1800, kRow}}},
+      lblSecOne{*this, "lblSecOne", "1", GridHeading(0)},
+      lblSecTwo{*this, "lblSecTwo", "2", GridHeading(1)},
+      lblSecThre{*this, "lblSecThre", "3", GridHeading(2)},
+      lblSecFour{*this, "lblSecFour", "4", GridHeading(3)},
+      lblSecFive{*this, "lblSecFive", "5", GridHeading(4)},
+      lblSecSix{*this, "lblSecSix", "6", GridHeading(5)},
+      lblSecSeven{*this, "lblSecSeven", "7", GridHeading(6)},
+      lblSecEight{*this, "lblSecEight", "8", GridHeading(7)},
+      lblSecNine{*this, "lblSecNine", "9", GridHeading(8)},
+      lblSecZero{*this, "lblSecZero", "0", GridHeading(9)},
+      lblSecCA{*this, "lblSecCA", "Canada", GridHeading(10)},
+      Label10{1, 83, [this](int i) { return std::make_unique<Label>(*this, "Label10", i, "", LabelDesign{}); }},
+      lblScoreCaption{1, 6,
+                      [this](int i) {
+                          return std::make_unique<Label>(*this, "lblScoreCaption", i,
+                                                         kScoreCaptions.at(static_cast<std::size_t>(i - 1)),
+                                                         LabelDesign{.place = {4920, 5480 + i * kRow, 1450, kRow}});
+                      }},
+      lblTotCon{*this, "lblTotCon", "", ScoreValue(0)},
+      lblTotSec{*this, "lblTotSec", "", ScoreValue(1)},
+      lblsectogo{*this, "lblsectogo", "", ScoreValue(2)},
+      lblTotScore{*this, "lblTotScore", "", ScoreValue(3)},
+      lblAQSO60{*this, "lblAQSO60", "", ScoreValue(4)},
+      lblAQSO20{*this, "lblAQSO20", "", ScoreValue(5)},
+      mnuFile{*this, "mnuFile", "&File"},
+      mnuOpen{mnuFile, "mnuOpen", "&Open"},
+      mnuExit{mnuFile, "mnuExit", "E&xit"},
+      mnuTabOrder{*this, "mnuTabOrder", "&TabOrder"},
+      numopt{mnuTabOrder, "numopt", "Begin in # Field"},
+      callopt{mnuTabOrder, "callopt", "Begin in Call Field"},
+      mnuCallTwice{mnuTabOrder, "mnuCallTwice", "Begin in Call Field and pass through Call again"},
+      Timer1{*this, "Timer1", 60'000, true} {}
+
+}  // namespace tallyhut

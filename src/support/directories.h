@@ -1,0 +1,19 @@
+#pragma once
+
+#include <string>
+
+namespace tallyhut {
+
+/// The folders of the program, without a slash at the end. Fixed once the program has started.
+struct Directories {
+    std::string WorkingDirectory;  ///< log, settings, reports: where the program was started
+    std::string DataDirectory;     ///< the program's own folder of the user; holds BACKUP
+    std::string SharedDirectory;   ///< what a family of programs has in common
+};
+
+/// The path of a file in the working directory.
+inline std::string WorkingFile(const Directories& directories, const std::string& name) {
+    return directories.WorkingDirectory + '/' + name;
+}
+
+}  // namespace tallyhut

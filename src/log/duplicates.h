@@ -1,0 +1,50 @@
+#pragma once
+
+#include <cstdint>
+#include <optional>
+
+#include "log/contact_log.h"
+#include "log/entry_fields.h"
+#include "log/message_line.h"
+#include "log/operating_time.h"
+#include "log/prompts.h"
+#include "toolkit/desk.h"
+
+namespace tallyhut {
+
+/// The two checks of a call sign against the log: the whole call when it is left or committed, its beginning while it
+/// is typed. A call counts once in the whole contest, whatever the band.
+struct Duplicates {
+    EntryFields& fields;
+    MessageLine& message;
+    const ContactLog& log;
+    const OperatingTime& time;
+    const Preferences& preferences;
+    Prompts& prompts;
+    Desk& desk;
+
+    std::uint8_t gIsDupe = 0;     ///< 1 while a duplicate is being reported
+    Tick gDupeAt = 0;             ///< when gIsDupe was set
+    std::uint8_t gPartialOn = 1;  ///< not kept from run to run
+
+    /// A duplicate is told and the entry is thrown away.
+    void dupcheck();
+    /// Lists the logged calls that begin with the text of txtCall and the key that is on its way there.
+    void ShowPartials(int KeyAscii);
+    /// The wait itself is the gate below: the key that ends it has been held back until the red line had its time.
+    void WaitDupeDelay() { gIsDupe = 0; }
+    void cmdDup_Click();
+
+    /// Until when the number and the call field hold a key back; nothing for a key that passes.
+    std::optional<Tick> HoldsKey(const Key& key) const;
+
+private:
+    void Report(std::int32_t row);
+    std::string PartialList(const std::string& begin) const;
+};
+
+/// Whether the second or third character of a call's first three is a digit (or a "/"): in all call areas one of them
+/// is.
+bool HasCallAreaDigit(std::string_view firstThree);
+
+}  // namespace tallyhut

@@ -1,0 +1,17 @@
+#include "log/entry_fields.h"
+
+#include "values/number.h"
+
+namespace tallyhut {
+
+void EntryFields::Empty() {
+    for (TextBox* box : {&form.txtNum, &form.txtPre, &form.txtCall, &form.txtCK, &form.txtSec}) {
+        box->SetText("");
+    }
+}
+
+void EntryFields::ShowNextSerial() {
+    form.lblNumCurCon.SetCaption(" " + NumberForm(log.NextSerial()));
+}
+
+}  // namespace tallyhut

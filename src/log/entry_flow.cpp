@@ -1,0 +1,331 @@
+#include "log/entry_flow.h"
+
+#include <algorithm>
+#include <array>
+
+namespace tallyhut {
+namespace {
+
+constexpr double kPartialsFontSize = 9;
+constexpr int kDoubleQuote = '"';
+constexpr std::string_view kPrecedences = "ABQUMS";
+constexpr Colour kGreetingGround = 0xFFFFC0;
+
+struct Greeting {
+    std::string_view call;
+    std::string_view text;
+};
+
+/// The authors like to be greeted.
+constexpr std::array kGreetings{
+    Greeting{"Q7ZZQ", "Q7ZZQ, Alden, wrote this software!  Please say hi!"},
+    Greeting{"Q7YYRT", "Q7YYRT, Maren, helped write this software!  Please say hi!"},
+};
+
+bool IsDigit(int character) {
+    return character >= '0' && character <= '9';
+}
+
+}  // namespace
+
+void Capital(int& KeyAscii) {
+    if (KeyAscii >= 'a' && KeyAscii <= 'z') {
+        KeyAscii += 'A' - 'a';
+    }
+}
+
+void number(int& KeyAscii) {
+    if (KeyAscii != kKeyBackspace && !IsDigit(KeyAscii)) {
+        KeyAscii = 0;
+    }
+}
+
+bool EntryFlow::CommitsOnEnter(int& KeyAscii) {
+    if (KeyAscii != kKeyEnter) {
+        return false;
+    }
+    KeyAscii = 0;
+    commit.Mains();
+    return true;
+}
+
+void EntryFlow::StartCarry(Carry from, int key) {
+    gCarryKey = key;
+    gCarryFrom = from;
+}
+
+/// Writes the carried key into the field itself: the focus moves, but the key is never typed there. A key that the
+/// field refuses leaves it empty.
+void EntryFlow::EndCarry(TextBox& field, int key) {
+    field.SetText(key == 0 ? std::string{} : std::string(1, static_cast<char>(key)));
+    field.SetCaret(static_cast<int>(field.Text().size()));
+    gCarryFrom = kNoCarry;
+}
+
+void EntryFlow::RemindOfTimeOn() {
+    message.Write(kNotOnTime);
+    desk.dialogs.Beep();
+}
+
+void EntryFlow::txtNum_KeyPress(int& KeyAscii) {
+    if (CommitsOnEnter(KeyAscii)) {
+        return;
+    }
+    if (log.gContactCount > 0) {
+        fields.ShowNextSerial();
+    }
+    message.WriteNormal(" ");
+    message.BlankPartials();
+    if (time.gTimeOn == 0) {
+        RemindOfTimeOn();
+    }
+    if (KeyAscii > '9' && gCarryFrom == kNoCarry) {  // a letter is no serial number: it is the precedence
+        StartCarry(kNumToPre, KeyAscii);
+        form1.txtPre.SetText("");
+        txtPre_KeyPress(KeyAscii);
+        KeyAscii = ' ';
+    }
+    const bool carried = gCarryFrom == kCallToNext;
+    if (carried) {
+        KeyAscii = gCarryKey;
+    }
+    if (KeyAscii == ' ') {
+        form1.txtPre.SetFocus();
+    }
+    number(KeyAscii);
+    if (carried) {
+        EndCarry(form1.txtNum, KeyAscii);
+    }
+    if (duplicates.gIsDupe == 1) {
+        duplicates.WaitDupeDelay();
+    }
+}
+
+void EntryFlow::txtPre_KeyPress(int& KeyAscii) {
+    if (CommitsOnEnter(KeyAscii)) {
+        return;
+    }
+    const int mode = TabMode(preferences);
+    if (KeyAscii == ' ' && gCarryFrom == kNoCarry) {
+        KeyAscii = 0;
+        (mode == 2 ? form1.txtCK : form1.txtCall).SetFocus();
+        return;
+    }
+    if (form1.txtPre.Text().size() == 1 && KeyAscii >= '0') {  // the one letter is there: the key is for the next field
+        StartCarry(kPreToNext, KeyAscii);
+        if (mode == 1) {
+            form1.txtCall.SetFocus();
+            txtCall_KeyPress(KeyAscii);
+        } else {
+            form1.txtCK.SetFocus();
+            if (KeyAscii >= 'A') {  // no check begins with a letter, and the section is not next: the key is lost
+                StartCarry(kNoCarry, 0);
+            } else {
+                txtCK_KeyPress(KeyAscii);
+            }
+        }
+        KeyAscii = ' ';
+    }
+    const bool carried = gCarryFrom == kNumToPre;
+    if (carried) {
+        KeyAscii = gCarryKey;
+    }
+    Capital(KeyAscii);
+    const bool accepted =
+        KeyAscii == kKeyBackspace ||
+        (KeyAscii > ' ' && KeyAscii <= 'Z' && kPrecedences.find(static_cast<char>(KeyAscii)) != std::string_view::npos);
+    if (!accepted) {
+        KeyAscii = 0;
+    }
+    if (carried) {
+        EndCarry(form1.txtPre, KeyAscii);
+    }
+}
+
+/// A call ends in letters: a digit typed behind them begins the next field. Not so behind a "/" or before the first
+/// digit.
+bool EntryFlow::DigitBeginsNextField(int key) const {
+    const std::string& call = form1.txtCall.Text();
+    const bool plain = std::ranges::none_of(call, [](char c) { return static_cast<unsigned char>(c) < '0'; });
+    const bool hasDigit = std::ranges::any_of(call, [](char c) { return IsDigit(c); });
+    const bool caretAtEnd = form1.txtCall.SelStart() == static_cast<int>(call.size());
+    return call.size() >= 3 && hasDigit && !IsDigit(call.back()) && plain && IsDigit(key) && caretAtEnd;
+}
+
+void EntryFlow::txtCall_KeyPress(int& KeyAscii) {
+    if (CommitsOnEnter(KeyAscii)) {
+        return;
+    }
+    form1.lblDupe.SetFontSize(kPartialsFontSize);
+    if (KeyAscii == kDoubleQuote) {
+        KeyAscii = 0;
+    }
+    const int mode = TabMode(preferences);
+    if (DigitBeginsNextField(KeyAscii)) {
+        StartCarry(kCallToNext, KeyAscii);
+        if (mode == 1) {
+            form1.txtCK.SetFocus();
+            txtCK_KeyPress(KeyAscii);
+        } else {
+            form1.txtNum.SetFocus();
+            txtNum_KeyPress(KeyAscii);
+        }
+        KeyAscii = ' ';
+    }
+    if (time.gTimeOn == 1 && form1.txtCall.Text().size() < 3) {
+        message.Write(" ");
+    }
+    if (time.gTimeOn == 0) {
+        RemindOfTimeOn();
+    }
+    const bool carried = gCarryFrom == kPreToNext;
+    if (carried) {
+        KeyAscii = gCarryKey;
+    }
+    if (KeyAscii == ' ' && gCarryFrom != kCallToNext) {
+        KeyAscii = 0;
+        (mode == 2 ? form1.txtNum : form1.txtCK).SetFocus();
+    }
+    Capital(KeyAscii);
+    duplicates.ShowPartials(KeyAscii);
+    if (carried) {
+        EndCarry(form1.txtCall, KeyAscii);
+    }
+    if (duplicates.gIsDupe == 1) {
+        duplicates.WaitDupeDelay();
+    }
+}
+
+void EntryFlow::txtCK_KeyPress(int& KeyAscii) {
+    if (CommitsOnEnter(KeyAscii)) {
+        return;
+    }
+    if (KeyAscii > '9' && gCarryFrom != kPreToNext) {  // a letter is no check: it begins the section
+        StartCarry(kCkToSec, KeyAscii);
+        txtSec_KeyPress(KeyAscii);
+        KeyAscii = ' ';
+    }
+    const bool carried = gCarryFrom == kPreToNext || gCarryFrom == kCallToNext;
+    if (carried) {
+        KeyAscii = gCarryKey;
+    }
+    if (KeyAscii == ' ') {
+        form1.txtSec.SetFocus();
+    }
+    number(KeyAscii);
+    if (carried) {
+        EndCarry(form1.txtCK, KeyAscii);
+    }
+}
+
+void EntryFlow::txtSec_KeyPress(int& KeyAscii) {
+    if (CommitsOnEnter(KeyAscii)) {
+        return;
+    }
+    if (KeyAscii == kDoubleQuote) {
+        KeyAscii = 0;
+    }
+    const bool carried = gCarryFrom == kCkToSec;
+    if (carried) {
+        KeyAscii = gCarryKey;
+    }
+    if (KeyAscii == ' ') {
+        KeyAscii = 0;
+        if (TabMode(preferences) == 3) {
+            fields.gPassedCallTwice = false;
+            form1.txtCall.SetFocus();
+        } else {
+            desk.SendKeys(KeyForCharacter(kKeyTab));
+        }
+    }
+    Capital(KeyAscii);
+    if (carried) {
+        EndCarry(form1.txtSec, KeyAscii);
+    }
+}
+
+void EntryFlow::Prompt(std::string_view prompt, int leastLevel) {
+    if (preferences.gVoiceNav >= leastLevel) {
+        prompts.BlindKeyPhone(prompt);
+    }
+}
+
+void EntryFlow::txtNum_GotFocus() {
+    if (!numHasHadFocus) {
+        numHasHadFocus = true;
+        if (TabMode(preferences) == 3) {
+            form1.txtCall.SetFocus();
+        }
+    }
+    Prompt("Number", 2);
+}
+
+void EntryFlow::txtPre_GotFocus() {
+    Prompt("Prec", 2);
+}
+
+void EntryFlow::txtCall_GotFocus() {
+    Prompt("Call", 1);
+}
+
+void EntryFlow::txtCK_GotFocus() {
+    const bool looksTwice = TabMode(preferences) == 3 && !fields.gPassedCallTwice && duplicates.gIsDupe == 0;
+    if (looksTwice && form1.txtCK.HasFocus()) {
+        fields.gPassedCallTwice = true;
+        form1.txtNum.SetFocus();
+    }
+    Prompt("Check", 2);
+}
+
+void EntryFlow::txtSec_GotFocus() {
+    Prompt("Section", 2);
+}
+
+void EntryFlow::txtCall_LostFocus() {
+    for (const Greeting& greeting : kGreetings) {
+        if (form1.txtCall.Text() == greeting.call) {
+            message.WriteOn(kGreetingGround, greeting.text);
+            desk.dialogs.Beep();
+        }
+    }
+    if (!form1.txtCall.Text().empty()) {
+        duplicates.dupcheck();
+    }
+}
+
+void EntryFlow::cmdClear_Click() {
+    fields.gPassedCallTwice = false;
+    fields.Empty();
+    message.BlankPartials();
+    message.WriteNormal(" ");
+    fields.First().SetFocus();
+}
+
+void EntryFlow::SetTabPositions() {
+    Form1& f = form1;
+    const std::array exchangeOrder{&f.txtNum, &f.txtPre, &f.txtCall, &f.txtCK, &f.txtSec};
+    const std::array callFirst{&f.txtCall, &f.txtNum, &f.txtPre, &f.txtCK, &f.txtSec};
+    int position = 0;
+    for (TextBox* field : TabMode(preferences) == 2 ? callFirst : exchangeOrder) {
+        field->SetTabIndex(++position);
+    }
+}
+
+void EntryFlow::CheckTabModeEntry() {
+    form1.numopt.SetChecked(TabMode(preferences) == 1);
+    form1.callopt.SetChecked(TabMode(preferences) == 2);
+    form1.mnuCallTwice.SetChecked(TabMode(preferences) == 3);
+}
+
+void EntryFlow::ChooseTabMode(int mode) {
+    preferences.gTabMode = static_cast<std::uint8_t>(mode);
+    SetTabPositions();
+    if (mode == 3) {
+        fields.gPassedCallTwice = false;
+    }
+    fields.First().SetFocus();
+    preferencesFile.SavePref();
+    CheckTabModeEntry();
+}
+
+}  // namespace tallyhut

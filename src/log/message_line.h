@@ -1,0 +1,31 @@
+#pragma once
+
+#include <string_view>
+
+#include "forms/Form1.h"
+
+namespace tallyhut {
+
+inline constexpr std::string_view kNotOnTime = "Click Log \"Time On\"!";
+
+/// The one-line prompt and error line of the main form, and the line of partial calls under it.
+struct MessageLine {
+    Form1& form;
+
+    /// Writes the text and leaves the colour: the last writer wins, colour and text apart.
+    void Write(std::string_view text) { form.lblDialog.SetCaption(text); }
+    void WriteNormal(std::string_view text) {
+        form.lblDialog.SetBackColor(kDialogNormal);
+        form.lblDialog.SetCaption(text);
+    }
+    void WriteOn(Colour ground, std::string_view text) {
+        form.lblDialog.SetBackColor(ground);
+        form.lblDialog.SetCaption(text);
+    }
+    void BlankPartials() {
+        form.lblDupe.SetBackColor(kButtonFace);
+        form.lblDupe.SetCaption("");
+    }
+};
+
+}  // namespace tallyhut

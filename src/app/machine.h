@@ -1,0 +1,26 @@
+#pragma once
+
+#include "platform/clipboard.h"
+#include "platform/clock.h"
+#include "platform/dialogs.h"
+#include "platform/environment.h"
+#include "platform/event_pump.h"
+#include "platform/files.h"
+#include "platform/screen.h"
+#include "platform/settings_store.h"
+
+namespace tallyhut {
+
+/// What a host lends to the program. All of it must outlive the program.
+struct Machine {
+    Clock& clock;
+    EventPump& pump;
+    Dialogs& dialogs;
+    Clipboard& clipboard;
+    Files& files;
+    SettingsStore& settings;
+    Screen& screen;
+    Environment& environment;
+};
+
+}  // namespace tallyhut

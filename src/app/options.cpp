@@ -1,0 +1,152 @@
+#include "app/options.h"
+
+#include <array>
+
+#include "values/number.h"
+#include "values/value_error.h"
+
+namespace tallyhut {
+namespace {
+
+constexpr std::string_view kUsage = R"(usage: tallyhut [--directory DIR]
+       tallyhut --console [--directory DIR] [--clock 2026-11-07T21:04:33]
+                [--utc-offset HOURS] [--screen WxH[,WORKxAREA]]
+
+Tallyhut Log, a contest logger for the ARRL November Sweepstakes.
+
+  --directory DIR    the folder of the contest: log, settings, reports
+                     (default: the folder the program is started in)
+  --console          no window: commands on standard input, JSON lines on
+                     standard output; see docs/console.md
+  --clock TIME       (console) a clock that only commands move, from TIME on
+  --utc-offset H     (console) hours from that clock to UTC
+  --screen WxH       (console) the size of the screen in pixels, and behind a
+                     comma what taskbars leave of it
+  --port N=DEVICE, --parallel sim, --sound sim, --agw HOST:PORT, --seed N
+                     devices of scripted runs
+  --help, --version
+)";
+
+constexpr int kPorts = 10;
+constexpr double kMostUtcHours = 24;
+
+/// "2026-11-07T21:04:33"; the time may be left out.
+DateTime ParseClock(const std::string& text) {
+    std::string plain = text;
+    if (plain.size() > 10 && plain[10] == 'T') {
+        plain[10] = ' ';
+    }
+    const std::optional<DateTime> at = plain.size() >= 8 ? ParseDateTime(plain, 0) : std::nullopt;
+    if (!at || at->year < 1900) {
+        throw ValueError{"--clock wants a time such as 2026-11-07T21:04:33, not " + text};
+    }
+    return *at;
+}
+
+double ParseUtcOffset(const std::string& text) {
+    const std::optional<double> hours = ParseNumber(text);
+    if (!hours || *hours < -kMostUtcHours || *hours > kMostUtcHours) {
+        throw ValueError{"--utc-offset wants hours, not " + text};
+    }
+    return *hours;
+}
+
+ScreenSize ParseSize(const std::string& text) {
+    const std::size_t cross = text.find('x');
+    const auto width = ParseNumber(text.substr(0, cross));
+    const auto height = cross == std::string::npos ? std::nullopt : ParseNumber(text.substr(cross + 1));
+    if (!width || !height || *width < 1 || *height < 1) {
+        throw ValueError{"--screen wants a size such as 1280x800, not " + text};
+    }
+    return {.width = *width, .height = *height};
+}
+
+void TakeScreen(Options& options, const std::string& text) {
+    const std::size_t comma = text.find(',');
+    options.screen = ParseSize(text.substr(0, comma));
+    options.workArea = comma == std::string::npos ? options.screen : ParseSize(text.substr(comma + 1));
+}
+
+void TakePort(Options& options, const std::string& text) {
+    const std::size_t equals = text.find('=');
+    const auto number = ParseNumber(text.substr(0, equals));
+    if (equals == std::string::npos || equals + 1 == text.size() || !number || *number < 1 || *number > kPorts ||
+        *number != static_cast<int>(*number)) {
+        throw ValueError{"--port wants N=DEVICE with N from 1 to 10, not " + text};
+    }
+    options.ports[static_cast<int>(*number)] = text.substr(equals + 1);
+}
+
+struct FlagOption {
+    std::string_view name;
+    void (*take)(Options&);
+};
+
+constexpr std::array kFlagOptions{
+    FlagOption{"--console", [](Options& options) { options.console = true; }},
+    FlagOption{"--help", [](Options& options) { options.help = true; }},
+    FlagOption{"--version", [](Options& options) { options.version = true; }},
+};
+
+struct ValueOption {
+    std::string_view name;
+    void (*take)(Options&, const std::string&);
+};
+
+/// The devices of scripted runs are taken by the parts that drive them; a run without those parts has no use for them.
+constexpr auto kNoUse = [](Options& /*options*/, const std::string& /*value*/) {};
+
+constexpr std::array kValueOptions{
+    ValueOption{"--directory", [](Options& options, const std::string& value) { options.directory = value; }},
+    ValueOption{"--clock", [](Options& options, const std::string& value) { options.clock = ParseClock(value); }},
+    ValueOption{"--utc-offset",
+                [](Options& options, const std::string& value) { options.utcOffset = ParseUtcOffset(value); }},
+    ValueOption{"--screen", TakeScreen},
+    ValueOption{"--port", TakePort},
+    ValueOption{"--parallel", kNoUse},
+    ValueOption{"--sound", kNoUse},
+    ValueOption{"--agw", kNoUse},
+    ValueOption{"--seed", kNoUse},
+};
+
+template <typename Table>
+auto FindRow(const Table& table, std::string_view name) {
+    auto row = table.begin();
+    while (row != table.end() && row->name != name) {
+        ++row;
+    }
+    return row;
+}
+
+}  // namespace
+
+Options ParseOptions(const std::vector<std::string>& arguments) {
+    Options options;
+    for (std::size_t i = 0; i < arguments.size(); ++i) {
+        const std::size_t equals = arguments[i].find('=');
+        const bool joined = arguments[i].starts_with("--") && equals != std::string::npos;
+        const std::string name = joined ? arguments[i].substr(0, equals) : arguments[i];
+        if (const auto flag = FindRow(kFlagOptions, name); flag != kFlagOptions.end() && !joined) {
+            flag->take(options);
+            continue;
+        }
+        const auto option = FindRow(kValueOptions, name);
+        if (option == kValueOptions.end()) {
+            throw ValueError{"unknown argument " + arguments[i]};
+        }
+        if (joined) {
+            option->take(options, arguments[i].substr(equals + 1));
+        } else if (++i < arguments.size()) {
+            option->take(options, arguments[i]);
+        } else {
+            throw ValueError{name + " wants a value"};
+        }
+    }
+    return options;
+}
+
+std::string_view UsageText() {
+    return kUsage;
+}
+
+}  // namespace tallyhut

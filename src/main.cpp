@@ -1,0 +1,59 @@
+#include <cstdlib>
+#include <iostream>
+#include <string>
+#include <vector>
+
+#include "app/options.h"
+#include "console/console_host.h"
+#include "platform/platform_error.h"
+#include "platform/real/posix_files.h"
+#include "values/value_error.h"
+#include "window_main.h"
+
+namespace {
+
+bool HasDisplay() {
+    for (const char* name : {"DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM"}) {
+        const char* value = std::getenv(name);
+        if (value != nullptr && *value != '\0') {
+            return true;
+        }
+    }
+    return false;
+}
+
+std::string AbsoluteFolder(const std::string& folder, const std::string& current) {
+    return folder.starts_with('/') ? folder : current + '/' + folder;
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    using namespace tallyhut;
+    try {
+        const Options options = ParseOptions({argv + 1, argv + argc});
+        if (options.help) {
+            std::cout << UsageText();
+            return 0;
+        }
+        if (options.version) {
+            std::cout << "tallyhut " TALLYHUT_VERSION "\n";
+            return 0;
+        }
+        const std::string current = PosixFiles{}.CurrentFolder();
+        const std::string directory = options.directory ? AbsoluteFolder(*options.directory, current) : current;
+        if (!options.console && !HasDisplay()) {
+            std::cerr << "tallyhut: there is no display; starting the console host (docs/console.md)\n";
+        }
+        if (options.console || !HasDisplay()) {
+            return RunConsole(options, directory, 0, std::cout);
+        }
+        return RunWindow(argc, argv, directory);
+    } catch (const ValueError& error) {
+        std::cerr << "tallyhut: " << error.what() << "\n" << UsageText();
+        return 2;
+    } catch (const PlatformError& error) {
+        std::cerr << "tallyhut: " << error.what() << "\n";
+        return 1;
+    }
+}

@@ -1,0 +1,57 @@
+#include "window_main.h"
+
+#include <QAccessible>
+#include <QApplication>
+
+#include "app/program.h"
+#include "forms/qt/program_style.h"
+#include "forms/qt/qt_clipboard.h"
+#include "forms/qt/qt_dialogs.h"
+#include "forms/qt/qt_pump.h"
+#include "forms/qt/qt_screen.h"
+#include "forms/qt/window_host.h"
+#include "platform/platform_error.h"
+#include "platform/real/desktop_environment.h"
+#include "platform/real/ini_settings.h"
+#include "platform/real/posix_files.h"
+#include "platform/real/system_clock.h"
+
+namespace tallyhut {
+
+int RunWindow(int& argc, char** argv, const std::string& workingDirectory) {
+    QApplication application{argc, argv};
+    QApplication::setApplicationName("tallyhut");
+    QApplication::setApplicationDisplayName("Tallyhut Log");
+    QApplication::setQuitOnLastWindowClosed(false);
+    QApplication::setStyle(new ProgramStyle);
+    QAccessible::setRootObject(&application);  // else done by the loop that never runs here
+
+    SystemClock clock;
+    QtPump pump{clock};
+    QtDialogs dialogs;
+    QtClipboard clipboard;
+    QtScreen screen;
+    PosixFiles files;
+    IniSettings settings;
+    DesktopEnvironment environment;
+    Program program{{.clock = clock,
+                     .pump = pump,
+                     .dialogs = dialogs,
+                     .clipboard = clipboard,
+                     .files = files,
+                     .settings = settings,
+                     .screen = screen,
+                     .environment = environment},
+                    workingDirectory};
+    dialogs.Bind(program.desk);
+    WindowHost host{program.desk, pump};
+    pump.onTerminate = [&program] { program.RequestClose(); };
+    try {
+        program.Start();
+        program.Run();
+    } catch (const ProgramEnd& end) {
+        return end.status;
+    }
+}
+
+}  // namespace tallyhut

@@ -59,10 +59,15 @@ bool ConsolePump::TakeTurn(std::optional<Tick> tick) {
         return false;
     }
     out_.LineRead();
-    timeMoved_ = false;
     runLine(*line, false);
-    const bool sameForm = turn["ready"] == describeTurn()["ready"] && turn["form"] == describeTurn()["form"];
-    return std::exchange(timeMoved_, false) && sameForm;
+    if (!std::exchange(timeMoved_, false)) {
+        return false;
+    }
+    Json before = turn;
+    Json after = describeTurn();
+    before.erase("focus");
+    after.erase("focus");
+    return before == after;  // a loop that waits for a form or a dialog to go must look again
 }
 
 }  // namespace tallyhut

@@ -46,8 +46,14 @@ void Form::SetCaption(std::string_view caption) {
 }
 
 void Form::SetFormPlace(const Place& place) {
+    if (place_ == place) {
+        return;
+    }
     place_ = place;
     Tell(*this, FormEvent::Changed);
+    if (loaded_) {
+        desk.Call(Form_Resize);
+    }
 }
 
 bool Form::IsActive() const {

@@ -116,7 +116,9 @@ void TextBox::Paste(std::string_view text) {
     if (state_.maxLength > 0) {
         const std::size_t kept = state_.text.size() - static_cast<std::size_t>(state_.selLength);
         const auto limit = static_cast<std::size_t>(state_.maxLength);
-        accepted.resize(std::min(accepted.size(), limit > kept ? limit - kept : 0));
+        const std::size_t taken = std::min(accepted.size(), limit > kept ? limit - kept : 0);
+        const bool splitsLineEnd = taken > 0 && taken < accepted.size() && accepted[taken - 1] == '\r';
+        accepted.resize(splitsLineEnd ? taken - 1 : taken);
     }
     if (!accepted.empty()) {
         Splice(state_.selStart, state_.selLength, accepted);

@@ -21,7 +21,6 @@ namespace tallyhut {
 int RunWindow(int& argc, char** argv, const std::string& workingDirectory) {
     QApplication application{argc, argv};
     QApplication::setApplicationName("tallyhut");
-    QApplication::setApplicationDisplayName("Tallyhut Log");
     QApplication::setQuitOnLastWindowClosed(false);
     QApplication::setStyle(new ProgramStyle);
     QAccessible::setRootObject(&application);  // else done by the loop that never runs here

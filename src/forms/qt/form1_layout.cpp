@@ -1,0 +1,487 @@
+#include "forms/qt/form1_layout.h"
+
+#include <QGridLayout>
+#include <QHBoxLayout>
+#include <QPainter>
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <string_view>
+
+#include "forms/qt/program_style.h"
+#include "forms/qt/rows_widget.h"
+#include "forms/qt/text_codec.h"
+
+namespace tallyhut {
+namespace {
+
+/// How a control of the main form is drawn; sizes in units of plain text's.
+struct Style {
+    double text = 1;
+    double height = 1.45;  ///< 0: as much as there is
+    bool data = false;
+    bool bold = false;
+    bool quiet = false;
+    bool trimmed = true;
+    bool boxed = false;
+    bool wrapped = false;
+    bool right = false;
+};
+
+constexpr Style kCaption{.quiet = true};
+constexpr Style kTitle{.text = 1.05, .height = 1.9, .bold = true};
+constexpr Style kField{.text = 2.35, .height = 3.7, .data = true, .bold = true};
+constexpr Style kSmallField{.text = 1.1, .height = 1.9, .data = true};
+constexpr Style kButton{.text = 0.95, .height = 1.75};
+constexpr Style kBigButton{.text = 1.1, .height = 2.9};
+constexpr Style kSending{.text = 1.7, .height = 2.2, .data = true, .bold = true};
+constexpr Style kMessage{.text = 1.5, .height = 2.9, .trimmed = false, .boxed = true, .wrapped = true};
+constexpr Style kDupes{.text = 1.15, .height = 4.1, .data = true, .trimmed = false, .boxed = true, .wrapped = true};
+constexpr Style kBigClock{.text = 2.6, .height = 3.1, .data = true, .bold = true};
+constexpr Style kClock{.text = 1.9, .height = 3.1, .data = true};
+constexpr Style kAmPm{.text = 1.2, .height = 3.1, .data = true};
+constexpr Style kDuration{.text = 1.6, .height = 2.1, .data = true};
+constexpr Style kBand{.text = 2.4, .height = 2.9, .data = true, .bold = true};
+constexpr Style kContacts{.height = 0, .data = true};
+constexpr Style kGridHeading{.height = 0, .bold = true, .quiet = true};
+constexpr Style kSection{.height = 0, .data = true};
+constexpr Style kScoreCaption{.height = 0};
+constexpr Style kScore{.text = 1.15, .height = 0, .data = true, .right = true};
+constexpr Style kTotalScore{.text = 1.15, .height = 0, .data = true, .bold = true, .right = true};
+constexpr Style kUnknown{.text = 1, .height = 2};
+
+/// Where a control stands in its part, and how.
+struct Row {
+    std::string_view name;
+    Part part;
+    int row;
+    int column;
+    int columns;
+    const Style& style;
+    double width = 0;  ///< at least, in units of plain text's size
+    const char* spokenName = "";
+};
+
+constexpr std::array kRows{
+    Row{"lblSending", Part::Sending, 0, 0, 1, kCaption, 5},
+    Row{"lblNumCurCon", Part::Sending, 0, 1, 1, kSending, 8},
+    Row{"lblPostConTime", Part::Sending, 0, 3, 1, kCaption, 3},
+    Row{"txtPostConTime", Part::Sending, 0, 4, 1, kSmallField, 5, "Time"},
+    Row{"lblPostConDate", Part::Sending, 0, 5, 1, kCaption, 3},
+    Row{"txtPostConDate", Part::Sending, 0, 6, 1, kSmallField, 8, "Date"},
+
+    Row{"lblEntryHeading(1)", Part::Entry, 0, 0, 1, kCaption},
+    Row{"lblEntryHeading(2)", Part::Entry, 0, 1, 1, kCaption},
+    Row{"lblEntryHeading(3)", Part::Entry, 0, 2, 1, kCaption},
+    Row{"lblEntryHeading(4)", Part::Entry, 0, 3, 1, kCaption},
+    Row{"lblEntryHeading(5)", Part::Entry, 0, 4, 1, kCaption},
+    Row{"txtNum", Part::Entry, 1, 0, 1, kField, 9, "Number"},
+    Row{"txtPre", Part::Entry, 1, 1, 1, kField, 3, "Precedence"},
+    Row{"txtCall", Part::Entry, 1, 2, 1, kField, 18, "Call"},
+    Row{"txtCK", Part::Entry, 1, 3, 1, kField, 4, "Check"},
+    Row{"txtSec", Part::Entry, 1, 4, 1, kField, 7, "Section"},
+    Row{"cmdClear", Part::Entry, 1, 5, 1, kButton, 4.5},
+    Row{"cmdDup", Part::Entry, 2, 5, 1, kButton, 4.5},
+
+    Row{"lblDialog", Part::Message, 0, 0, 1, kMessage},
+    Row{"lblPossDup", Part::Message, 1, 0, 1, kCaption},
+    Row{"lblDupe", Part::Message, 2, 0, 1, kDupes},
+
+    Row{"Label11", Part::Clock, 0, 0, 1, kCaption},
+    Row{"lblutctime", Part::Clock, 1, 0, 1, kBigClock, 13},
+    Row{"lblCurTime", Part::Clock, 1, 1, 1, kClock, 6.2},
+    Row{"Label16", Part::Clock, 1, 2, 1, kAmPm, 2.5},
+    Row{"Label12", Part::Clock, 2, 0, 1, kCaption},
+    Row{"lblttrack", Part::Clock, 3, 0, 1, kDuration, 8},
+    Row{"Label14", Part::Clock, 2, 1, 2, kCaption},
+    Row{"lbltimeon", Part::Clock, 3, 1, 2, kDuration, 8},
+    Row{"cmdLogOn", Part::Clock, 5, 0, 1, kBigButton, 9},
+    Row{"lblBandSwitch", Part::Clock, 4, 1, 2, kCaption},
+    Row{"Label30", Part::Clock, 5, 1, 2, kBand, 4},
+
+    Row{"lblRecentContacts", Part::ContactsHead, 0, 0, 1, kTitle, 11},
+    Row{"cmdEdit", Part::ContactsHead, 0, 2, 1, kButton, 7},
+    Row{"cmdDelete", Part::ContactsHead, 0, 3, 1, kButton, 8},
+    Row{"cmdList", Part::ContactsHead, 0, 4, 1, kButton, 5},
+    Row{"ListView1", Part::Contacts, 0, 0, 1, kContacts},
+
+    Row{"lblSecWkd", Part::SectionsHead, 0, 0, 1, kTitle, 8},
+    Row{"lblSecOne", Part::Sections, 0, 0, 1, kGridHeading},
+    Row{"lblSecTwo", Part::Sections, 0, 1, 1, kGridHeading},
+    Row{"lblSecThre", Part::Sections, 0, 2, 1, kGridHeading},
+    Row{"lblSecFour", Part::Sections, 0, 3, 1, kGridHeading},
+    Row{"lblSecFive", Part::Sections, 0, 4, 1, kGridHeading},
+    Row{"lblSecSix", Part::Sections, 0, 5, 1, kGridHeading},
+    Row{"lblSecSeven", Part::Sections, 0, 6, 1, kGridHeading},
+    Row{"lblSecEight", Part::Sections, 0, 7, 1, kGridHeading},
+    Row{"lblSecNine", Part::Sections, 0, 8, 1, kGridHeading},
+    Row{"lblSecZero", Part::Sections, 0, 9, 1, kGridHeading},
+    Row{"lblSecCA", Part::Sections, 0, 10, 1, kGridHeading},
+
+    // Two halves side by side: a value stands near its caption.
+    Row{"lblScoreCaption(1)", Part::Score, 0, 0, 1, kScoreCaption, 12},
+    Row{"lblScoreCaption(2)", Part::Score, 1, 0, 1, kScoreCaption, 12},
+    Row{"lblScoreCaption(3)", Part::Score, 2, 0, 1, kScoreCaption, 12},
+    Row{"lblScoreCaption(4)", Part::Score, 0, 3, 1, kScoreCaption, 12},
+    Row{"lblScoreCaption(5)", Part::Score, 1, 3, 1, kScoreCaption, 12},
+    Row{"lblScoreCaption(6)", Part::Score, 2, 3, 1, kScoreCaption, 12},
+    Row{"lblTotCon", Part::Score, 0, 1, 1, kScore, 5},
+    Row{"lblTotSec", Part::Score, 1, 1, 1, kScore, 5},
+    Row{"lblsectogo", Part::Score, 2, 1, 1, kScore, 5},
+    Row{"lblTotScore", Part::Score, 0, 4, 1, kTotalScore, 5},
+    Row{"lblAQSO60", Part::Score, 1, 4, 1, kScore, 5},
+    Row{"lblAQSO20", Part::Score, 2, 4, 1, kScore, 5},
+};
+
+/// How the columns of a part share the room that is over.
+struct Stretch {
+    Part part;
+    int column;
+    int share;
+};
+
+constexpr std::array kStretches{
+    Stretch{Part::Sending, 1, 2},      Stretch{Part::Sending, 2, 1}, Stretch{Part::Entry, 0, 110},
+    Stretch{Part::Entry, 1, 60},       Stretch{Part::Entry, 2, 290}, Stretch{Part::Entry, 3, 80},
+    Stretch{Part::Entry, 4, 120},      Stretch{Part::Entry, 5, 62},  Stretch{Part::Clock, 0, 55},
+    Stretch{Part::Clock, 1, 20},       Stretch{Part::Clock, 2, 25},  Stretch{Part::ContactsHead, 1, 1},
+    Stretch{Part::SectionsHead, 0, 1}, Stretch{Part::Score, 0, 3},   Stretch{Part::Score, 1, 2},
+    Stretch{Part::Score, 2, 1},        Stretch{Part::Score, 3, 3},   Stretch{Part::Score, 4, 2},
+};
+
+constexpr std::string_view kSectionLabels = "Label10";
+constexpr int kSectionColumns = 11;
+
+const Row* RowOf(const Control& control) {
+    const std::string name = control.FullName();
+    const auto* const found = std::ranges::find(kRows, std::string_view{name}, &Row::name);
+    return found == kRows.end() ? nullptr : &*found;
+}
+
+bool IsSection(const Control& control) {
+    return control.name == kSectionLabels && control.index >= 0;
+}
+
+Part PartOf(const Control& control) {
+    if (IsSection(control)) {
+        return Part::Sections;
+    }
+    const Row* row = RowOf(control);
+    return row == nullptr ? Part::Extra : row->part;
+}
+
+const Style& StyleOf(const Control& control) {
+    if (IsSection(control)) {
+        return kSection;
+    }
+    const Row* row = RowOf(control);
+    return row == nullptr ? kUnknown : row->style;
+}
+
+Look PlainLookOf(const Control& control, double base) {
+    const Style& style = StyleOf(control);
+    Look look;
+    look.pixels = style.text * base;
+    look.data = style.data;
+    look.bold = style.bold;
+    look.quiet = style.quiet;
+    look.trimmed = style.trimmed;
+    look.boxed = style.boxed;
+    look.wrapped = style.wrapped;
+    look.alignment = (style.right ? Qt::AlignRight : Qt::AlignLeft) | Qt::AlignVCenter;
+    const Row* row = RowOf(control);
+    if (IsSection(control)) {
+        look.spokenName = ToQt(control.State().toolTip + ' ' + control.State().text);
+    } else if (row != nullptr) {
+        look.spokenName = row->spokenName;
+    }
+    return look;
+}
+
+/// What the present controls ask of the columns of their parts.
+std::map<std::pair<Part, int>, double> ColumnWidths(const std::vector<ControlWidget*>& widgets) {
+    std::map<std::pair<Part, int>, double> widths;
+    for (const ControlWidget* widget : widgets) {
+        const Row* row = RowOf(widget->Logical());
+        if (row != nullptr && row->columns == 1) {
+            double& width = widths[{row->part, row->column}];
+            width = std::max(width, row->width);
+        }
+    }
+    return widths;
+}
+
+/// A sheet that holds what belongs together.
+class Panel : public QWidget {
+public:
+    explicit Panel(QWidget* parent) : QWidget{parent} {}
+
+protected:
+    void paintEvent(QPaintEvent* /*event*/) override {
+        const Theme theme = ThemeOf(palette());
+        QPainter painter{this};
+        DrawBox(painter, rect(), theme.panel, theme.edge, 1);
+    }
+};
+
+/// Holds the grid of a part; painted where it has a ground of its own.
+class PartHolder : public QWidget {
+public:
+    explicit PartHolder(QWidget* parent) : QWidget{parent} {}
+
+    void SetGround(const QColor& ground) {
+        ground_ = ground;
+        update();
+    }
+
+protected:
+    void paintEvent(QPaintEvent* /*event*/) override {
+        if (ground_.isValid()) {
+            QPainter painter{this};
+            DrawBox(painter, rect(), ground_, ground_, 0);
+        }
+    }
+
+private:
+    QColor ground_;
+};
+
+constexpr double kSmallestBase = 11;
+constexpr double kLargestBase = 44;
+
+}  // namespace
+
+Form1Layout::Form1Layout(QWidget& window, FormMenus& menus) : window_{window}, menus_{menus} {
+    window_.setMinimumSize(480, 360);
+    Build();
+}
+
+void Form1Layout::Build() {
+    auto* root = new QVBoxLayout{&window_};
+    root->setSizeConstraint(QLayout::SetNoConstraint);
+    if (menus_.Bar() != nullptr) {
+        root->setMenuBar(menus_.Bar());
+    }
+    const auto panel = [this](QBoxLayout& into, int stretch) {
+        auto* sheet = new Panel{&window_};
+        into.addWidget(sheet, stretch);
+        auto* box = new QVBoxLayout{sheet};
+        panels_.push_back(sheet);
+        boxes_.push_back(box);
+        return box;
+    };
+    auto* top = new QHBoxLayout;
+    root->addLayout(top);
+    auto* bottom = new QHBoxLayout;
+    root->addLayout(bottom, 1);
+    QVBoxLayout* entry = panel(*top, 63);
+    AddGrid(Part::Sending, *entry->parentWidget(), *entry, 0);
+    AddGrid(Part::Entry, *entry->parentWidget(), *entry, 0);
+    AddGrid(Part::Message, *entry->parentWidget(), *entry, 1);
+    QVBoxLayout* clock = panel(*top, 37);
+    clockPanel_ = clock->parentWidget();
+    AddGrid(Part::Clock, *clockPanel_, *clock, 1);
+    QVBoxLayout* contacts = panel(*bottom, 49);
+    AddGrid(Part::ContactsHead, *contacts->parentWidget(), *contacts, 0);
+    AddGrid(Part::Contacts, *contacts->parentWidget(), *contacts, 1);
+    auto* right = new QVBoxLayout;
+    bottom->addLayout(right, 51);
+    QVBoxLayout* sections = panel(*right, 82);
+    AddGrid(Part::SectionsHead, *sections->parentWidget(), *sections, 0);
+    AddGrid(Part::Sections, *sections->parentWidget(), *sections, 1);
+    QVBoxLayout* score = panel(*right, 18);
+    AddGrid(Part::Score, *score->parentWidget(), *score, 1);
+    QVBoxLayout* extra = panel(*root, 0);
+    extraPanel_ = extra->parentWidget();
+    AddGrid(Part::Extra, *extraPanel_, *extra, 0);
+    for (QBoxLayout* box : {static_cast<QBoxLayout*>(root), static_cast<QBoxLayout*>(top),
+                            static_cast<QBoxLayout*>(bottom), static_cast<QBoxLayout*>(right)}) {
+        boxes_.push_back(box);
+    }
+    for (const Stretch& stretch : kStretches) {
+        grids_.at(stretch.part)->setColumnStretch(stretch.column, stretch.share);
+    }
+    for (int column = 0; column < kSectionColumns; ++column) {
+        // The last heading is a word.
+        grids_.at(Part::Sections)->setColumnStretch(column, column + 1 < kSectionColumns ? 10 : 13);
+    }
+}
+
+void Form1Layout::AddGrid(Part part, QWidget& panel, QBoxLayout& into, int stretch) {
+    auto* holder = new PartHolder{&panel};
+    auto* grid = new QGridLayout{holder};
+    grid->setContentsMargins(0, 0, 0, 0);
+    into.addWidget(holder, stretch);
+    grids_[part] = grid;
+}
+
+QWidget& Form1Layout::ParentOf(const Control& control) {
+    return *grids_.at(PartOf(control))->parentWidget();
+}
+
+void Form1Layout::Add(ControlWidget& widget) {
+    widgets_.push_back(&widget);
+    const Control& control = widget.Logical();
+    QWidget& shown = widget.Widget();
+    const bool fills = StyleOf(control).height <= 0;
+    QSizePolicy policy{QSizePolicy::Ignored, fills ? QSizePolicy::Ignored : QSizePolicy::Fixed};
+    policy.setRetainSizeWhenHidden(true);
+    shown.setSizePolicy(policy);
+    if (const Row* row = RowOf(control)) {
+        // The fields stand beside two buttons, one above the other.
+        const int rows = row->part == Part::Entry && row->row == 1 && row->column < 5 ? 2 : 1;
+        grids_.at(row->part)->addWidget(&shown, row->row, row->column, rows, row->columns);
+    } else if (!IsSection(control)) {
+        QGridLayout& extra = *grids_.at(Part::Extra);
+        constexpr int kInARow = 8;
+        extra.addWidget(&shown, extra.count() / kInARow, extra.count() % kInARow);
+    }
+    sectionsStale_ = sectionsStale_ || IsSection(control);
+}
+
+void Form1Layout::Remove(ControlWidget& widget) {
+    std::erase(widgets_, &widget);
+    sectionPlaces_.erase(&widget.Logical());
+}
+
+void Form1Layout::Changed(ControlWidget& widget) {
+    const Control& control = widget.Logical();
+    if (IsSection(control)) {
+        widget.SetLook(LookOf(control, Base()));  // the spoken name may be another
+        const auto known = sectionPlaces_.find(&control);
+        sectionsStale_ = sectionsStale_ || known == sectionPlaces_.end() || known->second != control.State().place;
+    }
+}
+
+void Form1Layout::Settle() {
+    if (sectionsStale_) {
+        PlaceSections();
+    }
+    ChooseSectionsGround();
+    ShowPartsInUse();
+}
+
+/// The log puts each section's label below the heading of its column, the columns by the left edge and the rows by the
+/// top.
+void Form1Layout::PlaceSections() {
+    sectionsStale_ = false;
+    sectionPlaces_.clear();
+    std::vector<const Control*> headings;
+    std::vector<ControlWidget*> sections;
+    for (ControlWidget* widget : widgets_) {
+        const Control& control = widget->Logical();
+        if (IsSection(control)) {
+            sections.push_back(widget);
+            sectionPlaces_[&control] = control.State().place;
+        } else if (PartOf(control) == Part::Sections) {
+            headings.push_back(&control);
+        }
+    }
+    std::ranges::stable_sort(sections, {},
+                             [](const ControlWidget* widget) { return widget->Logical().State().place.top; });
+    const auto columnOf = [&headings](const Control& label) {
+        const auto distance = [&label](const Control* heading) {
+            return std::abs(heading->State().place.left - label.State().place.left);
+        };
+        return RowOf(**std::ranges::min_element(headings, {}, distance))->column;
+    };
+    std::array<int, kSectionColumns> used{};
+    for (ControlWidget* widget : sections) {
+        const auto column = headings.empty() ? 0 : columnOf(widget->Logical());
+        const int row = ++used.at(static_cast<std::size_t>(column));
+        grids_.at(Part::Sections)->addWidget(&widget->Widget(), row, column);
+    }
+}
+
+void Form1Layout::ChooseSectionsGround() {
+    const Theme theme = ThemeOf(window_.palette());
+    std::map<QRgb, int> wishes;  // the labels that would rather stand on another ground
+    int labels = 0;
+    for (const auto& [control, place] : sectionPlaces_) {
+        const QColor wish = GroundFor(ToQColor(control->State().foreColor, theme), theme.panel);
+        ++labels;
+        if (wish != theme.panel) {
+            ++wishes[wish.rgb()];
+        }
+    }
+    const auto most = std::ranges::max_element(wishes, {}, [](const auto& wish) { return wish.second; });
+    const bool another = most != wishes.end() && most->second * 2 > labels;
+    const QColor ground = another ? QColor{most->first} : QColor{};
+    if (ground == sectionsGround_) {
+        return;
+    }
+    sectionsGround_ = ground;
+    static_cast<PartHolder*>(grids_.at(Part::Sections)->parentWidget())->SetGround(ground);
+    for (ControlWidget* widget : widgets_) {
+        if (PartOf(widget->Logical()) == Part::Sections) {
+            widget->SetLook(LookOf(widget->Logical(), Base()));
+        }
+    }
+}
+
+Look Form1Layout::LookOf(const Control& control, double base) const {
+    Look look = PlainLookOf(control, base);
+    if (PartOf(control) == Part::Sections) {
+        look.ground = sectionsGround_;
+    }
+    return look;
+}
+
+void Form1Layout::ShowPartsInUse() {
+    const auto inUse = [this](Part part) {
+        return std::ranges::any_of(widgets_, [part](const ControlWidget* widget) {
+            return PartOf(widget->Logical()) == part && widget->Logical().IsShown();
+        });
+    };
+    clockPanel_->setVisible(inUse(Part::Clock));
+    extraPanel_->setVisible(inUse(Part::Extra));
+}
+
+double Form1Layout::Base() const {
+    return std::clamp(std::min(window_.width() / 98.0, window_.height() / 61.0), kSmallestBase, kLargestBase);
+}
+
+void Form1Layout::Arrange() {
+    const double base = Base();
+    const int space = qRound(base * 0.6);
+    for (QBoxLayout* box : boxes_) {
+        box->setSpacing(space);
+        const bool inPanel = std::ranges::find(panels_, box->parentWidget()) != panels_.end();
+        const bool outermost = box == window_.layout();
+        const int margin = inPanel ? qRound(base * 0.8) : (outermost ? space : 0);
+        box->setContentsMargins(margin, margin, margin, margin);
+        if (inPanel) {
+            box->setSpacing(qRound(base * 0.35));
+        }
+    }
+    for (const auto& [part, grid] : grids_) {
+        const bool tight = part == Part::Score || part == Part::Sections;
+        if (part == Part::Sections) {
+            grid->setContentsMargins(qRound(base * 0.4), 0, 0, 0);
+        }
+        grid->setVerticalSpacing(tight ? 0 : qRound(base * 0.2));
+        grid->setHorizontalSpacing(qRound(base * 0.6));
+    }
+    menus_.SetTextSize(base);
+    for (const auto& [column, width] : ColumnWidths(widgets_)) {
+        grids_.at(column.first)->setColumnMinimumWidth(column.second, qRound(width * base));
+    }
+    for (ControlWidget* widget : widgets_) {
+        const Control& control = widget->Logical();
+        const Style& style = StyleOf(control);
+        widget->SetLook(LookOf(control, base));
+        QWidget& shown = widget->Widget();
+        if (style.height > 0) {
+            shown.setFixedHeight(qRound(style.height * base));
+        } else {
+            shown.setMinimumHeight(qRound(base * 1.2));
+        }
+        if (auto* rows = dynamic_cast<RowsWidget*>(&shown)) {
+            constexpr int kContactsShown = 20;
+            rows->SetRowsInView(kContactsShown);
+        }
+    }
+    Settle();
+}
+
+}  // namespace tallyhut

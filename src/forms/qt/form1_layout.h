@@ -1,0 +1,54 @@
+#pragma once
+
+#include <map>
+#include <vector>
+
+#include "forms/qt/form_layout.h"
+#include "forms/qt/form_menus.h"
+
+class QGridLayout;
+class QBoxLayout;
+
+namespace tallyhut {
+
+/// The parts of the main form's window, each a grid of its own.
+enum class Part { Sending, Entry, Message, Clock, ContactsHead, Contacts, SectionsHead, Sections, Score, Extra };
+
+/// The main form's window: the entry row and its message line first, then clocks, contacts, sections and score. Where
+/// each control stands is a row of a table; one that the table does not know stands in a row at the bottom.
+class Form1Layout : public FormLayout {
+public:
+    Form1Layout(QWidget& window, FormMenus& menus);
+
+    QWidget& ParentOf(const Control& control) override;
+    void Add(ControlWidget& widget) override;
+    void Remove(ControlWidget& widget) override;
+    void Changed(ControlWidget& widget) override;
+    void Settle() override;
+    void Arrange() override;
+
+private:
+    void Build();
+    void AddGrid(Part part, QWidget& panel, QBoxLayout& into, int stretch);
+    void PlaceSections();
+    void ShowPartsInUse();
+    /// A ground on which the told colours of the sections can be read: the panel's own, or a light or dark sheet.
+    void ChooseSectionsGround();
+    Look LookOf(const Control& control, double base) const;
+    /// Pixels of plain text in a window of the present size; all else is told in these.
+    double Base() const;
+
+    QWidget& window_;
+    FormMenus& menus_;
+    std::map<Part, QGridLayout*> grids_;
+    std::vector<QWidget*> panels_;
+    std::vector<ControlWidget*> widgets_;
+    std::vector<QBoxLayout*> boxes_;
+    QWidget* clockPanel_ = nullptr;
+    QWidget* extraPanel_ = nullptr;
+    std::map<const Control*, Place> sectionPlaces_;  ///< as they were when the grid was laid out
+    bool sectionsStale_ = true;
+    QColor sectionsGround_;  ///< invalid: the panel's own
+};
+
+}  // namespace tallyhut

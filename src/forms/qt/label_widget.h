@@ -1,0 +1,39 @@
+#pragma once
+
+#include <QLabel>
+
+#include "forms/qt/control_widget.h"
+
+namespace tallyhut {
+
+/// A label. Its size is the layout's: a text that does not fit is drawn smaller, and at last cut with an ellipsis, so
+/// that nothing around it moves when the text changes.
+class LabelWidget : public WidgetOf<QLabel> {
+public:
+    LabelWidget(Control& label, const OperatorInput& input, QWidget* parent);
+
+    QSize sizeHint() const override;
+    QSize minimumSizeHint() const override { return {0, 0}; }
+
+protected:
+    void ShowState() override;
+    void paintEvent(QPaintEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseDoubleClickEvent(QMouseEvent* event) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
+
+private:
+    struct Colours {
+        QColor ground;  ///< invalid: what lies under the label
+        QColor text;
+        bool chip = false;  ///< the ground is only there for the text to be read, and no larger than it
+    };
+    Colours ColoursOf(const Theme& theme) const;
+    /// The largest font, from the look's downwards, in which the text fits.
+    QFont FittingFont(const QSize& room, int flags) const;
+
+    QString drawn_;
+    bool movePending_ = false;
+};
+
+}  // namespace tallyhut

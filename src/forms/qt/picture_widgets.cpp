@@ -1,0 +1,79 @@
+#include "forms/qt/picture_widgets.h"
+
+#include <QMouseEvent>
+#include <QPainter>
+
+#include "forms/qt/text_codec.h"
+#include "toolkit/controls.h"
+
+namespace tallyhut {
+
+FrameWidget::FrameWidget(Control& control, const OperatorInput& input, QWidget* parent)
+    : WidgetOf{control, input, parent} {}
+
+void FrameWidget::ShowState() {
+    setTitle(ToQt(Logical().State().text));
+}
+
+void FrameWidget::mousePressEvent(QMouseEvent* event) {
+    if (const auto button = ToButton(event->button())) {
+        Input().Click(Logical(), *button);
+    }
+}
+
+RasterWidget::RasterWidget(Raster& raster, const OperatorInput& input, QWidget* parent)
+    : WidgetOf{raster, input, parent}, raster_{raster} {}
+
+void RasterWidget::ShowState() {
+    const RasterImage& image = raster_.Image();
+    const Theme theme = ThemeOf(palette());
+    picture_ = QImage{image.Width(), image.Height(), QImage::Format_RGB32};
+    const std::vector<Colour>& pixels = image.Pixels();
+    std::size_t next = 0;
+    for (int y = 0; y < image.Height(); ++y) {
+        auto* row = reinterpret_cast<QRgb*>(picture_.scanLine(y));
+        for (int x = 0; x < image.Width(); ++x) {
+            const Colour pixel = pixels[next++];
+            row[x] = pixel >= 0 ? qRgb(RedOf(pixel), GreenOf(pixel), BlueOf(pixel)) : ToQColor(pixel, theme).rgb();
+        }
+    }
+    update();
+}
+
+void RasterWidget::paintEvent(QPaintEvent* /*event*/) {
+    if (picture_.isNull()) {
+        return;
+    }
+    QPainter painter{this};
+    painter.setRenderHint(QPainter::SmoothPixmapTransform);
+    painter.drawImage(rect(), picture_);
+}
+
+void RasterWidget::mousePressEvent(QMouseEvent* event) {
+    if (const auto button = ToButton(event->button())) {
+        Input().Click(Logical(), *button);
+    }
+}
+
+void RasterWidget::mouseDoubleClickEvent(QMouseEvent* event) {
+    if (const auto button = ToButton(event->button())) {
+        Input().ClickAgain(Logical(), *button, this);
+    }
+}
+
+LineWidget::LineWidget(Control& control, const OperatorInput& input, QWidget* parent)
+    : WidgetOf{control, input, parent} {
+    setAttribute(Qt::WA_TransparentForMouseEvents);
+}
+
+void LineWidget::paintEvent(QPaintEvent* /*event*/) {
+    const ControlState& state = Logical().State();
+    const bool rising = (state.x2 - state.x1) * (state.y2 - state.y1) < 0;
+    const QRectF box = QRectF{rect()}.adjusted(kWidth / 2.0, kWidth / 2.0, -kWidth / 2.0, -kWidth / 2.0);
+    QPainter painter{this};
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(QPen{ToQColor(state.foreColor, ThemeOf(palette())), kWidth});
+    painter.drawLine(rising ? box.bottomLeft() : box.topLeft(), rising ? box.topRight() : box.bottomRight());
+}
+
+}  // namespace tallyhut

@@ -1,0 +1,50 @@
+#pragma once
+
+#include <QGroupBox>
+#include <QImage>
+
+#include "forms/qt/control_widget.h"
+
+namespace tallyhut {
+
+struct Raster;
+
+/// A frame lies under the controls that are in it; it does not hold their widgets.
+class FrameWidget : public WidgetOf<QGroupBox> {
+public:
+    FrameWidget(Control& control, const OperatorInput& input, QWidget* parent);
+
+protected:
+    void ShowState() override;
+    void mousePressEvent(QMouseEvent* event) override;
+};
+
+/// A picture, stretched to the room that it has.
+class RasterWidget : public WidgetOf<QWidget> {
+public:
+    RasterWidget(Raster& raster, const OperatorInput& input, QWidget* parent);
+
+protected:
+    void ShowState() override;
+    void paintEvent(QPaintEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseDoubleClickEvent(QMouseEvent* event) override;
+
+private:
+    Raster& raster_;
+    QImage picture_;
+};
+
+/// A line from its first end to its second, in the box that the two span.
+class LineWidget : public WidgetOf<QWidget> {
+public:
+    LineWidget(Control& control, const OperatorInput& input, QWidget* parent);
+
+    static constexpr int kWidth = 2;
+
+protected:
+    void ShowState() override { update(); }
+    void paintEvent(QPaintEvent* event) override;
+};
+
+}  // namespace tallyhut

@@ -1,0 +1,123 @@
+#include "forms/qt/program_style.h"
+
+#include <QLineEdit>
+#include <QPainter>
+#include <QStyleFactory>
+#include <QStyleOption>
+#include <algorithm>
+
+#include "forms/qt/theme.h"
+
+namespace tallyhut {
+namespace {
+
+constexpr double kCorner = 4;
+constexpr double kEdge = 1;
+
+/// At least two pixels, and more around large text.
+double FocusEdge(const QStyleOption& option) {
+    return std::max(2, option.fontMetrics.height() / 18);
+}
+
+void DrawField(const QStyleOption& option, QPainter& painter, const QWidget* widget) {
+    const Theme theme = ThemeOf(option.palette);
+    const bool ours = widget != nullptr && widget->property(kFocusMark).isValid();
+    const bool focused = ours ? IsFocusMarked(*widget) : option.state.testFlag(QStyle::State_HasFocus);
+    DrawBox(painter, option.rect, option.palette.color(QPalette::Base), focused ? theme.accent : theme.edge,
+            focused ? FocusEdge(option) : kEdge);
+}
+
+void DrawButton(const QStyleOption& option, QPainter& painter, const QWidget* widget) {
+    const Theme theme = ThemeOf(option.palette);
+    const bool ours = widget != nullptr && widget->property(kFocusMark).isValid();
+    const bool focused = ours ? IsFocusMarked(*widget) : option.state.testFlag(QStyle::State_HasFocus);
+    QColor fill = theme.button;
+    if (option.state.testFlag(QStyle::State_Sunken)) {
+        fill = Mixed(theme.text, fill, 0.2);
+    } else if (option.state.testFlag(QStyle::State_MouseOver) && option.state.testFlag(QStyle::State_Enabled)) {
+        fill = Mixed(theme.text, fill, 0.06);
+    }
+    DrawBox(painter, option.rect, fill, focused ? theme.accent : theme.edge, focused ? FocusEdge(option) : kEdge);
+}
+
+void DrawHeading(const QStyleOption& option, QPainter& painter) {
+    const Theme theme = ThemeOf(option.palette);
+    painter.fillRect(option.rect, theme.stripe);
+    painter.setPen(theme.edge);
+    painter.drawLine(option.rect.bottomLeft(), option.rect.bottomRight());
+}
+
+}  // namespace
+
+bool IsFocusMarked(const QWidget& widget) {
+    return widget.property(kFocusMark).toBool();
+}
+
+void DrawBox(QPainter& painter, const QRect& rect, const QColor& fill, const QColor& edge, double edgeWidth) {
+    painter.save();
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(QPen{edge, edgeWidth});
+    painter.setBrush(fill);
+    const double inset = edgeWidth / 2;
+    painter.drawRoundedRect(QRectF{rect}.adjusted(inset, inset, -inset, -inset), kCorner, kCorner);
+    painter.restore();
+}
+
+ProgramStyle::ProgramStyle() : QProxyStyle{QStyleFactory::create("Fusion")} {}
+
+int ProgramStyle::styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
+                            QStyleHintReturn* returnData) const {
+    switch (hint) {
+        case SH_MenuBar_AltKeyNavigation:
+        case SH_DialogButtonBox_ButtonsHaveIcons:
+            return 0;
+        case SH_UnderlineShortcut:
+            return 1;
+        default:
+            return QProxyStyle::styleHint(hint, option, widget, returnData);
+    }
+}
+
+int ProgramStyle::pixelMetric(PixelMetric metric, const QStyleOption* option, const QWidget* widget) const {
+    const int usual = QProxyStyle::pixelMetric(metric, option, widget);
+    if (widget == nullptr) {
+        return usual;
+    }
+    const int line = widget->fontMetrics().height();
+    switch (metric) {
+        case PM_IndicatorWidth:
+        case PM_IndicatorHeight:
+        case PM_ExclusiveIndicatorWidth:
+        case PM_ExclusiveIndicatorHeight:
+        case PM_ScrollBarExtent:
+            return std::max(usual, line * 4 / 5);
+        case PM_MenuBarItemSpacing:
+            return std::max(usual, line / 2);
+        default:
+            return usual;
+    }
+}
+
+void ProgramStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,
+                                 const QWidget* widget) const {
+    if (element == PE_PanelLineEdit && qobject_cast<const QLineEdit*>(widget) != nullptr) {
+        DrawField(*option, *painter, widget);
+    } else if (element == PE_PanelButtonCommand) {
+        DrawButton(*option, *painter, widget);
+    } else if (element == PE_FrameFocusRect && widget != nullptr && widget->inherits("QPushButton")) {
+        return;  // the edge shows it
+    } else {
+        QProxyStyle::drawPrimitive(element, option, painter, widget);
+    }
+}
+
+void ProgramStyle::drawControl(ControlElement element, const QStyleOption* option, QPainter* painter,
+                               const QWidget* widget) const {
+    if (element == CE_HeaderSection) {
+        DrawHeading(*option, *painter);
+    } else {
+        QProxyStyle::drawControl(element, option, painter, widget);
+    }
+}
+
+}  // namespace tallyhut

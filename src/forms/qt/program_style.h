@@ -1,0 +1,31 @@
+#pragma once
+
+#include <QProxyStyle>
+
+namespace tallyhut {
+
+/// Set to true on a widget whose control keys go to; the style marks it, whichever window the desktop holds active.
+inline constexpr const char* kFocusMark = "focusMark";
+
+bool IsFocusMarked(const QWidget& widget);
+
+/// One look on every desktop: flat fields and buttons with a clear mark of the focus. Leaves the Alt key and F10 alone,
+/// which are the program's.
+class ProgramStyle : public QProxyStyle {
+public:
+    ProgramStyle();
+
+    int styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
+                  QStyleHintReturn* returnData) const override;
+    /// Marks and bars grow with the text beside them.
+    int pixelMetric(PixelMetric metric, const QStyleOption* option, const QWidget* widget) const override;
+    void drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,
+                       const QWidget* widget) const override;
+    void drawControl(ControlElement element, const QStyleOption* option, QPainter* painter,
+                     const QWidget* widget) const override;
+};
+
+/// A filled rectangle with round corners, marked where it has the focus.
+void DrawBox(QPainter& painter, const QRect& rect, const QColor& fill, const QColor& edge, double edgeWidth);
+
+}  // namespace tallyhut

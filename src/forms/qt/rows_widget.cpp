@@ -1,0 +1,228 @@
+#include "forms/qt/rows_widget.h"
+
+#include <QHeaderView>
+#include <QMouseEvent>
+#include <QPainter>
+#include <QStyledItemDelegate>
+#include <algorithm>
+#include <numeric>
+
+#include "forms/qt/program_style.h"
+#include "forms/qt/text_codec.h"
+#include "toolkit/controls.h"
+#include "toolkit/desk.h"
+
+namespace tallyhut {
+namespace {
+
+class RowHeight : public QStyledItemDelegate {
+public:
+    RowHeight(const int& pixels, QObject* parent) : QStyledItemDelegate{parent}, pixels_{pixels} {}
+
+    QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const override {
+        const QSize text = QStyledItemDelegate::sizeHint(option, index);
+        return {text.width(), pixels_ > 0 ? pixels_ : text.height()};
+    }
+
+private:
+    const int& pixels_;
+};
+
+const ListView* AsListView(const Control& control) {
+    return control.kind == ControlKind::ListView ? static_cast<const ListView*>(&control) : nullptr;
+}
+
+}  // namespace
+
+int RowsModel::PresentRows() const {
+    const ListView* view = AsListView(control_);
+    return static_cast<int>(view == nullptr ? control_.State().items.size() : view->RowCount());
+}
+
+int RowsModel::PresentColumns() const {
+    return AsListView(control_) == nullptr ? 1 : static_cast<int>(control_.State().columns.size());
+}
+
+int RowsModel::rowCount(const QModelIndex& parent) const {
+    return parent.isValid() ? 0 : rows_;
+}
+
+int RowsModel::columnCount(const QModelIndex& parent) const {
+    return parent.isValid() ? 0 : columns_;
+}
+
+QVariant RowsModel::data(const QModelIndex& index, int role) const {
+    // The control may have lost rows since it was last looked at.
+    if (role != Qt::DisplayRole || index.row() >= PresentRows() || index.column() >= PresentColumns()) {
+        return {};
+    }
+    const auto row = static_cast<std::size_t>(index.row());
+    const ListView* view = AsListView(control_);
+    return ToQt(view == nullptr ? control_.State().items[row]
+                                : view->Cell(row, static_cast<std::size_t>(index.column())));
+}
+
+QVariant RowsModel::headerData(int section, Qt::Orientation orientation, int role) const {
+    const std::vector<ListColumn>& columns = control_.State().columns;
+    const auto at = static_cast<std::size_t>(section);
+    if (orientation != Qt::Horizontal || at >= columns.size()) {
+        return {};
+    }
+    if (role == Qt::TextAlignmentRole) {
+        return static_cast<int>(Qt::AlignLeft | Qt::AlignVCenter);
+    }
+    return role == Qt::DisplayRole ? QVariant{ToQt(columns[at].caption)} : QVariant{};
+}
+
+void RowsModel::Refresh() {
+    if (rows_ != PresentRows() || columns_ != PresentColumns()) {
+        beginResetModel();
+        rows_ = PresentRows();
+        columns_ = PresentColumns();
+        endResetModel();
+    } else if (rows_ > 0 && columns_ > 0) {
+        emit dataChanged(index(0, 0), index(rows_ - 1, columns_ - 1));
+    }
+}
+
+RowsWidget::RowsWidget(Control& control, const OperatorInput& input, QWidget* parent)
+    : WidgetOf{control, input, parent}, model_{control} {
+    setModel(&model_);
+    setItemDelegate(new RowHeight{rowHeight_, this});
+    setRootIsDecorated(false);
+    setItemsExpandable(false);
+    setUniformRowHeights(true);
+    setAlternatingRowColors(true);
+    setAllColumnsShowFocus(true);
+    setEditTriggers(NoEditTriggers);
+    setSelectionMode(SingleSelection);
+    setSelectionBehavior(SelectRows);
+    setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    setFrameShape(NoFrame);
+    setFocusPolicy(Qt::TabFocus);
+    setProperty(kFocusMark, false);
+    header()->setVisible(AsListView(control) != nullptr);
+    header()->setSectionsClickable(true);
+    header()->setSectionsMovable(false);
+    header()->setHighlightSections(false);
+    header()->setStretchLastSection(true);
+    header()->setMinimumSectionSize(1);
+    connect(header(), &QHeaderView::sectionClicked, this, [this](int section) {
+        auto* list = static_cast<ListView*>(&Logical());
+        Input().DoWhileThere(this, [this, list, section] {
+            Desk& desk = Input().TheDesk();
+            if (list->IsShown() && list->State().enabled && !desk.IsBlockedByModal(list->form)) {
+                desk.Call(list->ColumnClick, section + 1);
+            }
+        });
+    });
+}
+
+void RowsWidget::SetRowsInView(int count) {
+    rowsInView_ = count;
+    SpreadRows();
+}
+
+void RowsWidget::SpreadRows() {
+    if (rowsInView_ <= 0) {
+        return;
+    }
+    const double text = TheLook().pixels;
+    const int height = std::clamp(viewport()->height() / rowsInView_, qRound(text * 1.45), qRound(text * 2.1));
+    if (rowHeight_ != height) {
+        rowHeight_ = height;
+        scheduleDelayedItemsLayout();
+    }
+}
+
+void RowsWidget::ShowState() {
+    const int columns = model_.columnCount({});
+    model_.Refresh();
+    if (columns != model_.columnCount({})) {
+        SpreadColumns();
+    }
+    const int row = Logical().State().row;
+    if (row < 0) {
+        selectionModel()->clear();
+    } else if (currentIndex().row() != row || !selectionModel()->isRowSelected(row, {})) {
+        setCurrentIndex(model_.index(row, 0));
+    }
+    const Theme theme = ThemeOf(parentWidget()->palette());
+    QPalette wanted = parentWidget()->palette();
+    wanted.setColor(QPalette::Base, AsListView(Logical()) != nullptr ? theme.panel : theme.field);
+    wanted.setColor(QPalette::AlternateBase, theme.stripe);
+    wanted.setColor(QPalette::Text, theme.text);
+    wanted.setColor(QPalette::Highlight, theme.accent);
+    wanted.setColor(QPalette::HighlightedText, TextOn(theme.accent));
+    if (palette() != wanted) {
+        setPalette(wanted);
+    }
+}
+
+void RowsWidget::ShowLook() {
+    setFont(FontOf(TheLook()));
+    Look heading = TheLook();
+    heading.data = false;
+    header()->setFont(FontOf(heading));
+    header()->setFixedHeight(qRound(TheLook().pixels * 1.7));
+}
+
+void RowsWidget::SpreadColumns() {
+    const std::vector<ListColumn>& columns = Logical().State().columns;
+    const double whole = std::accumulate(columns.begin(), columns.end(), 0.0,
+                                         [](double sum, const ListColumn& column) { return sum + column.width; });
+    if (whole <= 0) {
+        return;
+    }
+    for (int i = 0; i + 1 < header()->count(); ++i) {
+        const double share = columns[static_cast<std::size_t>(i)].width / whole;
+        header()->resizeSection(i, qRound(share * viewport()->width()));
+    }
+}
+
+void RowsWidget::paintEvent(QPaintEvent* event) {
+    QTreeView::paintEvent(event);
+    if (IsFocusMarked(*this)) {
+        QPainter painter{viewport()};
+        painter.setPen(QPen{ThemeOf(palette()).accent, 2});
+        painter.drawRect(viewport()->rect().adjusted(1, 1, -1, -1));
+    }
+}
+
+void RowsWidget::resizeEvent(QResizeEvent* event) {
+    QTreeView::resizeEvent(event);
+    SpreadColumns();
+    SpreadRows();
+}
+
+void RowsWidget::mousePressEvent(QMouseEvent* event) {
+    const auto button = ToButton(event->button());
+    const QModelIndex index = indexAt(event->position().toPoint());
+    if (button && index.isValid()) {
+        Input().ClickRow(Logical(), index.row(), *button);
+    }
+}
+
+void RowsWidget::mouseMoveEvent(QMouseEvent* event) {
+    event->accept();
+}
+
+void RowsWidget::mouseReleaseEvent(QMouseEvent* event) {
+    event->accept();
+}
+
+void RowsWidget::mouseDoubleClickEvent(QMouseEvent* event) {
+    if (event->button() == Qt::LeftButton && Logical().DblClick) {
+        if (indexAt(event->position().toPoint()).isValid()) {
+            Input().ClickAgain(Logical(), kLeftButton, this);
+        }
+    } else {
+        mousePressEvent(event);
+    }
+}
+
+void RowsWidget::contextMenuEvent(QContextMenuEvent* event) {
+    event->accept();
+}
+
+}  // namespace tallyhut

@@ -1,0 +1,82 @@
+#include "forms/qt/text_codec.h"
+
+#include <QStringDecoder>
+#include <algorithm>
+
+namespace tallyhut {
+namespace {
+
+bool IsAscii(char byte) {
+    return static_cast<unsigned char>(byte) < 0x80;
+}
+
+bool IsContinuation(char byte) {
+    return (static_cast<unsigned char>(byte) & 0xC0U) == 0x80;
+}
+
+bool IsUtf8BeyondAscii(std::string_view bytes) {
+    if (std::ranges::all_of(bytes, IsAscii)) {
+        return false;
+    }
+    QStringDecoder decoder{QStringDecoder::Utf8, QStringDecoder::Flag::Stateless};
+    const QString decoded = decoder.decode(QByteArrayView{bytes.data(), static_cast<qsizetype>(bytes.size())});
+    return !decoder.hasError() && !decoded.contains(QChar::ReplacementCharacter);
+}
+
+std::size_t CharacterLength(std::string_view bytes, std::size_t begin) {
+    std::size_t end = begin + 1;
+    while (end < bytes.size() && IsContinuation(bytes[end])) {
+        ++end;
+    }
+    return end - begin;
+}
+
+}  // namespace
+
+ShownText::ShownText(std::string_view bytes) {
+    const bool utf8 = IsUtf8BeyondAscii(bytes);
+    starts_.reserve(bytes.size() + 1);
+    for (std::size_t at = 0; at < bytes.size();) {
+        std::size_t length = 1;
+        QString character;
+        if (bytes.substr(at, 2) == "\r\n") {
+            length = 2;
+            character = QChar{'\n'};
+        } else if (utf8) {
+            length = CharacterLength(bytes, at);
+            character = QString::fromUtf8(bytes.data() + at, static_cast<qsizetype>(length));
+        } else {
+            character = QChar{static_cast<unsigned char>(bytes[at])};
+        }
+        starts_.insert(starts_.end(), static_cast<std::size_t>(character.size()), static_cast<int>(at));
+        text_ += character;
+        at += length;
+    }
+    starts_.push_back(static_cast<int>(bytes.size()));
+}
+
+int ShownText::Shown(int byte) const {
+    const auto found = std::ranges::lower_bound(starts_, byte);
+    return static_cast<int>(std::min(found, starts_.end() - 1) - starts_.begin());
+}
+
+int ShownText::Byte(int shown) const {
+    const int last = static_cast<int>(starts_.size()) - 1;
+    return starts_[static_cast<std::size_t>(std::clamp(shown, 0, last))];
+}
+
+QString ToQt(std::string_view bytes) {
+    return ShownText{bytes}.Text();
+}
+
+std::string FromQt(const QString& text) {
+    std::string bytes;
+    for (const QChar character : text) {
+        if (character.unicode() <= 0xFF) {
+            bytes += static_cast<char>(character.unicode());
+        }
+    }
+    return bytes;
+}
+
+}  // namespace tallyhut

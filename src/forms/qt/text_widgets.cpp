@@ -1,0 +1,285 @@
+#include "forms/qt/text_widgets.h"
+
+#include <QClipboard>
+#include <QGuiApplication>
+#include <QMenu>
+#include <QMouseEvent>
+#include <QPainter>
+#include <QScrollBar>
+#include <algorithm>
+#include <array>
+
+#include "forms/qt/program_style.h"
+#include "toolkit/desk.h"
+
+namespace tallyhut {
+namespace {
+
+/// The field that keys go to stands out by its ground, the others by nothing.
+QPalette FieldPalette(const Control& control, bool focused, const QPalette& desktop) {
+    const Theme theme = ThemeOf(desktop);
+    const ControlState& state = control.State();
+    const QColor own = focused ? theme.focusField : theme.field;
+    const QColor ground = state.backColor >= 0 ? ToQColor(state.backColor, theme) : own;
+    const QColor plain = state.backColor >= 0 ? TextOn(ground) : (focused ? theme.focusText : theme.text);
+    const QColor text = state.foreColor >= 0 ? ToQColor(state.foreColor, theme) : plain;
+    QPalette palette = desktop;
+    palette.setColor(QPalette::Base, ground);
+    palette.setColor(QPalette::Text, state.enabled ? text : Mixed(text, ground, 0.6));
+    palette.setColor(QPalette::Highlight, theme.accent);
+    palette.setColor(QPalette::HighlightedText, TextOn(theme.accent));
+    return palette;
+}
+
+struct Edit {
+    const char* caption;
+    bool changes;
+    bool needsSelection;
+    void (*run)(Desk& desk, TextBox& box);
+};
+
+void SelectAll(Desk& /*desk*/, TextBox& box) {
+    box.Select(0, static_cast<int>(box.Text().size()));
+}
+
+constexpr std::array kEdits{
+    Edit{"Cu&t", true, true,
+         [](Desk& desk, TextBox& box) {
+             desk.clipboard.SetText(box.SelectedText());
+             box.Delete();
+         }},
+    Edit{"&Copy", false, true, [](Desk& desk, TextBox& box) { desk.clipboard.SetText(box.SelectedText()); }},
+    Edit{"&Paste", true, false, [](Desk& desk, TextBox& box) { box.Paste(desk.clipboard.Text()); }},
+    Edit{"Select &All", false, false, SelectAll},
+};
+
+}  // namespace
+
+void TextMouse::Press(Qt::MouseButton button, int position, const QPoint& globalPosition) {
+    const auto pressed = ToButton(button);
+    if (!pressed) {
+        return;
+    }
+    input_.Click(box_, *pressed);
+    switch (*pressed) {
+        case kLeftButton:
+            anchor_ = position;
+            Select(position, position);
+            break;
+        case kMiddleButton: {
+            Select(position, position);
+            const std::string text = FromQt(QGuiApplication::clipboard()->text(QClipboard::Selection));
+            input_.DoWhileThere(&widget_, [this, text] {
+                if (box_.HasFocus()) {
+                    box_.Paste(text);
+                }
+            });
+            break;
+        }
+        case kRightButton:
+            OpenMenu(globalPosition);
+            break;
+    }
+}
+
+void TextMouse::DragTo(int position) {
+    if (anchor_) {
+        Select(*anchor_, position);
+    }
+}
+
+void TextMouse::Release() {
+    const std::string selected = box_.SelectedText();
+    if (anchor_ && !selected.empty()) {
+        QGuiApplication::clipboard()->setText(ToQt(selected), QClipboard::Selection);
+    }
+    anchor_.reset();
+}
+
+void TextMouse::DoubleClick(Qt::MouseButton button) {
+    if (button != Qt::LeftButton) {
+        return;
+    }
+    Select(0, static_cast<int>(box_.Text().size()));
+    if (box_.DblClick) {
+        input_.ClickAgain(box_, kLeftButton, &widget_);
+    }
+}
+
+void TextMouse::Replace(const QString& text) {
+    input_.DoWhileThere(&widget_, [this, text = FromQt(text)] { box_.ReplaceByPaste(text); });
+}
+
+void TextMouse::Select(int from, int to) {
+    input_.DoWhileThere(&widget_, [this, from, to] {
+        if (box_.HasFocus()) {  // else a handler kept the focus from coming here
+            box_.Select(std::min(from, to), std::abs(to - from));
+        }
+    });
+}
+
+void TextMouse::OpenMenu(const QPoint& globalPosition) {
+    auto* menu = new QMenu{&widget_};
+    menu->setAttribute(Qt::WA_DeleteOnClose);
+    for (const Edit& edit : kEdits) {
+        const bool open = !(edit.changes && box_.State().locked) && !(edit.needsSelection && box_.SelLength() == 0);
+        QAction* action = menu->addAction(edit.caption);
+        action->setEnabled(open && box_.State().enabled);
+        QObject::connect(action, &QAction::triggered, &widget_, [this, run = edit.run] {
+            input_.DoWhileThere(&widget_, [this, run] { run(input_.TheDesk(), box_); });
+        });
+    }
+    menu->popup(globalPosition);
+}
+
+FieldWidget::FieldWidget(TextBox& box, const OperatorInput& input, QWidget* parent)
+    : WidgetOf{box, input, parent}, box_{box}, mouse_{box, input, *this} {
+    setFocusPolicy(Qt::TabFocus);
+    setAcceptDrops(false);
+    setDragEnabled(false);
+    setContextMenuPolicy(Qt::DefaultContextMenu);
+    setProperty(kFocusMark, false);
+    connect(this, &QLineEdit::textChanged, this, [this](const QString& text) {
+        if (!showing_) {
+            mouse_.Replace(text);
+        }
+    });
+}
+
+QSize FieldWidget::sizeHint() const {
+    return {fontMetrics().averageCharWidth() * 4, fontMetrics().height() * 5 / 4};
+}
+
+QSize FieldWidget::minimumSizeHint() const {
+    return sizeHint();
+}
+
+void FieldWidget::ShowState() {
+    const ControlState& state = box_.State();
+    showing_ = true;
+    shown_ = ShownText{state.text};
+    if (text() != shown_.Text()) {
+        setText(shown_.Text());
+    }
+    const int begin = shown_.Shown(state.selStart);
+    const int end = shown_.Shown(state.selStart + state.selLength);
+    if (begin == end) {
+        deselect();
+        setCursorPosition(begin);
+    } else if (state.caretAtStart) {
+        setSelection(end, begin - end);
+    } else {
+        setSelection(begin, end - begin);
+    }
+    showing_ = false;
+    const QPalette wanted = FieldPalette(box_, HasLogicalFocus(), parentWidget()->palette());
+    if (palette() != wanted) {
+        setPalette(wanted);
+    }
+}
+
+void FieldWidget::ShowLook() {
+    setFont(FontOf(TheLook()));
+    setAlignment(TheLook().alignment);
+    const int side = qRound(TheLook().pixels * 0.25);
+    setTextMargins(side, 0, side, 0);
+}
+
+int FieldWidget::PositionAt(const QMouseEvent& event) {
+    return shown_.Byte(cursorPositionAt(event.position().toPoint()));
+}
+
+void FieldWidget::mousePressEvent(QMouseEvent* event) {
+    mouse_.Press(event->button(), PositionAt(*event), event->globalPosition().toPoint());
+}
+
+void FieldWidget::mouseMoveEvent(QMouseEvent* event) {
+    mouse_.DragTo(PositionAt(*event));
+}
+
+void FieldWidget::mouseReleaseEvent(QMouseEvent* /*event*/) {
+    mouse_.Release();
+}
+
+void FieldWidget::mouseDoubleClickEvent(QMouseEvent* event) {
+    mouse_.DoubleClick(event->button());
+}
+
+void FieldWidget::contextMenuEvent(QContextMenuEvent* event) {
+    event->accept();  // opened by the press already
+}
+
+PageWidget::PageWidget(TextBox& box, const OperatorInput& input, QWidget* parent)
+    : WidgetOf{box, input, parent}, box_{box}, mouse_{box, input, *this} {
+    setFocusPolicy(Qt::TabFocus);
+    setAcceptDrops(false);
+    setUndoRedoEnabled(false);
+    setTabChangesFocus(true);
+    viewport()->setCursor(Qt::IBeamCursor);
+    setProperty(kFocusMark, false);
+    connect(this, &QPlainTextEdit::textChanged, this, [this] {
+        if (!showing_) {
+            mouse_.Replace(toPlainText());
+        }
+    });
+}
+
+void PageWidget::ShowState() {
+    const ControlState& state = box_.State();
+    showing_ = true;
+    if (state.text != text_ || toPlainText() != shown_.Text()) {
+        text_ = state.text;
+        shown_ = ShownText{text_};
+        setPlainText(shown_.Text());
+    }
+    const int begin = shown_.Shown(state.selStart);
+    const int end = shown_.Shown(state.selStart + state.selLength);
+    QTextCursor cursor = textCursor();
+    const int anchor = state.caretAtStart ? end : begin;
+    const int caret = state.caretAtStart ? begin : end;
+    if (cursor.anchor() != anchor || cursor.position() != caret) {
+        cursor.setPosition(anchor);
+        cursor.setPosition(caret, QTextCursor::KeepAnchor);
+        setTextCursor(cursor);
+    }
+    showing_ = false;
+    const QPalette wanted = FieldPalette(box_, HasLogicalFocus(), parentWidget()->palette());
+    if (palette() != wanted) {
+        setPalette(wanted);
+    }
+}
+
+void PageWidget::paintEvent(QPaintEvent* event) {
+    QPlainTextEdit::paintEvent(event);
+    if (IsFocusMarked(*this)) {
+        QPainter painter{viewport()};
+        painter.setPen(QPen{ThemeOf(palette()).accent, 2});
+        painter.drawRect(viewport()->rect().adjusted(1, 1, -1, -1));
+    }
+}
+
+int PageWidget::PositionAt(const QMouseEvent& event) const {
+    return shown_.Byte(cursorForPosition(event.position().toPoint()).position());
+}
+
+void PageWidget::mousePressEvent(QMouseEvent* event) {
+    mouse_.Press(event->button(), PositionAt(*event), event->globalPosition().toPoint());
+}
+
+void PageWidget::mouseMoveEvent(QMouseEvent* event) {
+    mouse_.DragTo(PositionAt(*event));
+}
+
+void PageWidget::mouseReleaseEvent(QMouseEvent* /*event*/) {
+    mouse_.Release();
+}
+
+void PageWidget::mouseDoubleClickEvent(QMouseEvent* event) {
+    mouse_.DoubleClick(event->button());
+}
+
+void PageWidget::contextMenuEvent(QContextMenuEvent* event) {
+    event->accept();
+}
+
+}  // namespace tallyhut

@@ -1,0 +1,45 @@
+#pragma once
+
+#include <QColor>
+#include <QPalette>
+
+#include "toolkit/colour.h"
+
+namespace tallyhut {
+
+/// The colours of the program's surfaces, made from the desktop's palette, light or dark.
+struct Theme {
+    bool dark = false;
+    QColor ground;      ///< of windows, between the panels
+    QColor panel;       ///< of panels, which hold controls that belong together
+    QColor edge;        ///< around panels and fields
+    QColor stripe;      ///< every other row of a list, and its heading
+    QColor text;        ///< on panels
+    QColor quietText;   ///< captions beside something more important
+    QColor field;       ///< of text fields that wait
+    QColor focusField;  ///< of the field that keys go to: the brightest thing of a form
+    QColor focusText;
+    QColor accent;  ///< around what has the focus
+    QColor button;
+    QColor buttonText;
+};
+
+Theme ThemeOf(const QPalette& palette);
+
+/// A 24-bit colour value as it stands; one of the desktop's own from the theme.
+QColor ToQColor(Colour colour, const Theme& theme);
+Colour FromQColor(const QColor& colour);
+
+/// How well one colour can be told from the other, from 1 (not at all) to 21. Source: W3C WCAG 2, contrast ratio.
+double Contrast(const QColor& one, const QColor& other);
+/// Text is held to be readable from here on.
+inline constexpr double kReadableContrast = 4.5;
+/// Black or white, whichever is told better from the ground.
+QColor TextOn(const QColor& ground);
+/// The ground itself, if the text can be read on it, or else a light or a dark one.
+QColor GroundFor(const QColor& text, const QColor& ground);
+
+/// `share` of the one colour and the rest of the other.
+QColor Mixed(const QColor& one, const QColor& other, double share);
+
+}  // namespace tallyhut

@@ -1,0 +1,393 @@
+#include "forms/qt/window_host.h"
+
+#include <QApplication>
+#include <QInputMethodEvent>
+#include <QKeyEvent>
+#include <QScreen>
+#include <QTimer>
+#include <algorithm>
+#include <utility>
+
+#include "forms/qt/form_layout.h"
+#include "forms/qt/form_menus.h"
+#include "forms/qt/form_window.h"
+#include "forms/qt/key_codec.h"
+#include "forms/qt/qt_pump.h"
+#include "forms/qt/qt_screen.h"
+#include "forms/qt/text_codec.h"
+#include "toolkit/desk.h"
+
+namespace tallyhut {
+
+/// What stands for one form on the screen.
+struct WindowHost::FormView {
+    std::unique_ptr<FormWindow> window;
+    std::unique_ptr<FormMenus> menus;
+    std::unique_ptr<FormLayout> layout;
+    std::unordered_map<const Control*, ControlWidget*> widgets;
+    Place place;  ///< of the form, as last seen or told
+    bool placed = false;
+    bool placing = false;  ///< the window is moved by us
+    bool placePending = false;
+};
+
+namespace {
+
+/// How much of the main form's caption is its title.
+constexpr std::size_t kTitleWidth = 50;
+/// How long the desktop may take to make a window the active one.
+constexpr int kActivationMs = 500;
+
+QString TitleOf(const Form& form) {
+    const std::string& caption = form.Caption();
+    return ToQt(form.design.dialog ? caption : caption.substr(0, kTitleWidth)).trimmed();
+}
+
+bool CoversScreen(const QRect& place, const QRect& area) {
+    return place.width() >= area.width() && place.height() >= area.height();
+}
+
+bool IsUnplaced(const Form& form) {
+    return form.FormPlace() == Place{.width = form.design.width, .height = form.design.height};
+}
+
+/// A form that has no place of its own yet takes the share of the screen that its design has of the design's screen.
+QRect DefaultPlace(const Form& form, const QRect& area) {
+    constexpr double kDesignWidth = 9600;
+    constexpr double kDesignHeight = 7200;
+    const double share =
+        std::min(area.width() / (kDesignWidth / kUnitsPerPixel), area.height() / (kDesignHeight / kUnitsPerPixel));
+    const double perUnit = share / kUnitsPerPixel;
+    QRect place{0, 0, qRound(form.design.width * perUnit), qRound(form.design.height * perUnit)};
+    if (!form.design.dialog) {
+        place.setSize(area.size());
+    }
+    place.moveCenter(area.center());
+    return place;
+}
+
+QRect InPixels(const Place& place) {
+    return QRectF{place.left / kUnitsPerPixel, place.top / kUnitsPerPixel, place.width / kUnitsPerPixel,
+                  place.height / kUnitsPerPixel}
+        .toRect();
+}
+
+Place InUnits(const QRect& pixels) {
+    return {pixels.x() * kUnitsPerPixel, pixels.y() * kUnitsPerPixel, pixels.width() * kUnitsPerPixel,
+            pixels.height() * kUnitsPerPixel};
+}
+
+/// The form whose window a widget is in; null for those of dialogs and menus.
+Form* FormOf(QObject* object) {
+    if (!object->isWidgetType()) {
+        return nullptr;
+    }
+    auto* window = dynamic_cast<FormWindow*>(static_cast<QWidget*>(object)->window());
+    return window == nullptr ? nullptr : &window->TheForm();
+}
+
+}  // namespace
+
+WindowHost::WindowHost(Desk& desk, QtPump& pump) : desk_{desk}, pump_{pump}, input_{desk, pump} {
+    using FormEvent = DeskOutlets::FormEvent;
+    desk_.outlets.controlChanged = [this](Control& control) { dirtyControls_.insert(&control); };
+    desk_.outlets.controlAdded = [this](Control& control) {
+        if (const auto view = views_.find(&control.form); view != views_.end()) {
+            AddWidget(*view->second, control);
+        }
+    };
+    desk_.outlets.controlRemoved = [this](Control& control) { RemoveWidget(control); };
+    desk_.outlets.formChanged = [this](Form& form, FormEvent /*event*/) { dirtyForms_.insert(&form); };
+    desk_.outlets.menuOpened = [this](MenuEntry* entry) {
+        for (const auto& [form, view] : views_) {
+            const bool its = entry != nullptr && &entry->form == form;
+            view->menus->Open(its ? entry : nullptr);
+        }
+    };
+    pump_.onShow = [this] { Flush(); };
+    qApp->installEventFilter(this);
+}
+
+WindowHost::~WindowHost() {
+    qApp->removeEventFilter(this);
+    pump_.onShow = {};
+    desk_.outlets = {};
+}
+
+QWidget* WindowHost::WindowOf(const Form& form) const {
+    const auto found = views_.find(&form);
+    return found == views_.end() ? nullptr : found->second->window.get();
+}
+
+bool WindowHost::eventFilter(QObject* watched, QEvent* event) {
+    switch (event->type()) {
+        case QEvent::ShortcutOverride:
+        case QEvent::KeyPress:
+        case QEvent::KeyRelease:
+        case QEvent::InputMethod:
+            break;
+        case QEvent::MouseButtonPress:
+            if (Form* form = FormOf(watched); form != nullptr && form != desk_.Active()) {
+                awaited_ = nullptr;
+                OnActivated(*form);
+            }
+            return false;
+        default:
+            return false;
+    }
+    if (FormOf(watched) == nullptr || QApplication::activePopupWidget() != nullptr) {
+        return false;
+    }
+    if (event->type() == QEvent::KeyPress) {
+        if (const auto key = KeyFromEvent(*static_cast<QKeyEvent*>(event))) {
+            input_.Press(*key);
+        }
+    } else if (event->type() == QEvent::InputMethod) {
+        for (const Key& key : KeysFromText(static_cast<QInputMethodEvent*>(event)->commitString())) {
+            input_.Press(key);
+        }
+    }
+    event->accept();
+    return true;
+}
+
+void WindowHost::Flush() {
+    for (Form* form : std::exchange(dirtyForms_, {})) {
+        SyncForm(*form);
+    }
+    SyncControls();
+    for (const auto& [form, view] : views_) {
+        SyncFocus(*view);
+    }
+    SyncActive();
+}
+
+void WindowHost::SyncControls() {
+    if (dirtyControls_.empty()) {
+        return;
+    }
+    std::set<FormView*> touched;
+    for (Control* control : std::exchange(dirtyControls_, {})) {
+        const auto found = views_.find(&control->form);
+        if (found == views_.end()) {
+            continue;
+        }
+        FormView& view = *found->second;
+        if (control->kind == ControlKind::Menu) {
+            view.menus->Sync(static_cast<MenuEntry&>(*control));
+        } else if (control->kind == ControlKind::Frame) {
+            for (const auto& [inside, widget] : view.widgets) {
+                widget->Sync();
+            }
+        }
+        if (const auto widget = view.widgets.find(control); widget != view.widgets.end()) {
+            widget->second->Sync();
+            view.layout->Changed(*widget->second);
+            touched.insert(&view);
+        }
+    }
+    for (FormView* view : touched) {
+        view->layout->Settle();
+    }
+}
+
+WindowHost::FormView& WindowHost::ViewOf(Form& form) {
+    std::unique_ptr<FormView>& view = views_[&form];
+    if (view) {
+        return *view;
+    }
+    view = std::make_unique<FormView>();
+    view->window = std::make_unique<FormWindow>(form);
+    FormWindow& window = *view->window;
+    view->menus = std::make_unique<FormMenus>(form, input_, window);
+    view->layout = MakeLayout(form, window, *view->menus);
+    for (Control* control : form.Controls()) {
+        AddWidget(*view, *control);
+    }
+    window.outlets.closeAsked = [this, &form] { input_.Do([&form] { form.RequestClose(); }); };
+    window.outlets.activated = [this, &form] { OnActivated(form); };
+    window.outlets.minimised = [this, &form](bool minimised) {
+        if (minimised != form.IsMinimised()) {
+            input_.Do([&form, minimised] { minimised ? form.Minimise() : form.Restore(); });
+        }
+    };
+    window.outlets.resized = [this, shown = view.get()] {
+        shown->layout->Arrange();
+        TellPlace(*shown);
+    };
+    window.outlets.moved = [this, shown = view.get()] { TellPlace(*shown); };
+    window.outlets.paletteChanged = [this, &form] { MarkAll(form); };
+    return *view;
+}
+
+void WindowHost::AddWidget(FormView& view, Control& control) {
+    ControlWidget* widget = MakeWidget(control, input_, view.layout->ParentOf(control));
+    if (widget == nullptr) {
+        return;
+    }
+    view.widgets[&control] = widget;
+    view.layout->Add(*widget);
+    widget->Sync();
+    dirtyControls_.insert(&control);
+}
+
+void WindowHost::RemoveWidget(Control& control) {
+    dirtyControls_.erase(&control);
+    const auto view = views_.find(&control.form);
+    if (view == views_.end()) {
+        return;
+    }
+    const auto found = view->second->widgets.find(&control);
+    if (found != view->second->widgets.end()) {
+        ControlWidget* widget = found->second;
+        view->second->widgets.erase(found);
+        view->second->layout->Remove(*widget);
+        delete &widget->Widget();
+    }
+}
+
+void WindowHost::SyncForm(Form& form) {
+    if (!form.IsVisible()) {
+        if (QWidget* window = WindowOf(form)) {
+            window->hide();
+        }
+        return;
+    }
+    FormView& view = ViewOf(form);
+    FormWindow& window = *view.window;
+    window.setWindowTitle(TitleOf(form));
+    PutInPlace(view);
+    if (form.IsMinimised()) {
+        if (!window.isMinimized()) {
+            window.showMinimized();
+        }
+        return;
+    }
+    if (window.isMinimized()) {
+        window.setWindowState(window.windowState() & ~Qt::WindowMinimized);
+    }
+    if (!window.isVisible()) {
+        const Qt::WindowModality modality = form.IsModal() ? Qt::ApplicationModal : Qt::NonModal;
+        window.setWindowModality(modality);
+        SyncControls();
+        view.layout->Arrange();
+        window.show();
+    }
+}
+
+/// Follows the form's place; a place that the window has told itself needs no answer.
+void WindowHost::PutInPlace(FormView& view) {
+    const Form& form = view.window->TheForm();
+    if (view.placed && view.place == form.FormPlace()) {
+        return;
+    }
+    view.placed = true;
+    view.place = form.FormPlace();
+    const QRect whole = QGuiApplication::primaryScreen()->geometry();
+    const QRect workArea = QGuiApplication::primaryScreen()->availableGeometry();
+    const QRect wanted = IsUnplaced(form) ? DefaultPlace(form, workArea) : InPixels(view.place);
+    view.placing = true;
+    if (!form.design.dialog && (CoversScreen(wanted, workArea) || CoversScreen(wanted, whole))) {
+        view.window->setGeometry(workArea);
+        view.window->setWindowState(view.window->windowState() | Qt::WindowMaximized);
+    } else {
+        view.window->setWindowState(view.window->windowState() & ~Qt::WindowMaximized);
+        view.window->setGeometry(wanted);
+    }
+    view.placing = false;
+}
+
+/// The operator has moved the window or changed its size. Several such events at once are one to the form.
+void WindowHost::TellPlace(FormView& view) {
+    if (view.placing || view.placePending || !view.window->isVisible() || view.window->isMinimized() ||
+        IsUnplaced(view.window->TheForm())) {
+        return;
+    }
+    view.placePending = true;
+    input_.Do([this, form = &view.window->TheForm()] {
+        FormView& told = *views_.at(form);
+        told.placePending = false;
+        const QRect now = told.window->geometry();
+        if (now != InPixels(form->FormPlace())) {
+            told.place = InUnits(now);
+            form->SetFormPlace(told.place);
+        }
+    });
+}
+
+void WindowHost::SyncFocus(const FormView& view) {
+    const Form& form = view.window->TheForm();
+    const auto found = view.widgets.find(form.Focus());
+    QWidget* wanted = found == view.widgets.end() ? nullptr : &found->second->Widget();
+    QWidget* present = view.window->focusWidget();
+    if (wanted == present || !view.window->isVisible()) {
+        return;
+    }
+    if (wanted != nullptr) {
+        wanted->setFocus(Qt::OtherFocusReason);
+    } else if (present != nullptr) {
+        present->clearFocus();
+    }
+}
+
+void WindowHost::SyncActive() {
+    // While a dialog of the desktop is open it has the keys; afterwards they go back to where they were.
+    const bool dialogNow =
+        QApplication::activeModalWidget() != nullptr && FormOf(QApplication::activeModalWidget()) == nullptr;
+    if (dialogNow) {
+        dialogOpen_ = true;
+        return;
+    }
+    Form* active = desk_.Active();
+    if (active == shownActive_ && !std::exchange(dialogOpen_, false)) {
+        return;
+    }
+    dialogOpen_ = false;
+    shownActive_ = active;
+    MarkFocus();
+    QWidget* window = active == nullptr ? nullptr : WindowOf(*active);
+    if (window == nullptr) {
+        return;
+    }
+    window->raise();
+    if (!window->isActiveWindow()) {
+        awaited_ = active;
+        QTimer::singleShot(kActivationMs, this, [this] { awaited_ = nullptr; });
+        window->activateWindow();
+    }
+}
+
+/// Where keys go shows in the active form alone.
+void WindowHost::MarkFocus() {
+    for (const auto& [form, view] : views_) {
+        const auto found = view->widgets.find(form->Focus());
+        if (found != view->widgets.end()) {
+            found->second->Sync();
+        }
+    }
+}
+
+/// The desktop has made a window the active one: by the operator's wish, unless it is the echo of ours.
+void WindowHost::OnActivated(Form& form) {
+    if (awaited_ != nullptr) {
+        if (awaited_ == &form) {
+            awaited_ = nullptr;
+        }
+        return;
+    }
+    if (&form == desk_.Active()) {
+        return;
+    }
+    input_.Do([this, &form] {
+        desk_.Activate(form);
+        shownActive_ = nullptr;  // where the form did not come to the front, the desktop is put right
+    });
+}
+
+void WindowHost::MarkAll(const Form& form) {
+    for (Control* control : form.Controls()) {
+        dirtyControls_.insert(control);
+    }
+}
+
+}  // namespace tallyhut

@@ -1,0 +1,61 @@
+#include <gtest/gtest.h>
+#include <sys/resource.h>
+#include <unistd.h>
+
+#include <filesystem>
+
+#include "tests/console/console_driver.h"
+
+namespace tallyhut {
+namespace {
+
+constexpr const char* kFirstRecord =
+    "\"1\",\"88\",\"A\",\"W1XX\",\"72\",\"MDC\",\"2026/11/07\",\"21:04:33\",\"40\",\"\"\r\n";
+
+/// The one box that a contact which could not be written ends in; the program ends behind it with status 1.
+void ExpectFatalBox(ConsoleDriver& program, const std::string& path, const std::string& reason) {
+    const std::vector<std::string> lines = program.Do("key Enter");
+    ASSERT_EQ(lines.size(), 1U);
+    EXPECT_EQ(lines[0], R"({"event":"msgbox","title":"Tallyhut Log","text":"The program must end.\n\n)" + path + ": " +
+                            reason + R"(\n\nThis contact was not logged: 89 B K1AB 73 CT",)" +
+                            R"("buttons":"OK","icon":"Critical","at":"2026-11-07T21:04:33.000"})");
+    program.Do("answer OK");
+    EXPECT_EQ(program.Wait(), 1);
+}
+
+struct WriteFailureTest : testing::Test {
+    ContestFolder folder;
+    ConsoleDriver program{folder.Path()};
+    std::string log = folder.Path() + "/Log.txt";
+};
+
+TEST_F(WriteFailureTest, AFileSizeLimitKeepsTheFileAsItWas) {
+    program.LogContact("88aw1xx72mdc");
+    const rlim_t justMore = std::string{kFirstRecord}.size() + 10;
+    const rlimit limit{.rlim_cur = justMore, .rlim_max = justMore};
+    ASSERT_EQ(prlimit(program.Process(), RLIMIT_FSIZE, &limit, nullptr), 0);
+    program.Do(R"(type "89bk1ab73ct")");
+    ExpectFatalBox(program, log, "File too large");
+    EXPECT_EQ(folder.Read("Log.txt"), kFirstRecord);
+}
+
+TEST_F(WriteFailureTest, AFullDiskIsToldWithTheExchange) {
+    program.Do(R"(type "89bk1ab73ct")");
+    std::filesystem::create_symlink("/dev/full", log);
+    ExpectFatalBox(program, log, "No space left on device");
+}
+
+TEST_F(WriteFailureTest, ALogThatIsAFolderIsToldWithTheExchange) {
+    program.Do(R"(type "89bk1ab73ct")");
+    std::filesystem::create_directory(log);
+    ExpectFatalBox(program, log, "Is a directory");
+}
+
+TEST_F(WriteFailureTest, AWorkingDirectoryThatVanishedIsToldWithTheExchange) {
+    program.Do(R"(type "89bk1ab73ct")");
+    std::filesystem::remove_all(folder.Path());
+    ExpectFatalBox(program, log, "No such file or directory");
+}
+
+}  // namespace
+}  // namespace tallyhut

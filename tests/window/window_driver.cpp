@@ -1,0 +1,170 @@
+#include "tests/window/window_driver.h"
+
+#include <fcntl.h>
+#include <sys/prctl.h>
+#include <sys/stat.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <array>
+#include <csignal>
+#include <cstdio>
+#include <cstdlib>
+#include <stdexcept>
+#include <vector>
+
+namespace tallyhut {
+namespace {
+
+pid_t Start(const std::vector<std::string>& words, const std::function<void()>& prepare) {
+    const pid_t process = fork();
+    if (process != 0) {
+        return process;
+    }
+    std::vector<std::string> copy = words;
+    std::vector<char*> arguments;
+    for (std::string& word : copy) {
+        arguments.push_back(word.data());
+    }
+    arguments.push_back(nullptr);
+    prepare();
+    execvp(arguments[0], arguments.data());
+    _exit(127);
+}
+
+int End(pid_t& process, int signal) {
+    if (process <= 0) {
+        return 0;
+    }
+    if (signal != 0) {
+        kill(process, signal);
+    }
+    int status = 0;
+    waitpid(process, &status, 0);
+    process = -1;
+    return WIFEXITED(status) ? WEXITSTATUS(status) : 128 + WTERMSIG(status);
+}
+
+/// The screen tells its number when it takes connections.
+std::string StartScreen(pid_t& screen, const std::string& size) {
+    std::array<int, 2> number{};
+    if (pipe(number.data()) != 0) {
+        throw std::runtime_error{"pipe"};
+    }
+    screen = Start({"Xvfb", "-displayfd", std::to_string(number[1]), "-screen", "0", size + "x24", "-nolisten", "tcp"},
+                   [&number] {
+                       close(number[0]);
+                       const int nothing = open("/dev/null", O_WRONLY);
+                       dup2(nothing, 1);
+                       dup2(nothing, 2);
+                       prctl(PR_SET_PDEATHSIG, SIGTERM);  // no screen outlives its test
+                   });
+    close(number[1]);
+    std::array<char, 16> text{};
+    std::string display;
+    for (ssize_t count = 1; count > 0 && display.find('\n') == std::string::npos;) {
+        count = read(number[0], text.data(), text.size());
+        display.append(text.data(), static_cast<std::size_t>(count > 0 ? count : 0));
+    }
+    close(number[0]);
+    if (display.empty()) {
+        throw std::runtime_error{"Xvfb does not start"};
+    }
+    return ":" + display.substr(0, display.find('\n'));
+}
+
+}  // namespace
+
+bool Eventually(const std::function<bool()>& claim) {
+    constexpr int kLooks = 250;
+    constexpr useconds_t kBetweenLooks = 20'000;
+    for (int look = 0; look < kLooks; ++look) {
+        if (claim()) {
+            return true;
+        }
+        usleep(kBetweenLooks);
+    }
+    return false;
+}
+
+WindowDriver::WindowDriver(const std::string& folder, const std::string& screenSize)
+    : display_{StartScreen(screen_, screenSize)} {
+    program_ = Start({TALLYHUT_PROGRAM, "--directory", folder}, [this, &folder] {
+        setenv("DISPLAY", display_.c_str(), 1);
+        setenv("XDG_CONFIG_HOME", (folder + "/.config").c_str(), 1);
+        setenv("HOME", folder.c_str(), 1);
+        setenv("XDG_RUNTIME_DIR", folder.c_str(), 1);
+        setenv("QT_QPA_PLATFORM", "xcb", 1);
+        unsetenv("WAYLAND_DISPLAY");
+        unsetenv("USERPROFILE");
+    });
+    const bool shown =
+        Eventually([this] { return !Run("xdotool search --onlyvisible --name 'Tallyhut Log' 2>/dev/null").empty(); });
+    if (!shown) {
+        EndAll();
+        throw std::runtime_error{"the window does not come up"};
+    }
+    // No window manager gives the keyboard to a window here.
+    Run("xdotool windowfocus --sync $(xdotool search --onlyvisible --name 'Tallyhut Log' | head -n 1)");
+}
+
+WindowDriver::~WindowDriver() {
+    EndAll();
+}
+
+void WindowDriver::EndAll() {
+    End(program_, SIGKILL);
+    End(screen_, SIGTERM);
+}
+
+std::string WindowDriver::Run(const std::string& command) const {
+    const std::string line = "DISPLAY=" + display_ + "; export DISPLAY; " + command;
+    FILE* pipe = popen(line.c_str(), "r");
+    std::string output;
+    std::array<char, 4'096> chunk{};
+    for (std::size_t count = 1; count > 0;) {
+        count = fread(chunk.data(), 1, chunk.size(), pipe);
+        output.append(chunk.data(), count);
+    }
+    pclose(pipe);
+    return output;
+}
+
+void WindowDriver::Type(const std::string& text) const {
+    Run("xdotool type --delay 5 -- '" + text + "'");
+}
+
+void WindowDriver::Press(const std::string& keys) const {
+    Run("xdotool key --delay 5 " + keys);
+}
+
+void WindowDriver::Click(int x, int y, int button) const {
+    Run("xdotool mousemove " + std::to_string(x) + ' ' + std::to_string(y) + " click " + std::to_string(button));
+}
+
+std::string WindowDriver::PixelAt(int x, int y) const {
+    const std::string at = std::to_string(x) + "+" + std::to_string(y);
+    const std::string text = Run("import -silent -window root -crop 1x1+" + at + " -depth 8 txt:- | tail -n 1");
+    const std::size_t hash = text.find('#');
+    return hash == std::string::npos ? "" : text.substr(hash, 7);
+}
+
+int WindowDriver::CountPixels(const std::string& colour) const {
+    const std::string text = Run("import -silent -window root -depth 8 txt:- | grep -ci '" + colour + "'");
+    return std::atoi(text.c_str());
+}
+
+void WindowDriver::Signal(int signal) const {
+    kill(program_, signal);
+}
+
+int WindowDriver::Wait() {
+    return End(program_, 0);
+}
+
+void WindowDriver::KeepScreenshot(const std::string& name) const {
+    mkdir(TALLYHUT_SCREENSHOTS, 0777);
+    Run("import -silent -window root '" TALLYHUT_SCREENSHOTS "/" + name + ".png'");
+}
+
+}  // namespace tallyhut

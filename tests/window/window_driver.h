@@ -1,0 +1,46 @@
+#pragma once
+
+#include <sys/types.h>
+
+#include <functional>
+#include <string>
+
+namespace tallyhut {
+
+/// The program in its window on a screen of its own (Xvfb), worked with real keys and clicks.
+class WindowDriver {
+public:
+    explicit WindowDriver(const std::string& folder, const std::string& screenSize = "1280x800");
+    ~WindowDriver();
+    WindowDriver(const WindowDriver&) = delete;
+    WindowDriver& operator=(const WindowDriver&) = delete;
+    WindowDriver(WindowDriver&&) = delete;
+    WindowDriver& operator=(WindowDriver&&) = delete;
+
+    /// Types a text, a key press a character.
+    void Type(const std::string& text) const;
+    /// Presses keys by their names on the screen's keyboard: "Return", "alt+c", "shift+Insert".
+    void Press(const std::string& keys) const;
+    void Click(int x, int y, int button = 1) const;
+    /// The colour of a pixel as "#rrggbb".
+    std::string PixelAt(int x, int y) const;
+    /// How many pixels of the screen have the colour "#rrggbb".
+    int CountPixels(const std::string& colour) const;
+    void Signal(int signal) const;
+    int Wait();
+    /// Keeps a picture of the screen for whoever looks into a failure.
+    void KeepScreenshot(const std::string& name) const;
+
+private:
+    std::string Run(const std::string& command) const;
+    void EndAll();
+
+    pid_t screen_ = -1;
+    std::string display_;  // behind the process that it is started as
+    pid_t program_ = -1;
+};
+
+/// Looks again and again until the claim holds; false when it does not within five seconds.
+bool Eventually(const std::function<bool()>& claim);
+
+}  // namespace tallyhut

@@ -14,6 +14,8 @@ struct Environment {
     virtual std::string DocumentsFolder() const = 0;
     /// The folder for the user's application data.
     virtual std::string UserDataFolder() const = 0;
+    /// The picture of a short date by the machine's customs, "dd/mm/yyyy"; "m/d/yyyy" where they say nothing.
+    virtual std::string ShortDatePicture() const = 0;
 };
 
 }  // namespace tallyhut

@@ -10,6 +10,7 @@ struct DesktopEnvironment : Environment {
     std::string Variable(const std::string& name) const override;
     std::string DocumentsFolder() const override;
     std::string UserDataFolder() const override;
+    std::string ShortDatePicture() const override;
 };
 
 }  // namespace tallyhut

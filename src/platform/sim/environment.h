@@ -10,6 +10,7 @@ namespace tallyhut::sim {
 struct Environment : tallyhut::Environment {
     std::map<std::string, std::string> variables;
     std::string documentsFolder = "/home/operator/Documents";
+    std::string shortDatePicture = "m/d/yyyy";
     std::string userDataFolder = "/home/operator/.local/share";
 
     std::string Variable(const std::string& name) const override {
@@ -18,6 +19,7 @@ struct Environment : tallyhut::Environment {
     }
     std::string DocumentsFolder() const override { return documentsFolder; }
     std::string UserDataFolder() const override { return userDataFolder; }
+    std::string ShortDatePicture() const override { return shortDatePicture; }
 };
 
 }  // namespace tallyhut::sim

@@ -1,6 +1,8 @@
 #include <cstdlib>
+#include <filesystem>
 #include <iostream>
 #include <string>
+#include <system_error>
 #include <vector>
 
 #include "app/options.h"
@@ -20,6 +22,15 @@ bool HasDisplay() {
         }
     }
     return false;
+}
+
+/// Where the files of a fresh installation lie: beside the installed program, or in the sources it was built from.
+std::string DataFolder() {
+    std::error_code failure;
+    const std::filesystem::path program = std::filesystem::read_symlink("/proc/self/exe", failure);
+    const std::filesystem::path installed = program.parent_path().parent_path() / "share" / "tallyhut";
+    const bool found = !failure && std::filesystem::exists(installed / "BandPlan.txt", failure);
+    return found ? installed.string() : TALLYHUT_SOURCE_DATA;
 }
 
 std::string AbsoluteFolder(const std::string& folder, const std::string& current) {
@@ -46,9 +57,9 @@ int main(int argc, char** argv) {
             std::cerr << "tallyhut: there is no display; starting the console host (docs/console.md)\n";
         }
         if (options.console || !HasDisplay()) {
-            return RunConsole(options, directory, 0, std::cout);
+            return RunConsole(options, directory, DataFolder(), 0, std::cout);
         }
-        return RunWindow(argc, argv, directory);
+        return RunWindow(argc, argv, directory, DataFolder());
     } catch (const ValueError& error) {
         std::cerr << "tallyhut: " << error.what() << "\n" << UsageText();
         return 2;

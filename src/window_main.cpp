@@ -18,7 +18,7 @@
 
 namespace tallyhut {
 
-int RunWindow(int& argc, char** argv, const std::string& workingDirectory) {
+int RunWindow(int& argc, char** argv, const std::string& workingDirectory, const std::string& dataFolder) {
     QApplication application{argc, argv};
     QApplication::setApplicationName("tallyhut");
     QApplication::setQuitOnLastWindowClosed(false);
@@ -40,7 +40,8 @@ int RunWindow(int& argc, char** argv, const std::string& workingDirectory) {
                      .files = files,
                      .settings = settings,
                      .screen = screen,
-                     .environment = environment},
+                     .environment = environment,
+                     .dataFolder = dataFolder},
                     workingDirectory};
     dialogs.Bind(program.desk);
     WindowHost host{program.desk, pump};

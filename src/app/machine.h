@@ -1,5 +1,7 @@
 #pragma once
 
+#include <string>
+
 #include "platform/clipboard.h"
 #include "platform/clock.h"
 #include "platform/dialogs.h"
@@ -21,6 +23,7 @@ struct Machine {
     SettingsStore& settings;
     Screen& screen;
     Environment& environment;
+    std::string dataFolder = {};  ///< where the files lie that a fresh installation gets
 };
 
 }  // namespace tallyhut

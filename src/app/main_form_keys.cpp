@@ -13,6 +13,11 @@ void MainFormKeys::Form_KeyPress(int& KeyAscii) {
     if (gCtrlKeyTaken) {
         gCtrlKeyTaken = false;
         KeyAscii = 0;
+        return;
+    }
+    constexpr int kPhoneContest = 1;
+    if (KeyAscii == kKeyEsc && preferences.gContestMode != kPhoneContest) {  // in a Phone contest Esc is for the player
+        entry.cmdClear_Click();
     }
 }
 

@@ -1,26 +1,11 @@
 #include "app/program.h"
 
-#include <cstdlib>
-
 #include "platform/platform_error.h"
-#include "values/number.h"
 
 namespace tallyhut {
 namespace {
 
 constexpr const char* kProgramTitle = "Tallyhut Log";
-constexpr std::string_view kFirstMessage = "Select a band from the menu bar and click Log \"Time On\" below!";
-constexpr double kMinutesAnHour = 60;
-
-MessageBox Failure(std::string text) {
-    return {.title = kProgramTitle, .text = std::move(text), .buttons = Buttons::OK, .icon = Icon::Critical};
-}
-
-/// The compiler does not see through the virtual call that it never returns.
-[[noreturn]] void EndWith(EventPump& pump, int status) {
-    pump.EndProgram(status);
-    std::abort();
-}
 
 }  // namespace
 
@@ -28,34 +13,60 @@ Program::Program(const Machine& lent, const std::string& workingDirectory)
     : machine{lent},
       desk{lent.clock, lent.pump, lent.dialogs, lent.clipboard},
       form1{desk},
+      logo{desk},
+      editForm{desk},
+      stationForm{desk},
       directories{.WorkingDirectory = workingDirectory, .DataDirectory = {}, .SharedDirectory = {}},
+      shared{lent.files},
       preferencesFile{lent.files, directories, preferences},
       logFile{lent.files, directories},
       fields{form1, preferences, log},
       message{form1},
+      time{form1, desk, lent.files, directories, preferences, preferencesFile, fields, message},
+      band{form1, preferences, preferencesFile, time, desk},
+      postContest{form1, desk, message},
       list{form1, log, lent.clock},
       rates{form1, log, preferences, lent.clock},
       duplicates{fields, message, log, time, preferences, prompts, desk},
       reload{form1, log, sections, preferences, logFile, fields, list, rates, desk},
-      commit{form1, log, sections, preferences, logFile, fields, message, time, duplicates, list, rates, desk},
-      entry{form1, desk, log, preferences, preferencesFile, fields, message, time, duplicates, commit, prompts} {
+      commit{form1, log,         sections,   preferences, logFile, fields, message,
+             time,  postContest, duplicates, list,        rates,   desk},
+      entry{form1, desk, log, preferences, preferencesFile, fields, message, time, duplicates, commit, prompts},
+      editing{form1, editForm, desk, log, sections, logFile, fields, list, reload},
+      copies{desk, lent.files, directories, log, logFile, preferences, preferencesFile, time, rates, reload},
+      station{form1, stationForm, desk, preferences, preferencesFile, lent.settings},
+      utcOffset{desk, preferences, preferencesFile},
+      question{desk, station, copies, reload, entry, preferences},
+      keys{preferences, entry},
+      startUp{machine, form1, directories, shared, preferences, preferencesFile, log,
+              sections, message, time, band, entry, utcOffset, question},
+      shortDate_{lent.environment.ShortDatePicture()} {
+    time.shortDate = shortDate_;
+    station.SetSharedPreference = [this](std::string_view key, std::string_view value, bool saveNow) {
+        shared.SetSharedPreference(key, value, saveNow);
+    };
     desk.onFatal = [this](const std::exception& failure) { TellFatal(failure); };
     BindMainForm();
     BindEntryFields();
+    BindPostContest();
+    BindContacts();
+    BindEditForm();
+    BindStationForm();
     BindMenus();
 }
 
 void Program::BindMainForm() {
-    form1.Form_Load = [this] { Form1_Load(); };
-    form1.Form_Unload = [this] { desk.pump.EndProgram(0); };
+    form1.Form_Load = [this] { startUp.Form1_Load(); };
+    form1.Form_Unload = [this] { Form1_Unload(); };
     form1.Form_KeyDown = [this](int& KeyCode, int Shift) { keys.Form_KeyDown(KeyCode, Shift); };
     form1.Form_KeyPress = [this](int& KeyAscii) { keys.Form_KeyPress(KeyAscii); };
     form1.Timer1.Elapsed = [this] { rates.TimeStats(); };
+    form1.Timer2.Elapsed = [this] { time.Timer2_Elapsed(); };
     form1.cmdClear.Click = [this] { entry.cmdClear_Click(); };
     form1.cmdDup.Click = [this] { duplicates.cmdDup_Click(); };
-    form1.ListView1.ColumnClick = [this](int column) {
-        form1.ListView1.SortOnce(static_cast<std::size_t>(column - 1));
-    };
+    form1.cmdLogOn.Click = [this] { time.cmdLogOn_Click(); };
+    form1.Label30.DblClick = [this] { band.Label30_DblClick(); };
+    logo.Timer1.Elapsed = [this] { logo.Unload(); };
 }
 
 void Program::BindEntryFields() {
@@ -74,26 +85,114 @@ void Program::BindEntryFields() {
     form1.txtCall.KeyGate = [this](const Key& key) { return duplicates.HoldsKey(key); };
 }
 
+void Program::BindPostContest() {
+    form1.txtPostConTime.GotFocus = [this] { postContest.txtPostConTime_GotFocus(); };
+    form1.txtPostConDate.GotFocus = [this] { postContest.txtPostConDate_GotFocus(); };
+    form1.txtPostConTime.KeyPress = [this](int& KeyAscii) {
+        if (postContest.txtPostConTime_KeyPress(KeyAscii)) {
+            commit.Mains();
+        }
+    };
+    form1.txtPostConDate.KeyPress = [this](int& KeyAscii) {
+        if (postContest.txtPostConDate_KeyPress(KeyAscii)) {
+            commit.Mains();
+        }
+    };
+}
+
+void Program::BindContacts() {
+    form1.cmdEdit.Click = [this] { editing.cmdEdit_Click(); };
+    form1.cmdDelete.Click = [this] { editing.cmdDelete_Click(); };
+    form1.cmdList.Click = [this] { editing.cmdList_Click(); };
+    form1.ListView1.Click = [this] { editing.ListView1_Click(); };
+    form1.ListView1.MouseDown = [this](MouseButton button) { editing.ListView1_MouseDown(button); };
+    form1.ListView1.ColumnClick = [this](int column) { editing.ListView1_ColumnClick(column); };
+}
+
+void Program::BindEditForm() {
+    editForm.Form_Load = [this] { editing.frmEditCon_Load(); };
+    for (TextBox* field : {&editForm.txtEditNum, &editForm.txtEditPre, &editForm.txtEditCall, &editForm.txtEditCk,
+                           &editForm.txtEditSec, &editForm.txtEditBnd}) {
+        field->KeyPress = [this](int& KeyAscii) { editing.TextField_KeyPress(KeyAscii); };
+    }
+    editForm.txtEditNumSent.KeyPress = [this](int& KeyAscii) { editing.txtEditNumSent_KeyPress(KeyAscii); };
+    editForm.txtEditDate.KeyPress = [this](int& KeyAscii) { editing.txtEditDate_KeyPress(KeyAscii); };
+    editForm.txtEditTime.KeyPress = [this](int& KeyAscii) { editing.txtEditTime_KeyPress(KeyAscii); };
+    editForm.txtEditDate.LostFocus = [this] { editing.txtEditDate_LostFocus(); };
+    editForm.txtEditTime.LostFocus = [this] { editing.txtEditTime_LostFocus(); };
+    editForm.cmdDone.Click = [this] { editing.cmdDone_Click(); };
+    editForm.cmdDeleteDupe.Click = [this] { editing.cmdDeleteDupe_Click(); };
+}
+
+void Program::BindStationForm() {
+    stationForm.Form_Load = [this] { station.frmStationID_Load(); };
+    for (TextBox* field : {&stationForm.Text1, &stationForm.Text3, &stationForm.Text4, &stationForm.Text5}) {
+        field->KeyPress = [this](int& KeyAscii) { station.TextField_KeyPress(KeyAscii); };
+    }
+    stationForm.Text6.KeyPress = [this](int& KeyAscii) { station.Text6_KeyPress(KeyAscii); };
+    stationForm.Text6.LostFocus = [this] { station.Text6_LostFocus(); };
+    stationForm.Command1.Click = [this] { station.Command1_Click(); };
+}
+
 void Program::BindMenus() {
     form1.mnuOpen.Click = [this] { reload.mnuopen2(); };
-    form1.mnuExit.Click = [this] { desk.pump.EndProgram(0); };
+    form1.mnuNew.Click = [this] { copies.mnuNew_Click(); };
+    form1.mnuArchive.Click = [this] { copies.mnuArchive_Click(); };
+    form1.mnuRestore.Click = [this] { copies.mnuRestore_Click(); };
+    form1.mnuPostContest.Click = [this] { postContest.mnuPostContest_Click(); };
+    form1.mnuExit.Click = [this] { mnuExit_Click(); };
+    form1.mnuSetup.Click = [this] { station.mnuSetup_Click(); };
+    for (const BandRow& row : kBands) {
+        (form1.*row.entry).Click = [this, &row] { band.ChooseBand(row.band); };
+    }
     form1.numopt.Click = [this] { entry.numopt_Click(); };
     form1.callopt.Click = [this] { entry.callopt_Click(); };
     form1.mnuCallTwice.Click = [this] { entry.mnuCallTwice_Click(); };
+    form1.mnuDXSpotsColor.Click = [this] { Toggle(form1.mnuDXSpotsColor, preferences.gColorNeededSpots); };
+    form1.mnuAudioAlert.Click = [this] { Toggle(form1.mnuAudioAlert, preferences.gAudioAlert); };
+}
+
+void Program::Toggle(MenuEntry& menuEntry, std::uint8_t& value) {
+    value = value == 1 ? 0 : 1;
+    menuEntry.SetChecked(value == 1);
+    preferencesFile.SavePref();
 }
 
 void Program::Start() {
     ClaimFolder();
+    logo.Show();
+    try {
+        startUp.PrepareFolders();
+    } catch (const PlatformError& failure) {
+        EndForFailure(std::string{"The folder of the contest cannot be prepared.\n\n"} + failure.what());
+    }
     form1.Show();
 }
 
 void Program::Run() {
     desk.RunUntil([] { return false; });
-    EndWith(desk.pump, 0);
+    desk.pump.EndProgram(0);
 }
 
 void Program::RequestClose() {
     desk.PostAction([this] { form1.RequestClose(); });
+}
+
+/// Leaves at once: no form unloads, and no backup is made by this door.
+void Program::mnuExit_Click() {
+    time.CloseAtExit(true);
+    desk.pump.EndProgram(0);
+}
+
+void Program::Form1_Unload() {
+    for (Form* form : desk.Forms()) {
+        if (form != &form1) {
+            form->Unload();
+        }
+    }
+    copies.Backup();
+    time.CloseAtExit(false);
+    desk.pump.EndProgram(0);
 }
 
 /// Two programs on one folder would mix their serial numbers.
@@ -102,39 +201,40 @@ void Program::ClaimFolder() {
         machine.files.CheckWritable(directories.WorkingDirectory);
         folderLock_ = machine.files.Lock(directories.WorkingDirectory);
     } catch (const PlatformError& failure) {
-        machine.dialogs.Show(Failure(std::string{"The log cannot be kept here. "} + failure.what()));
-        desk.pump.EndProgram(1);
+        EndForFailure(std::string{"The log cannot be kept here. "} + failure.what());
     }
     if (!folderLock_) {
-        machine.dialogs.Show(
-            Failure("Another Tallyhut Log is already running in the folder " + directories.WorkingDirectory + "."));
-        desk.pump.EndProgram(1);
+        EndForFailure("Another Tallyhut Log is already running in the folder " + directories.WorkingDirectory + ".");
     }
 }
 
-void Program::Form1_Load() {
-    message.Write(kFirstMessage);
-    form1.lblNumCurCon.SetCaption(" " + NumberForm(log.gContactCount + 1));
-    sections.Fill(form1);
-    preferences.gUtcOffset = static_cast<float>(machine.clock.MinutesToUtc() / kMinutesAnHour);
-    if (machine.files.FileExists(WorkingFile(directories, "nspref.txt"))) {
-        preferencesFile.Load();
-    }
-    entry.CheckTabModeEntry();
-    entry.SetTabPositions();
-    if (logFile.Exists()) {
-        reload.mnuopen2();
-    } else {
-        reload.ShowCounts();
-        rates.TimeStats();
-    }
+void Program::EndForFailure(const std::string& text) {
+    machine.dialogs.Show(
+        MessageBox{.title = kProgramTitle, .text = text, .buttons = Buttons::OK, .icon = Icon::Critical});
+    desk.pump.EndProgram(1);
 }
 
 void Program::TellFatal(const std::exception& failure) {
     const bool ofTheLog = dynamic_cast<const LogWriteError*>(&failure) != nullptr;
-    const std::string rest = ofTheLog ? "" : "\n\nEvery contact that was logged is in " + logFile.Path() + ".";
-    machine.dialogs.Show(Failure(std::string{"The program must end.\n\n"} + failure.what() + rest));
-    EndWith(desk.pump, 1);
+    EndForFailure(std::string{"The program must end.\n\n"} + failure.what() + (ofTheLog ? "" : UnsavedEntry()));
+}
+
+/// What a failure elsewhere loses: nothing but the exchange that stands in the fields.
+std::string Program::UnsavedEntry() const {
+    const std::string logged = "\n\nEvery contact that was logged is in " + logFile.Path() + ".";
+    const Contact typed{.Ns = {},
+                        .Nr = form1.txtNum.Text(),
+                        .P = form1.txtPre.Text(),
+                        .Call = form1.txtCall.Text(),
+                        .Ck = form1.txtCK.Text(),
+                        .Sec = form1.txtSec.Text(),
+                        .Date = {},
+                        .Time = {},
+                        .Bnd = {},
+                        .Frq = {}};
+    const std::string exchange = ExchangeText(typed);
+    const bool nothingTyped = exchange.find_first_not_of(' ') == std::string::npos;
+    return nothingTyped ? logged : logged + " This entry was not logged: " + exchange;
 }
 
 }  // namespace tallyhut

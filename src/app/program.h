@@ -2,41 +2,53 @@
 
 #include <memory>
 
-#include "app/machine.h"
 #include "app/main_form_keys.h"
-#include "log/entry_flow.h"
-#include "log/log_reload.h"
+#include "app/start_up.h"
+#include "forms/frmQ7ZZQLogo.h"
+#include "log/contact_editing.h"
 
 namespace tallyhut {
 
-/// The whole program: owns the forms and the units, and connects events to handlers. A host makes one, starts it and
-/// runs it; the end comes as ProgramEnd from any of these calls.
+/// The whole program: owns the forms and the units, and connects events to handlers. A host makes one, starts it and runs
+/// it; the end comes as ProgramEnd from any of these calls.
 struct Program {
     Program(const Machine& lent, const std::string& workingDirectory);
 
     Machine machine;
     Desk desk;
     Form1 form1;
+    frmQ7ZZQLogo logo;
+    frmEditCon editForm;
+    frmStationID stationForm;
 
     Directories directories;
+    SharedPreferences shared;
     Preferences preferences;
     PreferencesFile preferencesFile;
     Prompts prompts;
     ContactLog log;
     LogFile logFile;
     SectionTable sections;
-    OperatingTime time;
     EntryFields fields;
     MessageLine message;
+    OperatingTime time;
+    BandSelection band;
+    PostContest postContest;
     ContactList list;
     RateLabels rates;
     Duplicates duplicates;
     LogReload reload;
     Commit commit;
     EntryFlow entry;
+    ContactEditing editing;
+    LogCopies copies;
+    Station station;
+    UtcOffsetCheck utcOffset;
+    StartQuestion question;
     MainFormKeys keys;
+    StartUp startUp;
 
-    /// Takes the folder for itself, loads and shows the main form.
+    /// Takes the folder for itself, asks what a start asks, and shows the main form.
     void Start();
     /// Serves the operator until the program ends.
     [[noreturn]] void Run();
@@ -46,11 +58,20 @@ struct Program {
 private:
     void BindMainForm();
     void BindEntryFields();
+    void BindPostContest();
+    void BindContacts();
+    void BindEditForm();
+    void BindStationForm();
     void BindMenus();
     void ClaimFolder();
-    void Form1_Load();
+    void Toggle(MenuEntry& entry, std::uint8_t& value);
+    [[noreturn]] void mnuExit_Click();
+    [[noreturn]] void Form1_Unload();
+    [[noreturn]] void EndForFailure(const std::string& text);
     [[noreturn]] void TellFatal(const std::exception& failure);
+    std::string UnsavedEntry() const;
 
+    std::string shortDate_;
     std::unique_ptr<Files::FolderLock> folderLock_;
 };
 

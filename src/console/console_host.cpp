@@ -75,7 +75,8 @@ Json DescribeTurn(const Desk& desk, const ConsoleDialogs& dialogs) {
 
 }  // namespace
 
-int RunConsole(const Options& options, const std::string& workingDirectory, int inputDescriptor, std::ostream& out) {
+int RunConsole(const Options& options, const std::string& workingDirectory, const std::string& dataFolder,
+               int inputDescriptor, std::ostream& out) {
     std::signal(SIGPIPE, SIG_IGN);  // a driver that has gone is the end of input
     LineSource lines{inputDescriptor};
     JsonOutput output{out};
@@ -103,7 +104,8 @@ int RunConsole(const Options& options, const std::string& workingDirectory, int 
                          .files = files,
                          .settings = settings,
                          .screen = screen,
-                         .environment = environment},
+                         .environment = environment,
+                         .dataFolder = dataFolder},
                         workingDirectory};
         Commands commands{program, output, pump, dialogs, virtualClock.get(), clipboard};
         dialogs.runDialog = [&program](const std::function<bool()>& done) { program.desk.RunDialog(done); };

@@ -11,6 +11,7 @@ namespace tallyhut {
 /// until it ends.
 ///
 /// @return the exit status of the process
-int RunConsole(const Options& options, const std::string& workingDirectory, int inputDescriptor, std::ostream& out);
+int RunConsole(const Options& options, const std::string& workingDirectory, const std::string& dataFolder,
+               int inputDescriptor, std::ostream& out);
 
 }  // namespace tallyhut

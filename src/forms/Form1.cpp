@@ -16,6 +16,8 @@ constexpr std::string_view kFormCaption = "Q7ZZQ's Tallyhut Log 4.7             
 constexpr std::array<std::string_view, 5> kEntryHeadings{"#", "Pr", "Call", "Ck", "Sec"};
 constexpr std::array<double, 5> kEntryLefts{180, 1065, 1575, 3810, 4470};
 
+constexpr std::array<std::string_view, 4> kStationHeadings{"Pr", "Call", "Ck", "   Sec"};
+
 constexpr std::array<std::string_view, 6> kScoreCaptions{
     "Total Contacts.............",   "Total Sections Worked",   "Sections to go ............",
     "Total Score..................", "QSOs / Hr (last 60 min)", "QSOs / Hr (last 20 min)",
@@ -27,6 +29,10 @@ constexpr double GridLeft(int column) {
 
 LabelDesign GridHeading(int column) {
     return {.place = {GridLeft(column), kGridTop, 400, kRow}};
+}
+
+LabelDesign SentPart(int column) {
+    return {.place = {1500 + column * 900.0, 330, 800, 330}, .fontSize = 14};
 }
 
 LabelDesign ScoreValue(int row) {
@@ -63,6 +69,22 @@ Form1::Form1(Desk& owner)
           {.place = {5440, 840, 480, 225}, .toolTip = "Click to clear entry fields or press ALT C", .tabStop = false}},
       lblSending{*this, "lblSending", "Sending", {.place = {180, 360, 560, 270}}},
       lblNumCurCon{*this, "lblNumCurCon", "", {.place = {750, 330, 620, 330}, .fontSize = 14}},
+      lblStation{0, 3,
+                 [this](int i) {
+                     return std::make_unique<Label>(*this, "lblStation", i,
+                                                    kStationHeadings.at(static_cast<std::size_t>(i)),
+                                                    LabelDesign{.place = {1500 + i * 900.0, 150, 800, 180}});
+                 }},
+      Label1{*this, "Label1", "PRE", SentPart(0)},
+      Label2{*this, "Label2", "CALL", SentPart(1)},
+      Label3{*this, "Label3", "CK", SentPart(2)},
+      Label4{*this, "Label4", "SEC", SentPart(3)},
+      lblPostConTime{*this, "lblPostConTime", "Time", {.place = {5400, 150, 600, 180}, .visible = false}},
+      txtPostConTime{
+          *this, "txtPostConTime", {.place = {5400, 330, 700, 330}, .maxLength = 5, .tabIndex = 6, .visible = false}},
+      lblPostConDate{*this, "lblPostConDate", "Date", {.place = {6150, 150, 900, 180}, .visible = false}},
+      txtPostConDate{
+          *this, "txtPostConDate", {.place = {6150, 330, 1100, 330}, .maxLength = 10, .tabIndex = 7, .visible = false}},
       lblDialog{*this,
                 "lblDialog",
                 "",
@@ -78,7 +100,35 @@ Form1::Form1(Desk& owner)
              {.place = {5440, 1090, 480, 225},
               .toolTip = "Displaying partial dupes slows the program on older pc's.",
               .tabStop = false}},
+      Label11{*this, "Label11", "UTC", {.place = {6150, 330, 600, 180}}},
+      lblutctime{*this, "lblutctime", "", {.place = {6150, 510, 1700, 480}, .fontSize = 18}},
+      lblCurTime{*this, "lblCurTime", "", {.place = {7800, 510, 1000, 330}, .fontSize = 14}},
+      Label16{*this, "Label16", "", {.place = {8850, 510, 500, 330}}},
+      Label12{*this, "Label12", " Total Op Time", {.place = {6150, 1080, 1200, 180}}},
+      lblttrack{*this, "lblttrack", "00:00:00", {.place = {6150, 1260, 1200, 330}, .fontSize = 14}},
+      Label14{*this, "Label14", " Time On Band", {.place = {7800, 1080, 1200, 180}}},
+      lbltimeon{*this, "lbltimeon", "00:00:00", {.place = {7800, 1260, 1200, 330}, .fontSize = 14}},
+      cmdLogOn{*this,
+               "cmdLogOn",
+               "&Log \"Time On\"",
+               {.place = {6150, 1650, 1400, 480},
+                .toolTip = "Records On/Off times and controls duration clock.",
+                .tabStop = false}},
+      lblBandSwitch{*this, "lblBandSwitch", " Band", {.place = {7800, 1650, 600, 180}}},
+      Label30{*this, "Label30", "", {.place = {7800, 1830, 600, 330}, .fontSize = 14}},
       lblRecentContacts{*this, "lblRecentContacts", "Recent Contacts", {.place = {180, 2480, 1600, kRow}}},
+      cmdEdit{
+          *this, "cmdEdit", "Edit Contact", {.place = {1900, 2480, 1000, kRow}, .tabStop = false, .visible = false}},
+      cmdDelete{*this,
+                "cmdDelete",
+                "Delete Contact",
+                {.place = {2950, 2480, 1000, kRow}, .tabStop = false, .visible = false}},
+      cmdList{*this,
+              "cmdList",
+              "Last 20",
+              {.place = {4000, 2480, 740, kRow},
+               .toolTip = "List all or last 20 contacts (Listing all will slow the program)",
+               .tabStop = false}},
       ListView1{*this,
                 "ListView1",
                 {Column("Rec#", 520), Column("Ns", 520), Column("Nr", 520), Column("P", 340), Column("Call", 920),
@@ -111,11 +161,28 @@ Form1::Form1(Desk& owner)
       lblAQSO20{*this, "lblAQSO20", "", ScoreValue(5)},
       mnuFile{*this, "mnuFile", "&File"},
       mnuOpen{mnuFile, "mnuOpen", "&Open"},
+      mnuNew{mnuFile, "mnuNew", "&New"},
+      mnuArchive{mnuFile, "mnuArchive", "Archive Current &Log"},
+      mnuRestore{mnuFile, "mnuRestore", "&Restore from Archive or Backup"},
+      mnuPostContest{mnuFile, "mnuPostContest", "&Post Contest Mode"},
       mnuExit{mnuFile, "mnuExit", "E&xit"},
+      mnuSettings{*this, "mnuSettings", "&Settings"},
+      mnuSetup{mnuSettings, "mnuSetup", "&Setup"},
+      mnuBand{*this, "mnuBand", "&Band"},
+      mnu160{mnuBand, "mnu160", "160"},
+      mnu80{mnuBand, "mnu80", "  80"},
+      mnu40{mnuBand, "mnu40", "  40"},
+      mnu20{mnuBand, "mnu20", "  20"},
+      mnu15{mnuBand, "mnu15", "  15"},
+      mnu10{mnuBand, "mnu10", "  10"},
       mnuTabOrder{*this, "mnuTabOrder", "&TabOrder"},
       numopt{mnuTabOrder, "numopt", "Begin in # Field"},
       callopt{mnuTabOrder, "callopt", "Begin in Call Field"},
       mnuCallTwice{mnuTabOrder, "mnuCallTwice", "Begin in Call Field and pass through Call again"},
-      Timer1{*this, "Timer1", 60'000, true} {}
+      mnuAppearance{*this, "mnuAppearance", "&Appearance"},
+      mnuDXSpotsColor{mnuAppearance, "mnuDXSpotsColor", "Color &Needed DX Spots Green"},
+      mnuAudioAlert{mnuAppearance, "mnuAudioAlert", "&Audio Alert of Needed Spots"},
+      Timer1{*this, "Timer1", 60'000, true},
+      Timer2{*this, "Timer2", 1'000, true} {}
 
 }  // namespace tallyhut

@@ -23,13 +23,38 @@ struct Form1 : Form {
     Button cmdClear;
     Label lblSending;
     Label lblNumCurCon;
+    ControlArray<Label> lblStation;  ///< 0 to 3, above what the station sends, in the order of Label1 to Label4
+    Label Label1;                    ///< own precedence
+    Label Label2;                    ///< own call
+    Label Label3;                    ///< own check
+    Label Label4;                    ///< own section
+    Label lblPostConTime;
+    TextBox txtPostConTime;
+    Label lblPostConDate;
+    TextBox txtPostConDate;
     Label lblDialog;
     Label lblPossDup;
     Label lblDupe;
     Button cmdDup;
 
+    // Clocks, operating time, band.
+    Label Label11;
+    Label lblutctime;
+    Label lblCurTime;
+    Label Label16;  ///< AM or PM of the local time
+    Label Label12;
+    Label lblttrack;  ///< total operating time
+    Label Label14;
+    Label lbltimeon;  ///< time on the current band
+    Button cmdLogOn;
+    Label lblBandSwitch;
+    Label Label30;  ///< the band
+
     // The contacts.
     Label lblRecentContacts;
+    Button cmdEdit;
+    Button cmdDelete;
+    Button cmdList;
     ListView ListView1;
 
     // The section grid.
@@ -59,13 +84,30 @@ struct Form1 : Form {
     // Menus.
     MenuEntry mnuFile;
     MenuEntry mnuOpen;
+    MenuEntry mnuNew;
+    MenuEntry mnuArchive;
+    MenuEntry mnuRestore;
+    MenuEntry mnuPostContest;
     MenuEntry mnuExit;
+    MenuEntry mnuSettings;
+    MenuEntry mnuSetup;
+    MenuEntry mnuBand;
+    MenuEntry mnu160;
+    MenuEntry mnu80;
+    MenuEntry mnu40;
+    MenuEntry mnu20;
+    MenuEntry mnu15;
+    MenuEntry mnu10;
     MenuEntry mnuTabOrder;
     MenuEntry numopt;
     MenuEntry callopt;
     MenuEntry mnuCallTwice;
+    MenuEntry mnuAppearance;
+    MenuEntry mnuDXSpotsColor;
+    MenuEntry mnuAudioAlert;
 
-    Timer Timer1;
+    Timer Timer1;  ///< rates
+    Timer Timer2;  ///< clocks
 };
 
 }  // namespace tallyhut

@@ -61,6 +61,9 @@ void Commit::Mains() {
     if (time.gTimeOn == 0) {
         time.cmdLogOn_Click();
     }
+    if (postContest.IsOn() && !postContest.CheckDateAndTime()) {
+        return;
+    }
     frmcmp();
     ValidateSection();
     duplicates.dupcheck();
@@ -98,8 +101,8 @@ Contact Commit::EnteredContact() const {
         .Call = form.txtCall.Text(),
         .Ck = form.txtCK.Text(),
         .Sec = form.txtSec.Text(),
-        .Date = FormatDateTime(utc, "yyyy/mm/dd"),
-        .Time = FormatDateTime(utc, "hh:mm:ss"),
+        .Date = postContest.IsOn() ? form.txtPostConDate.Text() : FormatDateTime(utc, "yyyy/mm/dd"),
+        .Time = postContest.IsOn() ? form.txtPostConTime.Text() : FormatDateTime(utc, "hh:mm:ss"),
         .Bnd = preferences.gBand,
         .Frq = log.gFrq,
     };

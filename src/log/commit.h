@@ -3,6 +3,7 @@
 #include "log/contact_list.h"
 #include "log/duplicates.h"
 #include "log/log_file.h"
+#include "log/post_contest.h"
 #include "log/section_table.h"
 #include "log/time_stats.h"
 
@@ -18,6 +19,7 @@ struct Commit {
     EntryFields& fields;
     MessageLine& message;
     OperatingTime& time;
+    PostContest& postContest;
     Duplicates& duplicates;
     ContactList& list;
     RateLabels& rates;

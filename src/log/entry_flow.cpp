@@ -250,6 +250,11 @@ void EntryFlow::Prompt(std::string_view prompt, int leastLevel) {
     }
 }
 
+void EntryFlow::HideEditButtons() {
+    form1.cmdEdit.SetVisible(false);
+    form1.cmdDelete.SetVisible(false);
+}
+
 void EntryFlow::txtNum_GotFocus() {
     if (!numHasHadFocus) {
         numHasHadFocus = true;
@@ -257,6 +262,7 @@ void EntryFlow::txtNum_GotFocus() {
             form1.txtCall.SetFocus();
         }
     }
+    HideEditButtons();
     Prompt("Number", 2);
 }
 
@@ -265,6 +271,7 @@ void EntryFlow::txtPre_GotFocus() {
 }
 
 void EntryFlow::txtCall_GotFocus() {
+    HideEditButtons();
     Prompt("Call", 1);
 }
 

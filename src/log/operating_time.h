@@ -2,13 +2,50 @@
 
 #include <cstdint>
 
+#include "log/entry_fields.h"
+#include "log/message_line.h"
+#include "log/preferences_file.h"
+#include "toolkit/desk.h"
+#include "values/format.h"
+
 namespace tallyhut {
 
-/// The clock of the operating time.
+/// The clock of the operating time and the clocks on the wall. Each start and stop is a line of nsonoff.txt.
+///
+/// The total is always worked out from the moment of the last click, never counted up by ticks: a late tick loses nothing.
 struct OperatingTime {
-    std::uint8_t gTimeOn = 0;  ///< 1 while the clock runs
+    Form1& form;
+    Desk& desk;
+    Files& files;
+    const Directories& directories;
+    Preferences& preferences;
+    PreferencesFile& preferencesFile;
+    EntryFields& fields;
+    MessageLine& message;
+    std::string_view shortDate = kShortDate;  ///< the machine's picture of a date
 
-    void cmdLogOn_Click() { gTimeOn = gTimeOn == 0 ? 1 : 0; }
+    std::uint8_t gTimeOn = 0;  ///< 1 while the clock runs
+    float gOpSecondsNow = 0;   ///< as gOpSeconds, and what has passed since the last Time On
+    DateTime gLogOnAt = {};    ///< of the last Time On
+    DateTime gBandOnAt = {};   ///< of the last Time On or change of band
+
+    /// Starts or stops the clock. Throws PlatformError when the file cannot be written.
+    void cmdLogOn_Click();
+    /// Each second. Stays silent whatever fails.
+    void Timer2_Elapsed();
+    /// Stops the clock if it runs, as the program ends: the seconds are kept and the stop is recorded.
+    void CloseAtExit(bool withTotal);
+    /// For a new log.
+    void Reset();
+
+private:
+    void TimeOn();
+    void TimeOff();
+    void Record(std::uint8_t on, bool withTotal);
+    DateTime RecordedNow() const;
 };
+
+/// Hours, minutes and seconds as "03:12:44"; the hours show their last two digits.
+std::string DurationText(double seconds);
 
 }  // namespace tallyhut

@@ -8,6 +8,9 @@ namespace tallyhut {
 
 // Text is bytes, one a character. A blank is the character 32 and nothing else: a tab is no blank.
 
+/// What ends a line in files and in the texts of boxes.
+inline constexpr std::string_view kLineEnd = "\r\n";
+
 /// Without the blanks at both ends.
 std::string Trim(std::string_view text);
 

@@ -1,0 +1,65 @@
+#include "app/start_up.h"
+
+#include "platform/platform_error.h"
+#include "support/directory_rules.h"
+#include "support/fresh_installation.h"
+#include "values/number.h"
+#include "values/value_error.h"
+
+namespace tallyhut {
+namespace {
+
+constexpr std::string_view kFirstMessage = "Select a band from the menu bar and click Log \"Time On\" below!";
+constexpr double kMinutesAnHour = 60;
+
+/// What the program knows of an operator whom it meets for the first time: the machine's offset, so that no question comes.
+Preferences FirstPreferences(const Clock& clock) {
+    Preferences first;
+    first.gUtcOffset = static_cast<float>(RoundedTo(2, clock.MinutesToUtc() / kMinutesAnHour));
+    return first;
+}
+
+}  // namespace
+
+void StartUp::PrepareFolders() {
+    SetUpDirectories(machine.files, machine.environment, machine.dialogs, directories, shared);
+    if (IsFreshInstallation(machine.files, directories)) {
+        MakeFreshInstallation(machine.files, directories, machine.dataFolder,
+                              WritePreferences(FirstPreferences(machine.clock)));
+    }
+}
+
+void StartUp::Form1_Load() {
+    try {
+        LoadSteps();
+    } catch (const PlatformError&) {
+        // Told behaviour: a settings file that cannot be read ends the load where it is, and logging goes on.
+    } catch (const ValueError&) {
+        // The same for one that is damaged.
+    }
+}
+
+void StartUp::LoadSteps() {
+    message.Write(kFirstMessage);
+    form1.lblNumCurCon.SetCaption(" " + NumberForm(log.gContactCount + 1));
+    sections.Fill(form1);
+    preferencesFile.Load();
+    time.gOpSecondsNow = preferences.gOpSeconds;
+    utcOffset.CheckUtcOffset();
+    ShowStoredChoices();
+    readVoiceSettings();
+    question.PromptLogStart();
+    readCwMessages();
+    if (preferences.gRigName != "None") {
+        openRigPort();
+    }
+}
+
+void StartUp::ShowStoredChoices() {
+    form1.mnuDXSpotsColor.SetChecked(preferences.gColorNeededSpots == 1);
+    form1.mnuAudioAlert.SetChecked(preferences.gAudioAlert == 1);
+    band.ShowBand();
+    entry.CheckTabModeEntry();
+}
+
+}  // namespace tallyhut

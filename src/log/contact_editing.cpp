@@ -1,0 +1,238 @@
+#include "log/contact_editing.h"
+
+#include <array>
+
+#include "log/entry_flow.h"
+
+namespace tallyhut {
+namespace {
+
+/// What the edit form shows of a contact. The frequency is not among it and stays as it is.
+struct EditField {
+    TextBox frmEditCon::*box;
+    std::string Contact::*field;
+};
+
+constexpr std::array kEditFields{
+    EditField{&frmEditCon::txtEditNumSent, &Contact::Ns}, EditField{&frmEditCon::txtEditNum, &Contact::Nr},
+    EditField{&frmEditCon::txtEditPre, &Contact::P},      EditField{&frmEditCon::txtEditCall, &Contact::Call},
+    EditField{&frmEditCon::txtEditCk, &Contact::Ck},      EditField{&frmEditCon::txtEditSec, &Contact::Sec},
+    EditField{&frmEditCon::txtEditDate, &Contact::Date},  EditField{&frmEditCon::txtEditTime, &Contact::Time},
+    EditField{&frmEditCon::txtEditBnd, &Contact::Bnd},
+};
+
+constexpr int kDoubleQuote = '"';
+
+const MessageBox kAreYouSureBox{
+    .title = "Are you sure?", .text = "Are you sure?", .buttons = Buttons::YesNo, .icon = Icon::Question};
+const MessageBox kInvalidTimeBox{.title = "Invalid Time Format!",
+                                 .text = "You have entered an invalid time format!",
+                                 .buttons = Buttons::OK,
+                                 .icon = Icon::Exclamation};
+const MessageBox kInvalidDateBox{.title = "Invalid Date Format!",
+                                 .text = "You have entered an invalid date format!",
+                                 .buttons = Buttons::OK,
+                                 .icon = Icon::Exclamation};
+
+void Cap2(int& KeyAscii) {
+    Capital(KeyAscii);
+}
+
+/// Esc types nothing: it goes on and closes the form, as it does from every field.
+void AcceptOnly(int& KeyAscii, int first, int last) {
+    const bool accepted = KeyAscii == kKeyBackspace || KeyAscii == kKeyEsc || (KeyAscii >= first && KeyAscii <= last);
+    if (!accepted) {
+        KeyAscii = 0;
+    }
+}
+
+}  // namespace
+
+void ContactEditing::cmdEdit_Click() {
+    if (list.LogRowAt(form1.ListView1.Row()) == 0) {
+        return;
+    }
+    dialog.ShowModal();
+    list.ListContacts();
+    HideRowButtons();
+    RewriteAndReload();
+}
+
+void ContactEditing::cmdDelete_Click() {
+    const std::int32_t row = list.LogRowAt(form1.ListView1.Row());
+    if (row == 0) {
+        return;
+    }
+    const Answer answer = desk.dialogs.Show(kAreYouSureBox);
+    HideRowButtons();
+    if (answer != Answer::Yes) {
+        return;
+    }
+    CloseUp(row);
+    --log.gContactCount;
+    RewriteAndReload();
+}
+
+/// Behind the last row of a full table there is none: it counts as an empty one.
+void ContactEditing::CloseUp(std::int32_t row) {
+    for (std::int32_t i = row; i <= log.gContactCount; ++i) {
+        log.Row(i) = i < ContactLog::kMostContacts ? log.Row(i + 1) : Contact{};
+    }
+}
+
+void ContactEditing::RewriteAndReload() {
+    file.Rewrite(log);
+    reload.mnuopen2();
+    fields.First().SetFocus();
+}
+
+void ContactEditing::cmdList_Click() {
+    const bool listsAll = list.gListAll == 1;
+    form1.cmdList.SetCaption(listsAll ? "Last 20" : "All");
+    list.gListAll = listsAll ? 0 : 1;
+    list.ListContacts();
+    fields.First().SetFocus();
+}
+
+void ContactEditing::ListView1_Click() {
+    if (form1.ListView1.RowCount() > 0) {
+        form1.cmdEdit.SetVisible(true);
+        form1.cmdDelete.SetVisible(true);
+    }
+}
+
+void ContactEditing::ListView1_MouseDown(MouseButton button) {
+    if (button == kRightButton && form1.ListView1.RowCount() > 0) {
+        cmdEdit_Click();
+    }
+}
+
+void ContactEditing::ListView1_ColumnClick(int column) {
+    form1.ListView1.SortOnce(static_cast<std::size_t>(column - 1));
+}
+
+void ContactEditing::HideRowButtons() {
+    form1.cmdEdit.SetVisible(false);
+    form1.cmdDelete.SetVisible(false);
+}
+
+void ContactEditing::frmEditCon_Load() {
+    editedRow = list.LogRowAt(form1.ListView1.Row());
+    if (editedRow == 0) {
+        return;
+    }
+    for (const EditField& edit : kEditFields) {
+        (dialog.*edit.box).SetText(log.Row(editedRow).*edit.field);
+    }
+}
+
+bool ContactEditing::DoneOnEnter(int& KeyAscii) {
+    if (KeyAscii != kKeyEnter) {
+        return false;
+    }
+    KeyAscii = 0;
+    cmdDone_Click();
+    return true;
+}
+
+void ContactEditing::TextField_KeyPress(int& KeyAscii) {
+    if (DoneOnEnter(KeyAscii)) {
+        return;
+    }
+    if (KeyAscii == kDoubleQuote) {
+        KeyAscii = 0;
+    }
+    Cap2(KeyAscii);
+}
+
+void ContactEditing::txtEditNumSent_KeyPress(int& KeyAscii) {
+    if (!DoneOnEnter(KeyAscii)) {
+        AcceptOnly(KeyAscii, '0', '9');
+    }
+}
+
+void ContactEditing::txtEditDate_KeyPress(int& KeyAscii) {
+    if (!DoneOnEnter(KeyAscii)) {
+        AcceptOnly(KeyAscii, '/', '9');
+    }
+}
+
+void ContactEditing::txtEditTime_KeyPress(int& KeyAscii) {
+    if (!DoneOnEnter(KeyAscii)) {
+        AcceptOnly(KeyAscii, '0', ':');
+    }
+}
+
+void ContactEditing::txtEditDate_LostFocus() {
+    if (!IsDate(dialog.txtEditDate.Text())) {
+        desk.dialogs.Show(kInvalidDateBox);
+        dialog.txtEditDate.GiveFocusBack();
+    }
+}
+
+void ContactEditing::txtEditTime_LostFocus() {
+    if (!IsTime(dialog.txtEditTime.Text())) {
+        desk.dialogs.Show(kInvalidTimeBox);
+        dialog.txtEditTime.GiveFocusBack();
+    }
+}
+
+void ContactEditing::cmdDone_Click() {
+    if (!IsTime(dialog.txtEditTime.Text())) {
+        desk.dialogs.Beep();
+        desk.dialogs.Show(kInvalidTimeBox);
+        dialog.txtEditTime.SetFocus();
+        return;
+    }
+    if (!IsDate(dialog.txtEditDate.Text())) {
+        desk.dialogs.Beep();
+        desk.dialogs.Show(kInvalidDateBox);
+        dialog.txtEditDate.SetFocus();
+        return;
+    }
+    if (dialog.txtEditNumSent.Text().empty()) {
+        dialog.txtEditNumSent.SetText("0");
+    }
+    const bool duplicate = HasDuplicate();
+    const bool validSection = HasSection();
+    if (!duplicate && validSection) {
+        Store();
+        dialog.Unload();
+    }
+}
+
+bool ContactEditing::HasDuplicate() {
+    bool duplicate = false;
+    for (std::int32_t n = 1; n <= log.gContactCount; ++n) {
+        if (n != editedRow && log.Row(n).Call == dialog.txtEditCall.Text()) {
+            duplicate = true;
+            dialog.Label1.SetVisible(true);
+            dialog.cmdDeleteDupe.SetVisible(true);
+            desk.dialogs.Beep();
+        }
+    }
+    return duplicate;
+}
+
+bool ContactEditing::HasSection() {
+    if (sections.Find(dialog.txtEditSec.Text()) != 0) {
+        return true;
+    }
+    dialog.Label2.SetVisible(true);
+    desk.dialogs.Beep();
+    return false;
+}
+
+void ContactEditing::Store() {
+    for (const EditField& edit : kEditFields) {
+        log.Row(editedRow).*edit.field = (dialog.*edit.box).Text();
+    }
+}
+
+/// The contact being edited is still the one selected in the list.
+void ContactEditing::cmdDeleteDupe_Click() {
+    dialog.Unload();
+    cmdDelete_Click();
+}
+
+}  // namespace tallyhut

@@ -1,0 +1,55 @@
+#pragma once
+
+#include "forms/frmEditCon.h"
+#include "log/contact_list.h"
+#include "log/log_reload.h"
+
+namespace tallyhut {
+
+/// The only ways to change a logged contact: from the list to the edit form, and deleting. Each changes the tables,
+/// rewrites the log whole and reloads it. A log that cannot be written is a LogWriteError and nobody's business here.
+struct ContactEditing {
+    Form1& form1;
+    frmEditCon& dialog;
+    Desk& desk;
+    ContactLog& log;
+    const SectionTable& sections;
+    LogFile& file;
+    EntryFields& fields;
+    ContactList& list;
+    LogReload& reload;
+
+    std::int32_t editedRow = 0;  ///< the log row in the edit form
+
+    // The main form.
+    void cmdEdit_Click();
+    void cmdDelete_Click();
+    void cmdList_Click();
+    void ListView1_Click();
+    void ListView1_MouseDown(MouseButton button);
+    void ListView1_ColumnClick(int column);
+    /// What speaks of a row of the list goes when the operator turns to the entry fields.
+    void HideRowButtons();
+
+    // The edit form.
+    void frmEditCon_Load();
+    /// Of txtEditNum, txtEditPre, txtEditCall, txtEditCk, txtEditSec and txtEditBnd.
+    void TextField_KeyPress(int& KeyAscii);
+    void txtEditNumSent_KeyPress(int& KeyAscii);
+    void txtEditDate_KeyPress(int& KeyAscii);
+    void txtEditTime_KeyPress(int& KeyAscii);
+    void txtEditDate_LostFocus();
+    void txtEditTime_LostFocus();
+    void cmdDone_Click();
+    void cmdDeleteDupe_Click();
+
+private:
+    bool DoneOnEnter(int& KeyAscii);
+    bool HasDuplicate();
+    bool HasSection();
+    void Store();
+    void CloseUp(std::int32_t row);
+    void RewriteAndReload();
+};
+
+}  // namespace tallyhut

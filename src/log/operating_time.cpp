@@ -1,0 +1,109 @@
+#include "log/operating_time.h"
+
+#include <cmath>
+
+#include "log/utc.h"
+#include "values/format.h"
+#include "values/number.h"
+#include "values/text_file.h"
+#include "values/value_error.h"
+
+namespace tallyhut {
+namespace {
+
+constexpr const char* kFileName = "nsonoff.txt";
+constexpr std::string_view kTimeOnCaption = "&Log \"Time On\"";
+constexpr std::string_view kTimeOffCaption = "&Log \"Time Off\"";
+constexpr std::int64_t kLeastTimeOff = 1'800;  // seconds that count as time off the air
+
+std::string TwoDigits(double value) {
+    const std::string text = NumberForm(value);
+    return value < 10 ? '0' + text.substr(text.size() - 1) : text.substr(text.size() - 2);
+}
+
+}  // namespace
+
+std::string DurationText(double seconds) {
+    const double hours = std::floor(seconds / 3'600);
+    const double minutes = std::floor(seconds / 60 - 60 * hours);
+    const double rest = std::floor(seconds - 60 * std::floor(seconds / 60));
+    return TwoDigits(hours) + ':' + TwoDigits(minutes) + ':' + TwoDigits(rest);
+}
+
+/// The record takes the offset in hours, where everything else takes it in minutes: a fraction is rounded here.
+DateTime OperatingTime::RecordedNow() const {
+    return AddHours(desk.clock.Now(), static_cast<double>(preferences.gUtcOffset));
+}
+
+void OperatingTime::Record(std::uint8_t on, bool withTotal) {
+    const DateTime at = RecordedNow();
+    RecordWriter record;
+    record.Number(on).Text(FormatDateTime(at, "ddddd", shortDate)).Text(FormatDateTime(at, "hh:mm:ss"));
+    if (withTotal) {
+        record.Text(form.lblttrack.Caption());
+    } else {
+        record.Empty();
+    }
+    files.Append(WorkingFile(directories, kFileName), record.EndLine().Result());
+}
+
+void OperatingTime::cmdLogOn_Click() {
+    if (gTimeOn == 0) {
+        TimeOn();
+    } else {
+        TimeOff();
+    }
+    fields.First().SetFocus();
+}
+
+void OperatingTime::TimeOn() {
+    gLogOnAt = desk.clock.Now();
+    gBandOnAt = gLogOnAt;
+    gTimeOn = 1;
+    form.cmdLogOn.SetCaption(kTimeOffCaption);
+    message.Write(" ");
+    Record(1, true);
+}
+
+void OperatingTime::TimeOff() {
+    gTimeOn = 0;
+    form.cmdLogOn.SetCaption(kTimeOnCaption);
+    preferences.gOpSeconds = gOpSecondsNow;
+    Record(0, true);
+    const DateTime at = RecordedNow();
+    message.Write("Logged Off at " + FormatDateTime(at, "ddddd", shortDate) + " " + FormatDateTime(at, "hh:mm:ss") +
+                  " Log On after " + FormatDateTime(AddSeconds(at, kLeastTimeOff), "hh:mm:ss"));
+    preferencesFile.SavePref();
+}
+
+void OperatingTime::Timer2_Elapsed() try {
+    const DateTime now = desk.clock.Now();
+    const std::string time = FormatDateTime(now, "h:nn:ss AMPM");
+    form.lblCurTime.SetCaption(time.substr(0, time.size() - 3));
+    form.Label16.SetCaption(FormatDateTime(now, "AMPM"));
+    form.lblutctime.SetCaption(FormatDateTime(UtcNow(desk.clock, preferences), "hh:nn:ss"));
+    if (gTimeOn == 1) {
+        gOpSecondsNow = std::abs(preferences.gOpSeconds + static_cast<float>(SecondsBetween(gLogOnAt, now)));
+        form.lblttrack.SetCaption(DurationText(static_cast<double>(gOpSecondsNow)));
+        form.lbltimeon.SetCaption(DurationText(std::abs(static_cast<double>(SecondsBetween(gBandOnAt, now)))));
+    }
+} catch (const ValueError&) {
+    // A clock beyond all years: the next tick may be better.
+}
+
+void OperatingTime::CloseAtExit(bool withTotal) {
+    if (gTimeOn == 0) {
+        return;
+    }
+    preferences.gOpSeconds = gOpSecondsNow;
+    preferencesFile.SavePref();
+    gTimeOn = 0;
+    Record(0, withTotal);
+}
+
+void OperatingTime::Reset() {
+    gOpSecondsNow = 0;
+    preferences.gOpSeconds = 0;
+}
+
+}  // namespace tallyhut

@@ -1,0 +1,22 @@
+#pragma once
+
+#include "log/entry_flow.h"
+#include "log/log_copies.h"
+#include "log/station.h"
+
+namespace tallyhut {
+
+/// What the operator is asked at every start: the station, and whether the contest goes on.
+struct StartQuestion {
+    Desk& desk;
+    Station& station;
+    LogCopies& copies;
+    LogReload& reload;
+    EntryFlow& entry;
+    const Preferences& preferences;
+
+    /// A failure is told in a box, and the next step follows. A log that cannot be written is fatal here as everywhere.
+    void PromptLogStart();
+};
+
+}  // namespace tallyhut

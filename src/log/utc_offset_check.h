@@ -1,0 +1,21 @@
+#pragma once
+
+#include "log/preferences_file.h"
+#include "toolkit/desk.h"
+
+namespace tallyhut {
+
+/// Compares the stored offset to UTC with the machine's and offers the machine's where they differ.
+struct UtcOffsetCheck {
+    Desk& desk;
+    Preferences& preferences;
+    PreferencesFile& preferencesFile;
+
+    /// Throws PlatformError when the new offset cannot be stored. An answer that is no number keeps the old one.
+    void CheckUtcOffset();
+};
+
+/// Hours to add to the local time for UTC, rounded to two decimals.
+float RecommendedOffset(const DateTime& local, const DateTime& utc);
+
+}  // namespace tallyhut

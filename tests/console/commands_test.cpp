@@ -14,8 +14,9 @@ struct CommandsTest : testing::Test {
     ConsoleDriver program{folder.Path()};
 };
 
-TEST_F(CommandsTest, StartShowsTheMainFormAndWaits) {
-    EXPECT_EQ(program.Greeting(), Lines{R"({"event":"show","form":"Form1","at":"2026-11-07T21:04:33.000"})"});
+TEST_F(CommandsTest, StartAsksForTheStationFirst) {
+    EXPECT_EQ(program.Greeting(), (Lines{R"({"event":"show","form":"frmQ7ZZQLogo","at":"2026-11-07T21:04:33.000"})",
+                                         R"({"event":"modal","form":"frmStationID","at":"2026-11-07T21:04:33.000"})"}));
     EXPECT_EQ(program.LastTurn(), R"({"ready":"idle","form":"Form1","focus":"txtNum"})");
 }
 
@@ -270,7 +271,7 @@ TEST_F(CommandsTest, ASettingIsKeptForTheNextRun) {
 TEST(CommandsWithRealTime, EventsBearNoMomentAndTheClockIsTheMachines) {
     const ContestFolder folder;
     ConsoleDriver program{folder.Path(), {}};
-    EXPECT_EQ(program.Greeting(), Lines{R"({"event":"show","form":"Form1"})"});
+    EXPECT_EQ(program.Greeting().at(0), R"({"event":"show","form":"frmQ7ZZQLogo"})");
     EXPECT_EQ(program.Do("advance 5").at(0).substr(0, 10), R"({"error":")");
     program.Do("close");
     EXPECT_EQ(program.LastTurn(), R"({"event":"exit","status":0})");

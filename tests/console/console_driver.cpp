@@ -38,7 +38,8 @@ namespace {
 
 }  // namespace
 
-ConsoleDriver::ConsoleDriver(const std::string& folder, const std::vector<std::string>& options) {
+ConsoleDriver::ConsoleDriver(const std::string& folder, const std::vector<std::string>& options, Questions questions) {
+    const bool hasLog = std::filesystem::exists(folder + "/Log.txt");
     std::array<int, 2> toProgram{};
     std::array<int, 2> fromProgram{};
     if (pipe2(toProgram.data(), O_CLOEXEC) != 0 || pipe2(fromProgram.data(), O_CLOEXEC) != 0) {
@@ -59,6 +60,13 @@ ConsoleDriver::ConsoleDriver(const std::string& folder, const std::vector<std::s
     input_ = toProgram[1];
     output_ = fromProgram[0];
     greeting_ = ReadTurn();
+    if (questions == Questions::Answered && lastTurn_.find("frmStationID") != std::string::npos) {
+        Do("click Command1");
+        Do(hasLog ? "answer Yes" : "answer No");
+        if (!hasLog) {
+            Do(R"(answer "YES")");
+        }
+    }
 }
 
 ConsoleDriver::~ConsoleDriver() {

@@ -10,8 +10,14 @@ namespace tallyhut {
 /// The program in a process of its own, driven through its standard input and output as any driver does it.
 class ConsoleDriver {
 public:
+    enum class Questions {
+        Answered,  ///< the log of the folder is continued, or a new one begun where there is none
+        Open,      ///< the station form waits
+    };
+
     /// Starts the program in the folder. The settings are those of a folder of their own.
-    explicit ConsoleDriver(const std::string& folder, const std::vector<std::string>& options = {"--clock", kStart});
+    explicit ConsoleDriver(const std::string& folder, const std::vector<std::string>& options = {"--clock", kStart},
+                           Questions questions = Questions::Answered);
     ~ConsoleDriver();
     ConsoleDriver(const ConsoleDriver&) = delete;
     ConsoleDriver& operator=(const ConsoleDriver&) = delete;

@@ -17,7 +17,7 @@ TEST_F(ContestEntryTest, AnExchangeTypedWithoutAnyNavigationIsLogged) {
     EXPECT_EQ(program.Get("txtCall"), R"("W1XX")");
     EXPECT_EQ(program.Get("txtCK"), R"("72")");
     EXPECT_EQ(program.Get("txtSec"), R"("MDC")");
-    EXPECT_FALSE(folder.Has("Log.txt"));
+    EXPECT_EQ(folder.Read("Log.txt"), "");
     program.Do("key Enter");
     EXPECT_EQ(folder.Read("Log.txt"),
               "\"1\",\"88\",\"A\",\"W1XX\",\"72\",\"MDC\",\"2026/11/07\",\"21:04:33\",\"40\",\"\"\r\n");

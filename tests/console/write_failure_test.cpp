@@ -27,6 +27,8 @@ struct WriteFailureTest : testing::Test {
     ContestFolder folder;
     ConsoleDriver program{folder.Path()};
     std::string log = folder.Path() + "/Log.txt";
+
+    WriteFailureTest() { program.Do("click cmdLogOn"); }
 };
 
 TEST_F(WriteFailureTest, AFileSizeLimitKeepsTheFileAsItWas) {
@@ -41,12 +43,14 @@ TEST_F(WriteFailureTest, AFileSizeLimitKeepsTheFileAsItWas) {
 
 TEST_F(WriteFailureTest, AFullDiskIsToldWithTheExchange) {
     program.Do(R"(type "89bk1ab73ct")");
+    std::filesystem::remove(log);
     std::filesystem::create_symlink("/dev/full", log);
     ExpectFatalBox(program, log, "No space left on device");
 }
 
 TEST_F(WriteFailureTest, ALogThatIsAFolderIsToldWithTheExchange) {
     program.Do(R"(type "89bk1ab73ct")");
+    std::filesystem::remove(log);
     std::filesystem::create_directory(log);
     ExpectFatalBox(program, log, "Is a directory");
 }

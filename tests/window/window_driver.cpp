@@ -98,14 +98,25 @@ WindowDriver::WindowDriver(const std::string& folder, const std::string& screenS
         unsetenv("WAYLAND_DISPLAY");
         unsetenv("USERPROFILE");
     });
-    const bool shown =
-        Eventually([this] { return !Run("xdotool search --onlyvisible --name 'Tallyhut Log' 2>/dev/null").empty(); });
-    if (!shown) {
+    // A first start: the station as it stands, no log to continue, YES to a new one.
+    AnswerWindow("Amateur Station", "Return");
+    AnswerWindow("Open existing log", "alt+n");
+    AnswerWindow("WARNING", "Y E S Return");
+    AnswerWindow("Q7ZZQ", "");
+}
+
+/// Waits for a window of that title and gives it the keyboard: there is no window manager here that would.
+void WindowDriver::AnswerWindow(const std::string& title, const std::string& keys) {
+    const std::string search = "xdotool search --onlyvisible --name '" + title + "' 2>/dev/null";
+    if (!Eventually([&] { return !Run(search).empty(); })) {
+        KeepScreenshot("no window " + title);
         EndAll();
-        throw std::runtime_error{"the window does not come up"};
+        throw std::runtime_error{"no window comes up: " + title};
     }
-    // No window manager gives the keyboard to a window here.
-    Run("xdotool windowfocus --sync $(xdotool search --onlyvisible --name 'Tallyhut Log' | head -n 1)");
+    Run("xdotool windowfocus --sync $(" + search + " | head -n 1)");
+    if (!keys.empty()) {
+        Press(keys);
+    }
 }
 
 WindowDriver::~WindowDriver() {

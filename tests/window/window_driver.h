@@ -33,6 +33,7 @@ public:
 
 private:
     std::string Run(const std::string& command) const;
+    void AnswerWindow(const std::string& title, const std::string& keys);
     void EndAll();
 
     pid_t screen_ = -1;

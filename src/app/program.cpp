@@ -13,6 +13,7 @@ Program::Program(const Machine& lent, const std::string& workingDirectory)
     : machine{lent},
       desk{lent.clock, lent.pump, lent.dialogs, lent.clipboard},
       form1{desk},
+      splash{desk},
       logo{desk},
       editForm{desk},
       stationForm{desk},
@@ -38,8 +39,8 @@ Program::Program(const Machine& lent, const std::string& workingDirectory)
       utcOffset{desk, preferences, preferencesFile},
       question{desk, station, copies, reload, entry, preferences},
       keys{preferences, entry},
-      startUp{machine, form1, directories, shared, preferences, preferencesFile, log,
-              sections, message, time, band, entry, utcOffset, question},
+      startUp{machine,  form1,   directories, shared, preferences, preferencesFile, log,
+              sections, message, time,        band,   entry,       utcOffset,       question},
       shortDate_{lent.environment.ShortDatePicture()} {
     time.shortDate = shortDate_;
     station.SetSharedPreference = [this](std::string_view key, std::string_view value, bool saveNow) {
@@ -66,6 +67,7 @@ void Program::BindMainForm() {
     form1.cmdDup.Click = [this] { duplicates.cmdDup_Click(); };
     form1.cmdLogOn.Click = [this] { time.cmdLogOn_Click(); };
     form1.Label30.DblClick = [this] { band.Label30_DblClick(); };
+    splash.Form_Load = [this] { frmSplash_Load(); };
     logo.Timer1.Elapsed = [this] { logo.Unload(); };
 }
 
@@ -160,13 +162,18 @@ void Program::Toggle(MenuEntry& menuEntry, std::uint8_t& value) {
 
 void Program::Start() {
     ClaimFolder();
+    splash.Load();
+    form1.Show();
+    splash.Unload();
+}
+
+void Program::frmSplash_Load() {
     logo.Show();
     try {
         startUp.PrepareFolders();
     } catch (const PlatformError& failure) {
         EndForFailure(std::string{"The folder of the contest cannot be prepared.\n\n"} + failure.what());
     }
-    form1.Show();
 }
 
 void Program::Run() {

@@ -5,18 +5,20 @@
 #include "app/main_form_keys.h"
 #include "app/start_up.h"
 #include "forms/frmQ7ZZQLogo.h"
+#include "forms/frmSplash.h"
 #include "log/contact_editing.h"
 
 namespace tallyhut {
 
-/// The whole program: owns the forms and the units, and connects events to handlers. A host makes one, starts it and runs
-/// it; the end comes as ProgramEnd from any of these calls.
+/// The whole program: owns the forms and the units, and connects events to handlers. A host makes one, starts it and
+/// runs it; the end comes as ProgramEnd from any of these calls.
 struct Program {
     Program(const Machine& lent, const std::string& workingDirectory);
 
     Machine machine;
     Desk desk;
     Form1 form1;
+    frmSplash splash;
     frmQ7ZZQLogo logo;
     frmEditCon editForm;
     frmStationID stationForm;
@@ -64,6 +66,7 @@ private:
     void BindStationForm();
     void BindMenus();
     void ClaimFolder();
+    void frmSplash_Load();
     void Toggle(MenuEntry& entry, std::uint8_t& value);
     [[noreturn]] void mnuExit_Click();
     [[noreturn]] void Form1_Unload();

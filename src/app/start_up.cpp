@@ -12,7 +12,8 @@ namespace {
 constexpr std::string_view kFirstMessage = "Select a band from the menu bar and click Log \"Time On\" below!";
 constexpr double kMinutesAnHour = 60;
 
-/// What the program knows of an operator whom it meets for the first time: the machine's offset, so that no question comes.
+/// What the program knows of an operator whom it meets for the first time: the machine's offset, so that no question
+/// comes.
 Preferences FirstPreferences(const Clock& clock) {
     Preferences first;
     first.gUtcOffset = static_cast<float>(RoundedTo(2, clock.MinutesToUtc() / kMinutesAnHour));

@@ -12,7 +12,8 @@ namespace tallyhut {
 
 /// The clock of the operating time and the clocks on the wall. Each start and stop is a line of nsonoff.txt.
 ///
-/// The total is always worked out from the moment of the last click, never counted up by ticks: a late tick loses nothing.
+/// The total is always worked out from the moment of the last click, never counted up by ticks: a late tick loses
+/// nothing.
 struct OperatingTime {
     Form1& form;
     Desk& desk;

@@ -19,15 +19,14 @@ void UtcOffsetCheck::CheckUtcOffset() {
         return;
     }
     const std::string gap = std::string{kLineEnd} + std::string{kLineEnd};
-    const std::string answer = desk.dialogs.Show(InputBox{
-        .title = "Update the Local Time / UTC Offset?",
-        .text = "Would you like to adjust the UTC offset for your local time setting?" + gap +
-                "Current System Time: " + FormatDateTime(utc, "hh:nn") + gap +
-                "Current Local Time: " + FormatDateTime(local, "hh:nn") + gap +
-                "Current Offset: " + PlainText(preferences.gUtcOffset) + gap +
-                "Recommended Offset: " + PlainText(recommended) + gap +
-                "Please click OK to accept the recommended change or Cancel to keep the current setting.",
-        .preset = PlainText(recommended)});
+    const std::string answer = desk.dialogs.Show(
+        InputBox{.title = "Update the Local Time / UTC Offset?",
+                 .text = "Would you like to adjust the UTC offset for your local time setting?" + gap +
+                         "Current System Time: " + FormatDateTime(utc, "hh:nn") + gap + "Current Local Time: " +
+                         FormatDateTime(local, "hh:nn") + gap + "Current Offset: " + PlainText(preferences.gUtcOffset) +
+                         gap + "Recommended Offset: " + PlainText(recommended) + gap +
+                         "Please click OK to accept the recommended change or Cancel to keep the current setting.",
+                 .preset = PlainText(recommended)});
     if (const std::optional<double> hours = ParseNumber(answer)) {
         preferences.gUtcOffset = static_cast<float>(*hours);
         preferencesFile.SavePref();

@@ -64,11 +64,19 @@ struct Row {
 
 constexpr std::array kRows{
     Row{"lblSending", Part::Sending, 0, 0, 1, kCaption, 5},
-    Row{"lblNumCurCon", Part::Sending, 0, 1, 1, kSending, 8},
-    Row{"lblPostConTime", Part::Sending, 0, 3, 1, kCaption, 3},
-    Row{"txtPostConTime", Part::Sending, 0, 4, 1, kSmallField, 5, "Time"},
-    Row{"lblPostConDate", Part::Sending, 0, 5, 1, kCaption, 3},
-    Row{"txtPostConDate", Part::Sending, 0, 6, 1, kSmallField, 8, "Date"},
+    Row{"lblNumCurCon", Part::Sending, 0, 1, 1, kSending, 4},
+    Row{"lblStation(0)", Part::Sending, 0, 2, 1, kCaption, 1.5},
+    Row{"Label1", Part::Sending, 0, 3, 1, kSending, 1.5},
+    Row{"lblStation(1)", Part::Sending, 0, 4, 1, kCaption, 2},
+    Row{"Label2", Part::Sending, 0, 5, 1, kSending, 7},
+    Row{"lblStation(2)", Part::Sending, 0, 6, 1, kCaption, 1.5},
+    Row{"Label3", Part::Sending, 0, 7, 1, kSending, 2.5},
+    Row{"lblStation(3)", Part::Sending, 0, 8, 1, kCaption, 2},
+    Row{"Label4", Part::Sending, 0, 9, 1, kSending, 4},
+    Row{"lblPostConTime", Part::Sending, 0, 11, 1, kCaption, 2},
+    Row{"txtPostConTime", Part::Sending, 0, 12, 1, kSmallField, 4, "Time"},
+    Row{"lblPostConDate", Part::Sending, 0, 13, 1, kCaption, 2},
+    Row{"txtPostConDate", Part::Sending, 0, 14, 1, kSmallField, 7, "Date"},
 
     Row{"lblEntryHeading(1)", Part::Entry, 0, 0, 1, kCaption},
     Row{"lblEntryHeading(2)", Part::Entry, 0, 1, 1, kCaption},
@@ -141,12 +149,12 @@ struct Stretch {
 };
 
 constexpr std::array kStretches{
-    Stretch{Part::Sending, 1, 2},      Stretch{Part::Sending, 2, 1}, Stretch{Part::Entry, 0, 110},
-    Stretch{Part::Entry, 1, 60},       Stretch{Part::Entry, 2, 290}, Stretch{Part::Entry, 3, 80},
-    Stretch{Part::Entry, 4, 120},      Stretch{Part::Entry, 5, 62},  Stretch{Part::Clock, 0, 55},
-    Stretch{Part::Clock, 1, 20},       Stretch{Part::Clock, 2, 25},  Stretch{Part::ContactsHead, 1, 1},
-    Stretch{Part::SectionsHead, 0, 1}, Stretch{Part::Score, 0, 3},   Stretch{Part::Score, 1, 2},
-    Stretch{Part::Score, 2, 1},        Stretch{Part::Score, 3, 3},   Stretch{Part::Score, 4, 2},
+    Stretch{Part::Sending, 10, 1}, Stretch{Part::Entry, 0, 110},      Stretch{Part::Entry, 1, 60},
+    Stretch{Part::Entry, 2, 290},  Stretch{Part::Entry, 3, 80},       Stretch{Part::Entry, 4, 120},
+    Stretch{Part::Entry, 5, 62},   Stretch{Part::Clock, 0, 55},       Stretch{Part::Clock, 1, 20},
+    Stretch{Part::Clock, 2, 25},   Stretch{Part::ContactsHead, 1, 1}, Stretch{Part::SectionsHead, 0, 1},
+    Stretch{Part::Score, 0, 3},    Stretch{Part::Score, 1, 2},        Stretch{Part::Score, 2, 1},
+    Stretch{Part::Score, 3, 3},    Stretch{Part::Score, 4, 2},
 };
 
 constexpr std::string_view kSectionLabels = "Label10";

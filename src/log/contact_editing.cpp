@@ -54,7 +54,7 @@ void ContactEditing::cmdEdit_Click() {
     }
     dialog.ShowModal();
     list.ListContacts();
-    HideRowButtons();
+    fields.HideRowButtons();
     RewriteAndReload();
 }
 
@@ -64,7 +64,7 @@ void ContactEditing::cmdDelete_Click() {
         return;
     }
     const Answer answer = desk.dialogs.Show(kAreYouSureBox);
-    HideRowButtons();
+    fields.HideRowButtons();
     if (answer != Answer::Yes) {
         return;
     }
@@ -109,11 +109,6 @@ void ContactEditing::ListView1_MouseDown(MouseButton button) {
 
 void ContactEditing::ListView1_ColumnClick(int column) {
     form1.ListView1.SortOnce(static_cast<std::size_t>(column - 1));
-}
-
-void ContactEditing::HideRowButtons() {
-    form1.cmdEdit.SetVisible(false);
-    form1.cmdDelete.SetVisible(false);
 }
 
 void ContactEditing::frmEditCon_Load() {

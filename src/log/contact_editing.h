@@ -28,8 +28,6 @@ struct ContactEditing {
     void ListView1_Click();
     void ListView1_MouseDown(MouseButton button);
     void ListView1_ColumnClick(int column);
-    /// What speaks of a row of the list goes when the operator turns to the entry fields.
-    void HideRowButtons();
 
     // The edit form.
     void frmEditCon_Load();

@@ -10,6 +10,11 @@ void EntryFields::Empty() {
     }
 }
 
+void EntryFields::HideRowButtons() {
+    form.cmdEdit.SetVisible(false);
+    form.cmdDelete.SetVisible(false);
+}
+
 void EntryFields::ShowNextSerial() {
     form.lblNumCurCon.SetCaption(" " + NumberForm(log.NextSerial()));
 }

@@ -17,6 +17,8 @@ struct EntryFields {
     /// The mode's first field of a new contact.
     TextBox& First() { return TabMode(preferences) == 1 ? form.txtNum : form.txtCall; }
     void Empty();
+    /// What speaks of a row of the list goes when the operator turns to the entry fields.
+    void HideRowButtons();
     /// A blank and the number form of the serial number to send next. Throws ValueError when the last one is no number.
     void ShowNextSerial();
 };

@@ -250,11 +250,6 @@ void EntryFlow::Prompt(std::string_view prompt, int leastLevel) {
     }
 }
 
-void EntryFlow::HideEditButtons() {
-    form1.cmdEdit.SetVisible(false);
-    form1.cmdDelete.SetVisible(false);
-}
-
 void EntryFlow::txtNum_GotFocus() {
     if (!numHasHadFocus) {
         numHasHadFocus = true;
@@ -262,7 +257,7 @@ void EntryFlow::txtNum_GotFocus() {
             form1.txtCall.SetFocus();
         }
     }
-    HideEditButtons();
+    fields.HideRowButtons();
     Prompt("Number", 2);
 }
 
@@ -271,7 +266,7 @@ void EntryFlow::txtPre_GotFocus() {
 }
 
 void EntryFlow::txtCall_GotFocus() {
-    HideEditButtons();
+    fields.HideRowButtons();
     Prompt("Call", 1);
 }
 

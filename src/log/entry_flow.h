@@ -59,7 +59,6 @@ private:
     void EndCarry(TextBox& field, int key);
     bool DigitBeginsNextField(int key) const;
     void RemindOfTimeOn();
-    void HideEditButtons();
     void Prompt(std::string_view prompt, int leastLevel);
     void ChooseTabMode(int mode);
 };

@@ -74,7 +74,7 @@ TEST_F(CommitTest, SerialIsWrittenWithoutBlanks) {
 
 TEST_F(CommitTest, FirstAppendMakesTheFile) {
     StartInMode(1);
-    ASSERT_FALSE(files.contents.contains(kLogPath));
+    files.contents.erase(kLogPath);
     Type("88aW1XX72mdc");
     Press("Enter");
     EXPECT_EQ(LogLines().size(), 1U);
@@ -179,7 +179,7 @@ TEST_F(CommitTest, EnterThatLogsNothingStartsTheTimeToo) {
 // What lets no contact in.
 
 TEST_F(CommitTest, EnterWithAllFieldsEmpty) {
-    StartWith({});
+    StartOnTime();
     Focus(Main().txtSec);
     Press("Enter");
     EXPECT_EQ(Dialog(), "Invalid Section");
@@ -188,7 +188,7 @@ TEST_F(CommitTest, EnterWithAllFieldsEmpty) {
     EXPECT_EQ(program->log.gContactCount, 0);
     EXPECT_EQ(program->commit.gIncomplete, 1);
     EXPECT_EQ(program->commit.gBadSection, 1);
-    EXPECT_EQ(files.Operations(), 0);
+    EXPECT_EQ(Operations(), 0);
 }
 
 struct MissingCase {
@@ -289,7 +289,7 @@ TEST_F(CommitTest, DuplicateWritesNothingAndCountsNothing) {
     EXPECT_EQ(Fields(), "||||");
     EXPECT_EQ(Scores(), scores);
     EXPECT_EQ(Main().lblNumCurCon.Caption(), "  138");
-    EXPECT_EQ(files.Operations(), 0);
+    EXPECT_EQ(Operations(), 0);
     EXPECT_EQ(program->log.gContactCount, 1);
 }
 
@@ -463,7 +463,8 @@ TEST_F(CommitTest, TypingAheadAWholeWeekendLosesNoKey) {
 
 TEST_F(CommitTest, FailedWriteNamesFileReasonAndExchangeAndEndsTheProgram) {
     for (const int contact : {1, 2, 3}) {
-        StartWith({});
+        files.contents.erase(kLogPath);
+        StartOnTime();
         files.FailAt(contact, "No space left on device");
         std::optional<int> status;
         for (int n = 1; n <= contact; ++n) {
@@ -512,13 +513,13 @@ TEST_F(CommitTest, FailureLeavesListAndScoreUntouched) {
 
 TEST_F(CommitTest, The11001stContactEndsTheProgramAndNeverReachesTheFile) {
     PutLog(ManyContacts(11'000));
-    Start();
+    StartOnTime();
     const std::string before = LogOnDisk();
     Type("88aK1AB72ct");
     EXPECT_EQ(EndStatusOf([&] { Press("Enter"); }), 1);
     EXPECT_EQ(program->log.gContactCount, 11'001);
     EXPECT_EQ(LogOnDisk(), before);
-    EXPECT_EQ(files.Operations(), 0);
+    EXPECT_EQ(Operations(), 0);
     ASSERT_EQ(dialogs.boxes.size(), 1U);
     EXPECT_NE(dialogs.boxes[0].find("This contact was not logged: 88 A K1AB 72 CT"), std::string::npos)
         << dialogs.boxes[0];

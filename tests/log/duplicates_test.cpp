@@ -51,7 +51,7 @@ TEST_F(DuplicatesTest, LeavingTheCallFindsItAndThrowsTheEntryAway) {
     EXPECT_EQ(Fields(), "||||");
     EXPECT_EQ(FocusedField(), "txtCall");
     EXPECT_EQ(program->log.gContactCount, 1);
-    EXPECT_EQ(files.Operations(), 0);
+    EXPECT_EQ(Operations(), 0);
 }
 
 TEST_F(DuplicatesTest, FocusGoesToTheModesFirstField) {

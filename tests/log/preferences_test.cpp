@@ -175,30 +175,34 @@ TEST_F(PreferencesFileTest, SavePrefReplacesTheFileInOneStep) {
     program->preferences = Full();
     program->preferencesFile.SavePref();
     EXPECT_EQ(files.contents.at(kPreferencesPath), kFull);
-    EXPECT_EQ(files.Operations(), 1);
+    EXPECT_EQ(Operations(), 1);
 }
 
 TEST_F(PreferencesFileTest, FailedSaveLeavesTheOldFile) {
     Start();
+    const std::string before = files.contents.at(kPreferencesPath);
     program->preferences = Full();
     files.FailAt(1, "No space left on device");
     EXPECT_THROW(program->preferencesFile.SavePref(), PlatformError);
-    EXPECT_EQ(files.contents.at(kPreferencesPath), kFresh);
+    EXPECT_EQ(files.contents.at(kPreferencesPath), before);
 }
 
-TEST_F(PreferencesFileTest, DamagedOneCostsNoContact) {
+TEST_F(PreferencesFileTest, DamagedOneEndsTheLoadWithoutAWordAndCostsNoContact) {
     const std::string log = LogText(ManyContacts(3));
     files.Put(kLogPath, log);
     files.Put(kPreferencesPath, "\"Q7ABC");
-    EndStatusOf([&] { StartWithoutSettings(); });
+    MakeProgram();
+    program->Start();
+    EXPECT_TRUE(dialogs.boxes.empty()) << "no question comes either";
     EXPECT_EQ(LogOnDisk(), log);
     EXPECT_EQ(files.contents.at(kPreferencesPath), "\"Q7ABC");
-    EXPECT_EQ(files.Operations(), 0);
+    EXPECT_EQ(program->log.gContactCount, 0);
 }
 
 TEST_F(PreferencesFileTest, WithoutOneTheOffsetIsTheMachines) {
     clock.minutesToUtc = -210;
-    StartWithoutSettings();
+    files.Put(kLogPath, "");
+    StartContinuing();
     EXPECT_EQ(program->preferences.gUtcOffset, -3.5F);
     EXPECT_EQ(program->preferences.gBand, "40");
     EXPECT_EQ(program->preferences.gTabMode, 1);

@@ -81,17 +81,43 @@ struct ProgramFixture : testing::Test {
 
     void PutLog(const std::vector<Contact>& contacts) { files.Put(kLogPath, LogText(contacts)); }
 
-    /// Starts the program on the folder as it stands, with `stored` as its settings.
+    /// Starts the program on the folder as it stands, with `stored` as its settings, and continues its log; an empty one
+    /// where there is none.
     void Start() {
         files.Put(kPreferencesPath, WritePreferences(stored));
-        StartWithoutSettings();
+        if (!files.contents.contains(kLogPath) && !files.FolderExists(kLogPath)) {
+            files.Put(kLogPath, "");
+        }
+        StartContinuing();
     }
-    void StartWithoutSettings() {
-        program.reset();  // it lets go of the folder
-        const Machine machine{clock, pump, dialogs, clipboard, files, settings, screen, environment};
-        program = std::make_unique<Program>(machine, kFolder);
+    /// Starts the program on the folder as it stands: the station form is closed with Done, the question answered Yes.
+    void StartContinuing() {
+        MakeProgram();
+        pump.OnWait([this] { program->desk.PostClick(program->stationForm.Command1, kLeftButton); });
+        dialogs.answers.push_front(Answer::Yes);
         program->Start();
         program->desk.RunPending();
+        dialogs.boxes.clear();
+        operationsOfStart_ = files.Operations();
+    }
+    /// How often the program has changed a file since its start.
+    int Operations() const { return files.Operations() - operationsOfStart_; }
+    void MakeProgram() {
+        program.reset();  // it lets go of the folder
+        files.AddFolder(environment.documentsFolder);
+        for (const char* name : {"wave2.txt", "BandPlan.txt", "readns.txt"}) {
+            files.Put(std::string{"/data/"} + name, "");
+        }
+        const Machine machine{.clock = clock,
+                              .pump = pump,
+                              .dialogs = dialogs,
+                              .clipboard = clipboard,
+                              .files = files,
+                              .settings = settings,
+                              .screen = screen,
+                              .environment = environment,
+                              .dataFolder = "/data"};
+        program = std::make_unique<Program>(machine, kFolder);
     }
     void StartInMode(int mode) {
         stored.gTabMode = static_cast<std::uint8_t>(mode);
@@ -200,6 +226,9 @@ struct ProgramFixture : testing::Test {
         }
         return std::nullopt;
     }
+
+private:
+    int operationsOfStart_ = 0;
 };
 
 }  // namespace tallyhut

@@ -4,9 +4,10 @@
 
 namespace tallyhut {
 
-/// The flag speaks of this key stroke alone: a Ctrl key that types nothing must not swallow the next character.
-void MainFormKeys::Form_KeyDown(int& /*KeyCode*/, int Shift) {
-    gCtrlKeyTaken = Shift == kCtrl;
+/// The flag speaks of this key stroke alone: only a key whose press is to come may set it, or the next character would
+/// be swallowed.
+void MainFormKeys::Form_KeyDown(int& KeyCode, int Shift) {
+    gCtrlKeyTaken = Shift == kCtrl && KeyCode >= 'A' && KeyCode <= 'Z';
 }
 
 void MainFormKeys::Form_KeyPress(int& KeyAscii) {
@@ -15,8 +16,13 @@ void MainFormKeys::Form_KeyPress(int& KeyAscii) {
         KeyAscii = 0;
         return;
     }
+    if (KeyAscii != kKeyEsc) {
+        return;
+    }
     constexpr int kPhoneContest = 1;
-    if (KeyAscii == kKeyEsc && preferences.gContestMode != kPhoneContest) {  // in a Phone contest Esc is for the player
+    if (preferences.gContestMode == kPhoneContest) {
+        KeyAscii = 0;  // it is for the player alone: no field may take it for the end of a duplicate's red line
+    } else {
         entry.cmdClear_Click();
     }
 }

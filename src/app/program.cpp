@@ -84,6 +84,7 @@ void Program::BindEntryFields() {
     form1.txtSec.GotFocus = [this] { entry.txtSec_GotFocus(); };
     form1.txtCall.LostFocus = [this] { entry.txtCall_LostFocus(); };
     form1.txtNum.KeyGate = [this](const Key& key) { return duplicates.HoldsKey(key); };
+    form1.txtPre.KeyGate = [this](const Key& key) { return entry.txtPre_HoldsKey(key); };
     form1.txtCall.KeyGate = [this](const Key& key) { return duplicates.HoldsKey(key); };
 }
 

@@ -46,21 +46,17 @@ void StartUp::LoadSteps() {
     sections.Fill(form1);
     preferencesFile.Load();
     time.gOpSecondsNow = preferences.gOpSeconds;
+    form1.mnuDXSpotsColor.SetChecked(preferences.gColorNeededSpots == 1);
+    form1.mnuAudioAlert.SetChecked(preferences.gAudioAlert == 1);
     utcOffset.CheckUtcOffset();
-    ShowStoredChoices();
+    band.ShowBand();
+    entry.CheckTabModeEntry();
     readVoiceSettings();
     question.PromptLogStart();
     readCwMessages();
     if (preferences.gRigName != "None") {
         openRigPort();
     }
-}
-
-void StartUp::ShowStoredChoices() {
-    form1.mnuDXSpotsColor.SetChecked(preferences.gColorNeededSpots == 1);
-    form1.mnuAudioAlert.SetChecked(preferences.gAudioAlert == 1);
-    band.ShowBand();
-    entry.CheckTabModeEntry();
 }
 
 }  // namespace tallyhut

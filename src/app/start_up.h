@@ -39,7 +39,6 @@ struct StartUp {
 
 private:
     void LoadSteps();
-    void ShowStoredChoices();
 };
 
 }  // namespace tallyhut

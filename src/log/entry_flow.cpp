@@ -295,6 +295,11 @@ void EntryFlow::txtCall_LostFocus() {
     }
 }
 
+std::optional<Tick> EntryFlow::txtPre_HoldsKey(const Key& key) const {
+    const bool goesToCall = TabMode(preferences) == 1 && form1.txtPre.Text().size() == 1 && key.character >= '0';
+    return goesToCall ? duplicates.HoldsKey(key) : std::nullopt;
+}
+
 void EntryFlow::cmdClear_Click() {
     fields.gPassedCallTwice = false;
     fields.Empty();

@@ -45,6 +45,9 @@ struct EntryFlow {
     void txtSec_GotFocus();
     void txtCall_LostFocus();
 
+    /// Until when the precedence holds a key back that it would hand to the call.
+    std::optional<Tick> txtPre_HoldsKey(const Key& key) const;
+
     void cmdClear_Click();
 
     void numopt_Click() { ChooseTabMode(1); }

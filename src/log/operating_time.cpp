@@ -35,8 +35,7 @@ DateTime OperatingTime::RecordedNow() const {
     return AddHours(desk.clock.Now(), static_cast<double>(preferences.gUtcOffset));
 }
 
-void OperatingTime::Record(std::uint8_t on, bool withTotal) {
-    const DateTime at = RecordedNow();
+void OperatingTime::Record(std::uint8_t on, const DateTime& at, bool withTotal) {
     RecordWriter record;
     record.Number(on).Text(FormatDateTime(at, "ddddd", shortDate)).Text(FormatDateTime(at, "hh:mm:ss"));
     if (withTotal) {
@@ -62,15 +61,15 @@ void OperatingTime::TimeOn() {
     gTimeOn = 1;
     form.cmdLogOn.SetCaption(kTimeOffCaption);
     message.Write(" ");
-    Record(1, true);
+    Record(1, RecordedNow(), true);
 }
 
 void OperatingTime::TimeOff() {
     gTimeOn = 0;
     form.cmdLogOn.SetCaption(kTimeOnCaption);
     preferences.gOpSeconds = gOpSecondsNow;
-    Record(0, true);
     const DateTime at = RecordedNow();
+    Record(0, at, true);
     message.Write("Logged Off at " + FormatDateTime(at, "ddddd", shortDate) + " " + FormatDateTime(at, "hh:mm:ss") +
                   " Log On after " + FormatDateTime(AddSeconds(at, kLeastTimeOff), "hh:mm:ss"));
     preferencesFile.SavePref();
@@ -98,7 +97,7 @@ void OperatingTime::CloseAtExit(bool withTotal) {
     preferences.gOpSeconds = gOpSecondsNow;
     preferencesFile.SavePref();
     gTimeOn = 0;
-    Record(0, withTotal);
+    Record(0, RecordedNow(), withTotal);
 }
 
 void OperatingTime::Reset() {

@@ -42,7 +42,7 @@ struct OperatingTime {
 private:
     void TimeOn();
     void TimeOff();
-    void Record(std::uint8_t on, bool withTotal);
+    void Record(std::uint8_t on, const DateTime& at, bool withTotal);
     DateTime RecordedNow() const;
 };
 

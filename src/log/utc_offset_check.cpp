@@ -1,10 +1,17 @@
 #include "log/utc_offset_check.h"
 
+#include <cmath>
+
 #include "values/format.h"
 #include "values/number.h"
 #include "values/text.h"
 
 namespace tallyhut {
+namespace {
+
+constexpr double kMostHours = 24;  // beyond it lies no clock, and arithmetic that fails every second
+
+}  // namespace
 
 float RecommendedOffset(const DateTime& local, const DateTime& utc) {
     const std::int64_t minutes = SecondsBetween(local, utc) / 60;
@@ -27,7 +34,8 @@ void UtcOffsetCheck::CheckUtcOffset() {
                          gap + "Recommended Offset: " + PlainText(recommended) + gap +
                          "Please click OK to accept the recommended change or Cancel to keep the current setting.",
                  .preset = PlainText(recommended)});
-    if (const std::optional<double> hours = ParseNumber(answer)) {
+    const std::optional<double> hours = ParseNumber(answer);
+    if (hours && std::abs(*hours) <= kMostHours) {
         preferences.gUtcOffset = static_cast<float>(*hours);
         preferencesFile.SavePref();
     }

@@ -11,7 +11,8 @@ struct UtcOffsetCheck {
     Preferences& preferences;
     PreferencesFile& preferencesFile;
 
-    /// Throws PlatformError when the new offset cannot be stored. An answer that is no number keeps the old one.
+    /// Throws PlatformError when the new offset cannot be stored. An answer that is no number, or
+    /// none of a clock, keeps the old one.
     void CheckUtcOffset();
 };
 

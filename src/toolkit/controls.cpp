@@ -104,8 +104,12 @@ void ListView::SortOnce(std::size_t column) {
     std::vector<std::size_t> order(rowCount_);
     std::iota(order.begin(), order.end(), std::size_t{0});
     std::ranges::stable_sort(order, {}, [&keys](std::size_t row) -> const std::string& { return keys[row]; });
+    if (state_.row >= 0) {  // the same row stays selected, wherever it goes
+        const auto selected = static_cast<std::size_t>(state_.row);
+        const std::size_t given = order_.empty() ? selected : order_[selected];
+        state_.row = static_cast<int>(std::ranges::find(order, given) - order.begin());
+    }
     order_ = std::move(order);
-    state_.row = -1;
     Touch();
 }
 

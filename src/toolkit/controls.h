@@ -124,8 +124,8 @@ struct ListView : Control {
     void SetRows(std::size_t count, CellText cells);
     std::size_t RowCount() const { return rowCount_; }
     std::string Cell(std::size_t row, std::size_t column) const;
-    /// Puts the present rows in ascending order of a column's text, once; the next SetRows stands as given. Nothing
-    /// stays selected.
+    /// Puts the present rows in ascending order of a column's text, once; the next SetRows stands as given. The
+    /// selected row stays selected.
     void SortOnce(std::size_t column);
     int Row() const { return state_.row; }
     void SelectRow(int row) { SetRow(row); }

@@ -312,7 +312,8 @@ bool Desk::RunDueTimer(Tick now) {
 std::optional<Tick> Desk::GateOf(const Key& key) const {
     const Form* form = Active();
     const Control* control = form == nullptr ? nullptr : form->focus_;
-    if (control == nullptr || !control->KeyGate || key.character == 0) {
+    const bool forMenu = openMenu_ != nullptr;
+    if (forMenu || control == nullptr || !control->KeyGate || key.character == 0) {
         return std::nullopt;
     }
     const std::optional<Tick> until = control->KeyGate(key);

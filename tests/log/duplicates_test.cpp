@@ -530,5 +530,44 @@ TEST_F(DuplicatesTest, NumberFieldAndCommitBlankTheList) {
     EXPECT_EQ(Main().lblDupe.State().backColor, kButtonFace);
 }
 
+TEST_F(DuplicatesTest, EscInAPhoneContestLeavesTheRedLine) {
+    stored.gContestMode = 1;
+    StartWith({Worked("W1XX")});
+    program->time.gTimeOn = 1;
+    Fill(Main().txtCall, "W1XX");
+    Focus(Main().txtCall);
+    Focus(Main().txtSec);
+    ASSERT_EQ(program->duplicates.gIsDupe, 1);
+    Press("Esc");
+    EXPECT_EQ(DialogGround(), 0x0000FF);
+    EXPECT_EQ(program->duplicates.gIsDupe, 1);
+}
+
+TEST_F(DuplicatesTest, AKeyThatThePrecedenceHandsToTheCallIsHeldToo) {
+    StartWith({Worked("W1XX")});
+    program->time.gTimeOn = 1;
+    Fill(Main().txtCall, "W1XX");
+    Focus(Main().txtCall);
+    Focus(Main().txtSec);
+    Click(Main().txtPre);
+    Type("ak");
+    EXPECT_EQ(Main().txtCall.Text(), "");
+    EXPECT_EQ(DialogGround(), 0x0000FF);
+    PassTime(3'000);
+    EXPECT_EQ(Main().txtCall.Text(), "K");
+}
+
+TEST_F(DuplicatesTest, KeysOfAnOpenMenuAreNotHeld) {
+    StartWith({Worked("W1XX")});
+    Fill(Main().txtCall, "W1XX");
+    Focus(Main().txtCall);
+    Focus(Main().txtSec);
+    ASSERT_EQ(program->duplicates.gIsDupe, 1);
+    Press("Alt+B");
+    Press("Down");
+    Press("Enter");
+    EXPECT_EQ(program->preferences.gBand, "160");
+}
+
 }  // namespace
 }  // namespace tallyhut

@@ -5,6 +5,7 @@
 #include <string>
 
 #include "app/program.h"
+#include "bench/full_log.h"
 #include "platform/sim/clipboard.h"
 #include "platform/sim/clock.h"
 #include "platform/sim/dialogs.h"
@@ -13,47 +14,16 @@
 #include "platform/sim/files.h"
 #include "platform/sim/screen.h"
 #include "platform/sim/settings_store.h"
-#include "values/format.h"
-#include "values/number.h"
 
 namespace tallyhut {
 namespace {
-
-/// Calls that never repeat: K1AAA, K1AAB, ...
-std::string CallOf(int n) {
-    std::string call = "K1";
-    for (const int place : {676, 26, 1}) {
-        call += static_cast<char>('A' + n / place % 26);
-    }
-    return call;
-}
-
-/// A contest of 30 hours, the newest contact a few seconds ago.
-std::string LogOf(int contacts, const DateTime& now) {
-    constexpr std::int64_t kContest = 108'000;
-    std::string text;
-    for (int n = 1; n <= contacts; ++n) {
-        const DateTime at = AddSeconds(now, -kContest + kContest * n / contacts);
-        text += WriteRecord({.Ns = PlainText(n),
-                             .Nr = PlainText(n % 999 + 1),
-                             .P = "A",
-                             .Call = CallOf(n),
-                             .Ck = "72",
-                             .Sec = std::string{SectionTable::SectionCode(n % 83 + 1)},
-                             .Date = FormatDateTime(at, "yyyy/mm/dd"),
-                             .Time = FormatDateTime(at, "hh:mm:ss"),
-                             .Bnd = "40",
-                             .Frq = ""});
-    }
-    return text;
-}
 
 struct LoadedProgram {
     explicit LoadedProgram(int contacts) {
         program.form1.Form_Load = {};  // no questions
         program.form1.Show();
         program.sections.Fill(program.form1);
-        files.Put("/contest/Log.txt", LogOf(contacts, clock.Now()));
+        files.Put("/contest/Log.txt", FullLog(contacts, clock.Now()));
         program.reload.mnuopen2();
         program.time.gTimeOn = 1;
         program.desk.RunPending();
@@ -142,6 +112,16 @@ void ReloadOfAFullLog(benchmark::State& state) {
     }
 }
 BENCHMARK(ReloadOfAFullLog)->Unit(benchmark::kMillisecond);
+
+/// What an edit or a delete does after its form: the file anew, and all counts from it.
+void RewriteAndReloadOfAFullLog(benchmark::State& state) {
+    LoadedProgram loaded{kFull};
+    for (auto _ : state) {
+        loaded.program.logFile.Rewrite(loaded.program.log);
+        loaded.program.reload.mnuopen2();
+    }
+}
+BENCHMARK(RewriteAndReloadOfAFullLog)->Unit(benchmark::kMillisecond);
 
 void ListOfAllContacts(benchmark::State& state) {
     LoadedProgram loaded{kFull};

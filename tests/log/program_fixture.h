@@ -81,8 +81,8 @@ struct ProgramFixture : testing::Test {
 
     void PutLog(const std::vector<Contact>& contacts) { files.Put(kLogPath, LogText(contacts)); }
 
-    /// Starts the program on the folder as it stands, with `stored` as its settings, and continues its log; an empty one
-    /// where there is none.
+    /// Starts the program on the folder as it stands, with `stored` as its settings, and continues its log; an empty
+    /// one where there is none.
     void Start() {
         files.Put(kPreferencesPath, WritePreferences(stored));
         if (!files.contents.contains(kLogPath) && !files.FolderExists(kLogPath)) {

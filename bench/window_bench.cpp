@@ -1,0 +1,127 @@
+// From a key of the operator to the pixels that show what it did, in the real window at a full log. The files are in
+// memory: the time of the disk is not ours to measure. Wants a screen (Xvfb will do).
+
+#include <benchmark/benchmark.h>
+
+#include <QApplication>
+#include <QKeyEvent>
+#include <QWidget>
+#include <algorithm>
+#include <chrono>
+#include <cstdio>
+#include <vector>
+
+#include "app/program.h"
+#include "bench/full_log.h"
+#include "forms/qt/program_style.h"
+#include "forms/qt/qt_clipboard.h"
+#include "forms/qt/qt_dialogs.h"
+#include "forms/qt/qt_pump.h"
+#include "forms/qt/qt_screen.h"
+#include "forms/qt/window_host.h"
+#include "platform/real/system_clock.h"
+#include "platform/sim/environment.h"
+#include "platform/sim/files.h"
+#include "platform/sim/settings_store.h"
+
+namespace tallyhut {
+namespace {
+
+constexpr int kBefore = 10'000;
+
+struct WindowProgram {
+    WindowProgram() {
+        dialogs.Bind(program.desk);
+        program.form1.Form_Load = {};  // no questions
+        program.sections.Fill(program.form1);
+        files.Put("/contest/Log.txt", FullLog(kBefore, clock.Now()));
+        program.form1.Show();
+        program.reload.mnuopen2();
+        program.time.gTimeOn = 1;
+        Settle();
+    }
+
+    void Settle() {
+        for (int i = 0; i < 50; ++i) {
+            program.desk.RunPending();
+            pump.Collect();
+        }
+    }
+    /// One key as the desktop delivers it; returns when what it did is painted.
+    void Press(int key, const QString& text) {
+        QWidget* window = host.WindowOf(program.form1);
+        QKeyEvent press{QEvent::KeyPress, key, Qt::NoModifier, text};
+        QApplication::sendEvent(window, &press);
+        program.desk.RunPending();
+        pump.Collect();
+    }
+    void Type(const std::string& text) {
+        for (const char character : text) {
+            Press(QChar::fromLatin1(character).toUpper().unicode(), QString{QChar::fromLatin1(character)});
+        }
+    }
+
+    SystemClock clock;
+    QtPump pump{clock};
+    QtDialogs dialogs;
+    QtClipboard clipboard;
+    QtScreen screen;
+    sim::Files files{"/contest"};
+    sim::SettingsStore settings;
+    sim::Environment environment;
+    Program program{{.clock = clock,
+                     .pump = pump,
+                     .dialogs = dialogs,
+                     .clipboard = clipboard,
+                     .files = files,
+                     .settings = settings,
+                     .screen = screen,
+                     .environment = environment},
+                    "/contest"};
+    WindowHost host{program.desk, pump};
+};
+
+void CommitToPixels(benchmark::State& state) {
+    WindowProgram window;
+    window.program.list.gListAll = static_cast<std::uint8_t>(state.range(0));
+    window.program.list.ListContacts();
+    window.Settle();
+    int n = 0;
+    std::vector<double> times;
+    for (auto _ : state) {
+        state.PauseTiming();
+        window.Type("88aw9" + CallOf(++n).substr(2) + "72mdc");
+        state.ResumeTiming();
+        const auto begin = std::chrono::steady_clock::now();
+        window.Press(Qt::Key_Return, "\r");
+        times.push_back(std::chrono::duration<double, std::milli>(std::chrono::steady_clock::now() - begin).count());
+    }
+    std::ranges::sort(times);
+    state.counters["median_ms"] = times[times.size() / 2];
+    state.counters["p99_ms"] = times[times.size() * 99 / 100];
+    state.counters["logged"] = window.program.log.gContactCount - kBefore;
+}
+BENCHMARK(CommitToPixels)->ArgName("all")->Arg(0)->Arg(1)->Iterations(300)->Unit(benchmark::kMillisecond);
+
+void KeyToPixels(benchmark::State& state) {
+    WindowProgram window;
+    for (auto _ : state) {
+        window.Press(Qt::Key_8, "8");
+        state.PauseTiming();
+        window.program.form1.txtNum.SetText("");
+        window.Settle();
+        state.ResumeTiming();
+    }
+}
+BENCHMARK(KeyToPixels)->Iterations(300)->Unit(benchmark::kMillisecond);
+
+}  // namespace
+}  // namespace tallyhut
+
+int main(int argc, char** argv) {
+    QApplication application{argc, argv};
+    QApplication::setStyle(new tallyhut::ProgramStyle);
+    benchmark::Initialize(&argc, argv);
+    benchmark::RunSpecifiedBenchmarks();
+    return 0;
+}

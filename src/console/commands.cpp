@@ -12,6 +12,7 @@
 #include "console/told_state.h"
 #include "platform/platform_error.h"
 #include "values/format.h"
+#include "values/value_error.h"
 
 namespace tallyhut {
 namespace {
@@ -133,6 +134,8 @@ void Commands::Run(const std::string& line, bool putAt) {
             Dispatch(words, putAt);
         }
     } catch (const ConsoleError& error) {
+        out.Error(error.what());
+    } catch (const ValueError& error) {  // a value that has no text, such as a number that is not finite
         out.Error(error.what());
     }
 }

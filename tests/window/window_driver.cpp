@@ -45,20 +45,22 @@ int End(pid_t& process, int signal) {
     return WIFEXITED(status) ? WEXITSTATUS(status) : 128 + WTERMSIG(status);
 }
 
-/// The screen tells its number when it takes connections.
+/// The screen tells its number when it takes connections, and does not start over when a client was its only one: a
+/// program that connects at that moment would be refused.
 std::string StartScreen(pid_t& screen, const std::string& size) {
     std::array<int, 2> number{};
     if (pipe(number.data()) != 0) {
         throw std::runtime_error{"pipe"};
     }
-    screen = Start({"Xvfb", "-displayfd", std::to_string(number[1]), "-screen", "0", size + "x24", "-nolisten", "tcp"},
-                   [&number] {
-                       close(number[0]);
-                       const int nothing = open("/dev/null", O_WRONLY);
-                       dup2(nothing, 1);
-                       dup2(nothing, 2);
-                       prctl(PR_SET_PDEATHSIG, SIGTERM);  // no screen outlives its test
-                   });
+    screen = Start(
+        {"Xvfb", "-displayfd", std::to_string(number[1]), "-screen", "0", size + "x24", "-nolisten", "tcp", "-noreset"},
+        [&number] {
+            close(number[0]);
+            const int nothing = open("/dev/null", O_WRONLY);
+            dup2(nothing, 1);
+            dup2(nothing, 2);
+            prctl(PR_SET_PDEATHSIG, SIGTERM);  // no screen outlives its test
+        });
     close(number[1]);
     std::array<char, 16> text{};
     std::string display;

@@ -4,9 +4,13 @@
 
 #include "app/main_form_keys.h"
 #include "app/start_up.h"
+#include "forms/Form2.h"
 #include "forms/frmQ7ZZQLogo.h"
 #include "forms/frmSplash.h"
 #include "log/contact_editing.h"
+#include "reports/entry_form.h"
+#include "reports/log_exports.h"
+#include "reports/paper_reports.h"
 
 namespace tallyhut {
 
@@ -22,6 +26,7 @@ struct Program {
     frmQ7ZZQLogo logo;
     frmEditCon editForm;
     frmStationID stationForm;
+    Form2 form2;
 
     Directories directories;
     SharedPreferences shared;
@@ -47,6 +52,9 @@ struct Program {
     Station station;
     UtcOffsetCheck utcOffset;
     StartQuestion question;
+    EntryForm entryForm;
+    PaperReports paperReports;
+    LogExports exports;
     MainFormKeys keys;
     StartUp startUp;
 
@@ -65,6 +73,7 @@ private:
     void BindEditForm();
     void BindStationForm();
     void BindMenus();
+    void BindReports();
     void ClaimFolder();
     void frmSplash_Load();
     void Toggle(MenuEntry& entry, std::uint8_t& value);

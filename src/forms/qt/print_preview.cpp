@@ -35,12 +35,13 @@ PrintPreview::PrintPreview(const PrintDocument& document, QPrinter& printer, QWi
     row->addWidget(pageNumber_);
     row->addStretch();
     addButton("&Whole Page", [this] { pages_->fitInView(); });
-    addButton("Page W&idth", [this] { pages_->fitToWidth(); });
+    addButton("Page Wi&dth", [this] { pages_->fitToWidth(); });
     addButton("Zoom &In", [this] { pages_->zoomIn(); });
     addButton("Zoom &Out", [this] { pages_->zoomOut(); });
 
     auto* ends = new QDialogButtonBox;
-    ends->addButton("&Print", QDialogButtonBox::AcceptRole)->setDefault(true);
+    QPushButton* print = ends->addButton("&Print", QDialogButtonBox::AcceptRole);
+    print->setDefault(true);
     ends->addButton("&Cancel", QDialogButtonBox::RejectRole);
     connect(ends, &QDialogButtonBox::accepted, this, &QDialog::accept);
     connect(ends, &QDialogButtonBox::rejected, this, &QDialog::reject);
@@ -49,6 +50,7 @@ PrintPreview::PrintPreview(const PrintDocument& document, QPrinter& printer, QWi
     column->addLayout(row);
     column->addWidget(pages_, 1);
     column->addWidget(ends);
+    print->setFocus();
 }
 
 void PrintPreview::ShowPageNumber() {

@@ -7,6 +7,7 @@
 #include <QDialog>
 #include <QDir>
 #include <QFile>
+#include <QKeySequence>
 #include <QLineEdit>
 #include <QLocale>
 #include <QPrintPreviewWidget>
@@ -158,6 +159,20 @@ TEST_F(QtPrinterTest, PagesOfThePreviewCanBeTurned) {
     });
     PrintTwoPages();
     EXPECT_EQ(pages, (std::vector<int>{2, 2, 1}));
+}
+
+TEST_F(QtPrinterTest, EachButtonOfThePreviewHasAKeyOfItsOwn) {
+    WhenDialogPress("Preview");
+    ASSERT_TRUE(printer.Begin("Log"));
+    std::string keys;
+    When("printpreview", [&](QDialog& dialog) {
+        for (const QPushButton* button : dialog.findChildren<QPushButton*>()) {
+            keys += button->shortcut().toString().toStdString() + ' ';
+        }
+        ButtonOf(dialog, "Cancel").click();
+    });
+    printer.End();
+    EXPECT_EQ(keys, "Alt+R Alt+N Alt+W Alt+D Alt+I Alt+O Alt+P Alt+C ");
 }
 
 TEST_F(QtPrinterTest, CancelledPreviewPrintsNothingAndIsNoFailure) {

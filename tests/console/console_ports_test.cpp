@@ -148,5 +148,20 @@ TEST_F(PortCommandsTest, WhatCannotBeTakenIsAnError) {
     }
 }
 
+TEST_F(PortCommandsTest, DialogShowsThePortsOfTheRun) {
+    EXPECT_EQ(program.Do("menu mnuPorts").at(0).substr(0, 34), R"({"event":"modal","form":"frmPorts")");
+    const std::string rows = program.Do("rows lstPorts").at(0);
+    EXPECT_TRUE(
+        rows.starts_with(R"({"rows":[["1","sim","--port","simulated"],["2","/dev/nowhere","--port","not there"],)"))
+        << rows;
+    program.Do("pick lstPorts 2");
+    program.Do(R"(set txtDevice "/tmp/rig")");
+    program.Do("click cmdUse");
+    program.Do("click cmdDone");
+    EXPECT_EQ(program.LastTurn(), R"({"ready":"idle","form":"Form1","focus":"txtNum"})");
+    EXPECT_NE(folder.Read(".config/Q7ZZQ_Software/tallyhut.ini").find("[Machine]\nPort3=/tmp/rig\n"),
+              std::string::npos);
+}
+
 }  // namespace
 }  // namespace tallyhut

@@ -111,9 +111,18 @@ std::unique_ptr<SerialPort> TtyPorts::NewPort() {
 }
 
 PortMeaning TtyPorts::MeaningOf(int number) const {
-    PortMeaning meaning = MeaningAmong(Devices(), commandLine, number, settings.Get(kSection, KeyOf(number)));
-    if (!meaning.device.path.empty()) {
-        meaning.device = Seen(meaning.device);
+    const std::vector<SerialDevice> found = Devices();
+    PortMeaning meaning = MeaningAmong(found, commandLine, number, settings.Get(kSection, KeyOf(number)));
+    SerialDevice& device = meaning.device;
+    if (device.path.empty()) {
+        return meaning;
+    }
+    device = Seen(device);
+    std::error_code failure;  // what cannot be followed to its end stays without a description
+    const std::string target = fs::canonical(device.path, failure).string();
+    const auto linked = std::ranges::find(found, target, &SerialDevice::path);
+    if (linked != found.end()) {
+        device.description = linked->description;
     }
     return meaning;
 }

@@ -10,6 +10,7 @@
 #include "platform/files.h"
 #include "platform/printer.h"
 #include "platform/screen.h"
+#include "platform/serial_port.h"
 #include "platform/settings_store.h"
 
 namespace tallyhut {
@@ -25,6 +26,7 @@ struct Machine {
     SettingsStore& settings;
     Screen& screen;
     Environment& environment;
+    SerialPorts& serialPorts;
     std::string dataFolder = {};  ///< where the files lie that a fresh installation gets
 };
 

@@ -11,6 +11,7 @@
 #include "reports/entry_form.h"
 #include "reports/log_exports.h"
 #include "reports/paper_reports.h"
+#include "support/ports_setup.h"
 
 namespace tallyhut {
 
@@ -27,6 +28,7 @@ struct Program {
     frmEditCon editForm;
     frmStationID stationForm;
     Form2 form2;
+    frmPorts portsForm;
 
     Directories directories;
     SharedPreferences shared;
@@ -50,6 +52,7 @@ struct Program {
     ContactEditing editing;
     LogCopies copies;
     Station station;
+    PortsSetup ports;
     UtcOffsetCheck utcOffset;
     StartQuestion question;
     EntryForm entryForm;
@@ -72,6 +75,7 @@ private:
     void BindContacts();
     void BindEditForm();
     void BindStationForm();
+    void BindPortsForm();
     void BindMenus();
     void BindReports();
     void ClaimFolder();

@@ -16,8 +16,9 @@ void ConsolePrinter::NewPage() {
     out_.Event({{"event", "page"}});
 }
 
-void ConsolePrinter::End() {
+bool ConsolePrinter::End() {
     out_.Event({{"event", "page"}});
+    return true;
 }
 
 void ConsolePrinter::Abort() {}  // what was told cannot be taken back

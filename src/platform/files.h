@@ -31,6 +31,8 @@ struct Files {
     virtual void Copy(const std::string& from, const std::string& to) = 0;
     virtual bool FileExists(const std::string& path) const = 0;
     virtual bool FolderExists(const std::string& path) const = 0;
+    /// True when both paths lead to one file that is there, through links too.
+    virtual bool IsSameFile(const std::string& one, const std::string& other) const = 0;
     /// Makes the last level only; the parent must exist.
     virtual void MakeFolder(const std::string& path) = 0;
     /// The folder the program was started in.

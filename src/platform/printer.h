@@ -18,8 +18,9 @@ struct Printer {
     /// One line of the document, ready made with its blanks; points is the font size.
     virtual void Line(const std::string& text, int points = kPrintPoints) = 0;
     virtual void NewPage() = 0;
-    /// Ends the page and the document and hands it to the printer. Throws PlatformError when the printer refuses.
-    virtual void End() = 0;
+    /// Ends the page and the document and hands it to the printer; false when the operator, having seen it, cancels.
+    /// Throws PlatformError when the printer refuses.
+    virtual bool End() = 0;
     /// Drops a document that has begun, after a failure.
     virtual void Abort() = 0;
 };

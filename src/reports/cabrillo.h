@@ -1,6 +1,7 @@
 #pragma once
 
 #include <string>
+#include <string_view>
 
 #include "log/contact_log.h"
 #include "log/preferences.h"

@@ -7,6 +7,7 @@
 #include "reports/printed_pages.h"
 #include "reports/report_file.h"
 #include "reports/report_text.h"
+#include "reports/saved_file.h"
 #include "support/call_file_stem.h"
 #include "values/text.h"
 #include "values/value_error.h"
@@ -15,7 +16,6 @@ namespace tallyhut {
 namespace {
 
 constexpr const char* kSettings = "Settings";
-constexpr std::size_t kTitleLength = 50;
 constexpr int kSummaryHeadPoints = 16;
 
 /// An option of a group, and what it stands for where it is chosen.
@@ -86,25 +86,16 @@ const MessageBox kOldFormatBox{
     .icon = Icon::Information,
 };
 
+constexpr std::string_view kSubmission =
+    "\r\n\r\nAttach this file to an e-mail addressed for contest submission.  If you wish to print this file, you can "
+    "open it with Notepad or Wordpad to print.";
+
 const MessageBox kThanksBox{
     .title = "  Thanks!",
     .text = "Thanks for using Tallyhut Log, and good luck in the contest!",
     .buttons = Buttons::OK,
     .icon = Icon::None,
 };
-
-MessageBox WrittenBox(const std::string& path) {
-    return {.title = "File Written Successfully.",
-            .text = "The file was successfully written to the directory:\r\n\r\n" + path +
-                    ".\r\n\r\nAttach this file to an e-mail addressed for contest submission.  If you wish to print "
-                    "this file, you can open it with Notepad or Wordpad to print.",
-            .buttons = Buttons::OK,
-            .icon = Icon::Information};
-}
-
-MessageBox NotWrittenBox(const std::string& reason) {
-    return {.title = "Unable to write file.", .text = reason, .buttons = Buttons::OK, .icon = Icon::Exclamation};
-}
 
 }  // namespace
 
@@ -124,7 +115,7 @@ void EntryForm::Text2_KeyPress(int& KeyAscii) {
 }
 
 CabrilloEntry EntryForm::Entry() const {
-    return {.createdBy = Trim(form1.Caption().substr(0, kTitleLength)),
+    return {.createdBy = ProgramTitle(form1),
             .categoryOperator = Chosen(dialog, kCategories),
             .power = Chosen(dialog, kPowers),
             .assisted = dialog.OptCatYes.Value(),
@@ -139,18 +130,15 @@ CabrilloEntry EntryForm::Entry() const {
 }
 
 void EntryForm::Command4_Click() {
-    const FileRequest request{.title = "",
-                              .filter = "LOG Files (*.log) | *.log",
-                              .folder = directories.WorkingDirectory,
-                              .name = WorkingFile(directories, CallToFileStem(Trim(preferences.gOwnCall)) + ".log"),
-                              .overwritePrompt = true};
+    const FileRequest request =
+        SaveRequest(directories, "LOG Files (*.log) | *.log", CallToFileStem(Trim(preferences.gOwnCall)) + ".log");
     try {
         const std::optional<std::string> path = desk.dialogs.SaveFile(request);
         if (!path) {
             return;
         }
         WriteCabrilloFile(*path);
-        desk.dialogs.Show(WrittenBox(*path));
+        desk.dialogs.Show(WrittenBox(*path, kSubmission));
         desk.dialogs.Show(kThanksBox);
         dialog.Command3.SetFocus();
         KeepAnswers();
@@ -167,10 +155,10 @@ void EntryForm::WriteCabrilloFile(const std::string& path) {
     try {
         WriteCabrillo(Entry(), preferences, log, sections.gSectionsWorked, desk.clock.Now().year, lines);
     } catch (const ValueError&) {
-        WriteReportFile(logFile, path, FileText(lines.Lines()));
+        WriteReportFile(files, directories, path, FileText(lines.Lines()));
         throw;
     }
-    WriteReportFile(logFile, path, FileText(lines.Lines()));
+    WriteReportFile(files, directories, path, FileText(lines.Lines()));
 }
 
 void EntryForm::KeepAnswers() {
@@ -208,7 +196,7 @@ SummaryAnswers EntryForm::Answers() const {
 void EntryForm::Command1_Click() {
     WarnOfOldFormat();
     const auto lines = SummarySheet(Answers(), preferences, sections, log.gContactCount, kFileLiterals);
-    WriteReportFile(logFile, WorkingFile(directories, "ASCIISum.txt"), FileText(lines));
+    WriteReportFile(files, directories, WorkingFile(directories, "ASCIISum.txt"), FileText(lines));
     Command3_Click();
 }
 

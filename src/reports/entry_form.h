@@ -3,9 +3,9 @@
 #include "forms/Form1.h"
 #include "forms/Form2.h"
 #include "log/contact_log.h"
-#include "log/log_file.h"
 #include "log/preferences.h"
 #include "log/section_table.h"
+#include "platform/files.h"
 #include "platform/printer.h"
 #include "platform/settings_store.h"
 #include "reports/cabrillo.h"
@@ -24,7 +24,7 @@ struct EntryForm {
     const Directories& directories;
     const Preferences& preferences;
     const ContactLog& log;
-    const LogFile& logFile;
+    Files& files;
     const SectionTable& sections;
     SettingsStore& settings;
     SharedPreferences& shared;

@@ -2,14 +2,13 @@
 
 #include "platform/platform_error.h"
 #include "reports/adif.h"
+#include "reports/list_text.h"
 #include "reports/report_file.h"
+#include "reports/saved_file.h"
 #include "reports/stationbook.h"
-#include "values/text.h"
 
 namespace tallyhut {
 namespace {
-
-constexpr std::size_t kTitleLength = 50;
 
 const InputBox kPowerBox{
     .title = "Please enter your transmitter output power.",
@@ -27,17 +26,6 @@ const InputBox kCommentBox{
     .preset = "November Sweepstakes Contest",
 };
 
-MessageBox WrittenBox(const std::string& path) {
-    return {.title = "File Written Successfully.",
-            .text = "The file was successfully written to the directory:\r\n\r\n" + path + ".",
-            .buttons = Buttons::OK,
-            .icon = Icon::Information};
-}
-
-MessageBox NotWrittenBox(const std::string& reason) {
-    return {.title = "Unable to write file.", .text = reason, .buttons = Buttons::OK, .icon = Icon::Exclamation};
-}
-
 MessageBox ExportedBox(const std::string& folder) {
     return {.title = "Export Successful!",
             .text = "LogExp.txt has been written to this program's working directory " + folder +
@@ -52,23 +40,19 @@ MessageBox ExportedBox(const std::string& folder) {
 void LogExports::expADIF_Click() {
     const std::string power = desk.dialogs.Show(kPowerBox);
     const std::string comment = desk.dialogs.Show(kCommentBox);
-    const FileRequest request{.title = "",
-                              .filter = "ADIF Files (*.adi) | *.adi",
-                              .folder = directories.WorkingDirectory,
-                              .name = WorkingFile(directories, "Tallyhut.adi"),
-                              .overwritePrompt = true};
+    const FileRequest request = SaveRequest(directories, "ADIF Files (*.adi) | *.adi", "Tallyhut.adi");
     try {
         const std::optional<std::string> path = desk.dialogs.SaveFile(request);
         if (!path) {
             return;
         }
         const DateTime now = desk.clock.Now();
-        const AdifExport details{.title = Trim(form.Caption().substr(0, kTitleLength)),
+        const AdifExport details{.title = ProgramTitle(form),
                                  .exportedAt = FormatDateTime(now, "ddddd h:nn:ss AMPM", shortDate),
                                  .power = power,
                                  .comment = comment,
                                  .phone = preferences.gContestMode != 0};
-        WriteReportFile(logFile, *path, AdifText(details, log, now.year));
+        WriteReportFile(files, directories, *path, AdifText(details, log, now.year));
         desk.dialogs.Show(WrittenBox(*path));
     } catch (const PlatformError& failure) {
         desk.dialogs.Show(NotWrittenBox(failure.what()));
@@ -77,16 +61,13 @@ void LogExports::expADIF_Click() {
 
 void LogExports::mnuExport_Click() {
     const bool phone = preferences.gContestMode == 1;
-    WriteReportFile(logFile, WorkingFile(directories, "LogExp.txt"), StationbookText(log, phone));
+    WriteReportFile(files, directories, WorkingFile(directories, "LogExp.txt"), StationbookText(log, phone));
     desk.dialogs.Beep();
     desk.dialogs.Show(ExportedBox(directories.WorkingDirectory));
 }
 
 void LogExports::mnuCopyListtoClipboard_Click() {
-    try {
-        desk.clipboard.SetText(ListAsText(form.ListView1));
-    } catch (const PlatformError&) {  // the list is still on the screen
-    }
+    desk.clipboard.SetText(ListAsText(form.ListView1));
 }
 
 }  // namespace tallyhut

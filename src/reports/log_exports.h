@@ -2,8 +2,9 @@
 
 #include "forms/Form1.h"
 #include "log/contact_log.h"
-#include "log/log_file.h"
 #include "log/preferences.h"
+#include "platform/files.h"
+#include "support/directories.h"
 #include "toolkit/desk.h"
 #include "values/format.h"
 
@@ -16,14 +17,14 @@ struct LogExports {
     const Directories& directories;
     const Preferences& preferences;
     const ContactLog& log;
-    const LogFile& logFile;
+    Files& files;
     std::string_view shortDate = kShortDate;  ///< the machine's picture of a date
 
     /// The whole log as ADIF, in a file that the operator chooses.
     void expADIF_Click();
     /// The whole log for the general-purpose logger. Throws PlatformError.
     void mnuExport_Click();
-    /// What the list shows, for a spreadsheet. A failure is silent.
+    /// What the list shows, for a spreadsheet.
     void mnuCopyListtoClipboard_Click();
 };
 

@@ -50,7 +50,7 @@ std::vector<std::string> PaperReports::SortedCalls() {
 void PaperReports::WriteDupeFile() {
     Run([this] {
         const std::vector<std::string> lines = DupeFile(SortedCalls(), sections.gSectionsWorked);
-        WriteReportFile(logFile, WorkingFile(directories, "ASCIIDup.txt"), FileText(lines));
+        WriteReportFile(logFile.files, directories, WorkingFile(directories, "ASCIIDup.txt"), FileText(lines));
     });
 }
 
@@ -67,16 +67,16 @@ void PaperReports::WriteLogFile() {
     Run([this] {
         message.Write("Writing ASCII Log File.");
         const MergedLog merged = Merged();
-        WriteReportFile(logFile, WorkingFile(directories, "ASCIILog.txt"), FileText(LogReportFile(merged)));
+        WriteReportFile(logFile.files, directories, WorkingFile(directories, "ASCIILog.txt"),
+                        FileText(LogReportFile(merged)));
         TakeOver(merged);
     });
 }
 
 void PaperReports::PrintLog() {
     Run([this] {
-        const MergedLog merged = Merged();
-        if (PrintPages(printer, "Log", LogReportPages(merged, preferences))) {
-            TakeOver(merged);
+        if (PrintPages(printer, "Log", LogReportPages(Merged(), preferences))) {
+            TakeOver(Merged());  // anew: events ran while the operator saw to the printer
         }
     });
 }

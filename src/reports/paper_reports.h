@@ -1,5 +1,7 @@
 #pragma once
 
+#include <functional>
+
 #include "log/log_reload.h"
 #include "log/message_line.h"
 #include "platform/printer.h"

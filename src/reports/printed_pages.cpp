@@ -42,12 +42,11 @@ bool PrintPages(Printer& printer, const std::string& title, const std::vector<Pr
                 points = kPrintPoints;
             }
         }
-        printer.End();
+        return printer.End();
     } catch (const PlatformError&) {
         printer.Abort();
         throw;
     }
-    return true;
 }
 
 }  // namespace tallyhut

@@ -3,12 +3,13 @@
 #include <string>
 #include <string_view>
 
-#include "log/log_file.h"
+#include "platform/files.h"
+#include "support/directories.h"
 
 namespace tallyhut {
 
 /// Writes a report over what the file held; a failure leaves it as far as it was written. Throws PlatformError, also
-/// where the operator has chosen the log itself, which is left as it is.
-void WriteReportFile(const LogFile& log, const std::string& path, std::string_view text);
+/// where the operator has chosen a file that the contest lives by: the log, its settings or its times.
+void WriteReportFile(Files& files, const Directories& directories, const std::string& path, std::string_view text);
 
 }  // namespace tallyhut

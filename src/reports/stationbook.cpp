@@ -1,13 +1,10 @@
 #include "reports/stationbook.h"
 
 #include "reports/section_place.h"
-#include "values/text.h"
 #include "values/text_file.h"
 
 namespace tallyhut {
 namespace {
-
-constexpr char kTab = '\t';
 
 /// Only the first letter of a call is looked at, so VP2MM counts as Canada too.
 bool CountsAsCanada(const Contact& contact) {
@@ -39,23 +36,6 @@ std::string StationbookText(const ContactLog& log, bool phone) {
         WriteContact(log.Row(n), phone, record);
     }
     return record.Result();
-}
-
-std::string ListAsText(const ListView& list) {
-    const std::vector<ListColumn>& columns = list.State().columns;
-    std::string text;
-    const auto writeLine = [&text, &columns](const auto& cellText) {
-        for (std::size_t column = 0; column < columns.size(); ++column) {
-            text += column == 0 ? "" : std::string(1, kTab);
-            text += cellText(column);
-        }
-        text += kLineEnd;
-    };
-    writeLine([&columns](std::size_t column) { return columns[column].caption; });
-    for (std::size_t row = list.RowCount(); row-- > 0;) {
-        writeLine([&list, row](std::size_t column) { return list.Cell(row, column); });
-    }
-    return text;
 }
 
 }  // namespace tallyhut

@@ -18,7 +18,8 @@ struct ReportsTest : testing::Test {
 
     std::string At(const std::string& name) const { return '"' + folder.Path() + '/' + name + '"'; }
     static long Count(const std::vector<std::string>& lines, const std::string& part) {
-        return std::ranges::count_if(lines, [&part](const std::string& line) { return line.find(part) + 1 > 0; });
+        return std::ranges::count_if(lines,
+                                     [&part](const std::string& line) { return line.find(part) != std::string::npos; });
     }
 };
 

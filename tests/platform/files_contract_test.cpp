@@ -82,6 +82,14 @@ TEST_P(FilesContract, WriteWhereNoFileCanStandIsRefused) {
     }
 }
 
+TEST_P(FilesContract, PathsOfOneFileAreKnownHoweverTheyAreWritten) {
+    files.Write(log, "A");
+    files.Write(At("other.txt"), "A");
+    EXPECT_TRUE(files.IsSameFile(log, At("../" + twin.folder.substr(twin.folder.rfind('/') + 1) + "/Log.txt")));
+    EXPECT_FALSE(files.IsSameFile(log, At("other.txt")));
+    EXPECT_FALSE(files.IsSameFile(At("none.txt"), At("none.txt")));
+}
+
 TEST_P(FilesContract, AppendMakesTheFileAndGoesOnAtItsEnd) {
     files.Append(log, "\"1\"\r\n");
     EXPECT_EQ(files.Read(log), "\"1\"\r\n");

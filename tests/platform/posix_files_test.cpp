@@ -94,6 +94,14 @@ TEST_F(PosixFilesTest, WriteToAFullDiskIsTold) {
     EXPECT_EQ(FailureOf([&] { files.Write(log, "A\r\n"); }), log + ": No space left on device");
 }
 
+TEST_F(PosixFilesTest, LinkLeadsToTheSameFile) {
+    files.Replace(log, "A");
+    fs::create_symlink(log, folder.At("link.txt"));
+    fs::create_directory_symlink(folder.Path(), folder.At("here"));
+    EXPECT_TRUE(files.IsSameFile(log, folder.At("link.txt")));
+    EXPECT_TRUE(files.IsSameFile(folder.At("here/Log.txt"), log));
+}
+
 TEST_F(PosixFilesTest, FullDiskIsTold) {
     fs::create_symlink("/dev/full", log);
     EXPECT_EQ(FailureOf([&] { files.Append(log, "A\r\n"); }), log + ": No space left on device");

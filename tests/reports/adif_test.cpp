@@ -106,6 +106,37 @@ TEST(Adif, SectionsLieInEntitiesAndStates) {
     }
 }
 
+TEST(SectionPlace, SectionsOfOneStateLieInIt) {
+    const std::vector<std::pair<std::vector<std::string>, std::string>> rows{
+        {{"EMA", "WMA"}, "MA"},
+        {{"NNY", "ENY", "WNY", "NLI"}, "NY"},
+        {{"NNJ", "SNJ"}, "NJ"},
+        {{"EPA", "WPA"}, "PA"},
+        {{"NFL", "WCF", "SFL"}, "FL"},
+        {{"MDC"}, "MD"},
+        {{"NTX", "STX", "WTX"}, "TX"},
+        {{"EB", "LAX", "ORG", "SB", "SCV", "SDG", "SJV", "SF", "SV"}, "CA"},
+        {{"EWA", "WWA"}, "WA"},
+        {{"OH"}, "OH"},
+        {{"ID"}, "ID"},
+    };
+    for (const auto& [sections, state] : rows) {
+        for (const std::string& section : sections) {
+            EXPECT_EQ(PlaceOfSection(section).state, state) << section;
+            EXPECT_EQ(PlaceOfSection(section).dxcc, kUnitedStates) << section;
+        }
+    }
+}
+
+TEST(SectionPlace, CanadaIsTheListThatLoggersHaveLongAgreedOn) {
+    for (const char* section : {"MAR", "NL", "QC", "ON", "OS", "OE", "GTA", "MB", "SK", "AB", "BC", "NWT"}) {
+        EXPECT_EQ(PlaceOfSection(section).dxcc, kCanada) << section;
+    }
+    for (const char* section : {"NT", "ONN", "ONS", "ONE", "PE"}) {
+        EXPECT_EQ(PlaceOfSection(section).dxcc, kUnitedStates) << section;
+    }
+}
+
 TEST(Adif, ModeIsTheContests) {
     AdifExport details = Defaults();
     details.phone = true;

@@ -239,8 +239,40 @@ TEST_F(EntryFormTest, LogItselfIsNotWrittenOver) {
     WriteCabrillo("/contest/../contest/Log.txt");
     EXPECT_EQ(LogOnDisk(), LogText({Worked("W1XX")}));
     EXPECT_EQ(dialogs.boxes.back(),
-              "message \"Unable to write file.\" \"/contest/../contest/Log.txt: This is the log itself. Choose another "
-              "name.\" OK Exclamation");
+              "message \"Unable to write file.\" \"/contest/../contest/Log.txt: This is the contest's own Log.txt. "
+              "Choose another name.\" OK Exclamation");
+}
+
+TEST_F(EntryFormTest, FilesOfTheContestAreNotWrittenOver) {
+    Start();
+    files.Put("/contest/nsonoff.txt", "");
+    for (const std::string name : {"nspref.txt", "nsonoff.txt"}) {
+        const std::string before = Content(name);
+        WriteCabrillo("/contest/" + name);
+        EXPECT_EQ(Content(name), before);
+        EXPECT_EQ(dialogs.boxes.back(), "message \"Unable to write file.\" \"/contest/" + name +
+                                            ": This is the contest's own " + name +
+                                            ". Choose another name.\" OK Exclamation");
+    }
+}
+
+TEST_F(EntryFormTest, AnswersThatCannotBeKeptAreToldAndTheEntryIsWhole) {
+    Start();
+    settings.failure = "tallyhut.ini: The settings cannot be written";
+    WriteCabrillo("/contest/entry.log");
+    EXPECT_TRUE(Content("entry.log").ends_with("END-OF-LOG:\r\n"));
+    EXPECT_EQ(dialogs.boxes.back(),
+              "message \"Unable to write file.\" \"tallyhut.ini: The settings cannot be written\" OK Exclamation");
+}
+
+TEST_F(EntryFormTest, ScoreBeyond32BitsLeavesTheLinesBeforeIt) {
+    Start();
+    program->log.gContactCount = 1'073'741'824;
+    program->sections.gSectionsWorked = 1;
+    WriteCabrillo("/contest/entry.log");
+    EXPECT_TRUE(dialogs.boxes.back().starts_with("message \"Unable to write file.\"")) << dialogs.boxes.back();
+    EXPECT_TRUE(Content("entry.log").ends_with("CATEGORY-STATION: FIXED\r\n"));
+    program->log.gContactCount = 0;
 }
 
 TEST_F(EntryFormTest, WritingChangesNothingInTheLog) {
@@ -289,6 +321,13 @@ TEST_F(EntryFormTest, PrintedSummaryHasALargeHeadAndTheFormStaysOpen) {
     EXPECT_EQ(lines.at(0), (sim::PrintedLine{"ARRL NOVEMBER SWEEPSTAKES CW CONTEST", 16}));
     EXPECT_EQ(lines.at(2).points, kPrintPoints);
     EXPECT_EQ(lines.at(lines.size() - 4).text, "Name:               Call: W9ZZZ");
+}
+
+TEST_F(EntryFormTest, PrinterThatFailsIsFatal) {
+    Start();
+    printer.FailAt(1, "Out of paper");
+    EXPECT_EQ(EndStatusOf([this] { InForm([this] { ClickInForm(form2().Command2); }); }), 1);
+    EXPECT_NE(dialogs.boxes.back().find("Out of paper"), std::string::npos);
 }
 
 TEST_F(EntryFormTest, CancelledPrintPrintsNothing) {

@@ -75,6 +75,13 @@ TEST_F(LogExportsTest, FullDiskIsToldAndLeavesThePartialAdifFile) {
     EXPECT_EQ(Content("out.adi").find("<eor>"), std::string::npos);
 }
 
+TEST_F(LogExportsTest, PathThatCannotBeOpenedIsTold) {
+    StartWith({Worked("W1XX")});
+    ExportAdif("100", "x", "/nowhere/out.adi");
+    EXPECT_EQ(dialogs.boxes.back(),
+              "message \"Unable to write file.\" \"/nowhere/out.adi: No such file or directory\" OK Exclamation");
+}
+
 TEST_F(LogExportsTest, LogItselfIsNotWrittenOver) {
     StartWith({Worked("W1XX")});
     ExportAdif("100", "x", kLogPath);

@@ -151,6 +151,11 @@ TEST_F(PaperReportsTest, CancelledPrintLeavesEverythingAsItWas) {
     printer.cancels = true;
     ChooseMenu(Main().mnuPrintLog);
     EXPECT_EQ(program->log.gContactCount, 1);
+    printer.cancels = false;
+    printer.cancelsPreview = true;
+    ChooseMenu(Main().mnuPrintLog);
+    EXPECT_EQ(program->log.gContactCount, 1);
+    EXPECT_TRUE(printer.documents.empty());
 }
 
 }  // namespace

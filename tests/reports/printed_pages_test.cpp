@@ -50,6 +50,13 @@ TEST(PrintPages, CancelPrintsNothing) {
     EXPECT_TRUE(printer.documents.empty());
 }
 
+TEST(PrintPages, CancelledPreviewIsNoPrint) {
+    sim::Printer printer;
+    printer.cancelsPreview = true;
+    EXPECT_FALSE(PrintPages(printer, "Log", {{"a"}}));
+    EXPECT_TRUE(printer.documents.empty());
+}
+
 TEST(PrintPages, FailureDropsTheDocument) {
     for (int nth = 1; nth <= 4; ++nth) {  // two lines, a page, the end
         sim::Printer printer;

@@ -131,18 +131,16 @@ TEST(SummarySheet, MultioperatorNamesTheOperators) {
     EXPECT_TRUE(Holds(Sheet(answers, CwStation()), " X Multioperator K1AA K1BB"));
 }
 
-TEST(SummarySheet, PrintedSheetDiffersInTwoBlanks) {
+// The name's literals differ as well, but both lead to the same column.
+TEST(SummarySheet, PrintedSheetDiffersInOneBlankBeforeTheCall) {
     SummaryAnswers answers;
     answers.name = "Rene";
-    const Lines file = Sheet(answers, CwStation());
+    Lines file = Sheet(answers, CwStation());
     const Lines printed = Sheet(answers, CwStation(), 0, 0, kPrintLiterals);
-    ASSERT_EQ(file.size(), printed.size());
-    for (std::size_t i = 0; i < file.size(); ++i) {
-        if (file[i] != printed[i]) {
-            EXPECT_EQ(file[i], "Name:          Rene     Call:W9ZZZ");
-            EXPECT_EQ(printed[i], "Name:          Rene     Call: W9ZZZ");
-        }
-    }
+    const auto line = std::ranges::find(file, "Name:          Rene     Call:W9ZZZ");
+    ASSERT_NE(line, file.end());
+    *line = "Name:          Rene     Call: W9ZZZ";
+    EXPECT_EQ(file, printed);
 }
 
 TEST(SummarySheet, AllSectionsWorkedLeaveNoList) {

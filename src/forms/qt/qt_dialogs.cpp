@@ -76,6 +76,7 @@ std::optional<std::string> QtDialogs::DoSaveFile(const FileRequest& request) {
     dialog.setFileMode(QFileDialog::AnyFile);
     dialog.setOption(QFileDialog::DontConfirmOverwrite, !request.overwritePrompt);
     Prepare(dialog, request);
+    dialog.setDefaultSuffix(QFileInfo{dialog.selectedFiles().value(0)}.suffix());
     return RunDialog(dialog, *desk_) ? ChosenPath(dialog) : std::nullopt;
 }
 

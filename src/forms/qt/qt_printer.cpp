@@ -39,16 +39,17 @@ void QtPrinter::NewPage() {
     document_.pages.emplace_back();
 }
 
-void QtPrinter::End() {
+bool QtPrinter::End() {
     if (previewAsked_) {
         PrintPreview preview{document_, *printer_, DialogParent(*desk_)};
         if (!RunDialog(preview, *desk_)) {
             Forget();
-            return;
+            return false;
         }
     }
     Print();
     Forget();
+    return true;
 }
 
 void QtPrinter::Abort() {

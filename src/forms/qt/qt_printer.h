@@ -23,7 +23,7 @@ public:
     bool Begin(const std::string& title) override;
     void Line(const std::string& text, int points = kPrintPoints) override;
     void NewPage() override;
-    void End() override;
+    bool End() override;
     void Abort() override;
 
 private:

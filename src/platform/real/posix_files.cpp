@@ -249,9 +249,7 @@ void PosixFiles::Write(const std::string& path, std::string_view content) {
 
 void PosixFiles::Copy(const std::string& from, const std::string& to) {
     const std::string content = Read(from);
-    const auto source = StatusOf(from);
-    const auto target = StatusOf(to);
-    if (source && target && source->st_dev == target->st_dev && source->st_ino == target->st_ino) {
+    if (IsSameFile(from, to)) {
         throw PathError(to, kCopyOntoItself);
     }
     Replace(to, content);
@@ -265,6 +263,12 @@ bool PosixFiles::FileExists(const std::string& path) const {
 bool PosixFiles::FolderExists(const std::string& path) const {
     const auto status = StatusOf(path);
     return status && S_ISDIR(status->st_mode);
+}
+
+bool PosixFiles::IsSameFile(const std::string& one, const std::string& other) const {
+    const auto first = StatusOf(one);
+    const auto second = StatusOf(other);
+    return first && second && first->st_dev == second->st_dev && first->st_ino == second->st_ino;
 }
 
 void PosixFiles::MakeFolder(const std::string& path) {

@@ -20,6 +20,7 @@ struct PosixFiles : Files {
     /// True for devices too.
     bool FileExists(const std::string& path) const override;
     bool FolderExists(const std::string& path) const override;
+    bool IsSameFile(const std::string& one, const std::string& other) const override;
     void MakeFolder(const std::string& path) override;
     std::string CurrentFolder() const override;
     void CheckWritable(const std::string& folder) const override;

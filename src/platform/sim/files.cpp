@@ -136,6 +136,10 @@ bool Files::FolderExists(const std::string& path) const {
     return folders_.contains(Whole(path));
 }
 
+bool Files::IsSameFile(const std::string& one, const std::string& other) const {
+    return contents.contains(Whole(one)) && Whole(one) == Whole(other);
+}
+
 void Files::MakeFolder(const std::string& path) {
     const std::string place = Whole(path);
     BeginChange(path, place);

@@ -22,6 +22,7 @@ struct Files : tallyhut::Files {
     void Copy(const std::string& from, const std::string& to) override;
     bool FileExists(const std::string& path) const override;
     bool FolderExists(const std::string& path) const override;
+    bool IsSameFile(const std::string& one, const std::string& other) const override;
     void MakeFolder(const std::string& path) override;
     std::string CurrentFolder() const override { return currentFolder_; }
     void CheckWritable(const std::string& folder) const override;

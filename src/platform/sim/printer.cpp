@@ -27,10 +27,11 @@ void Printer::NewPage() {
     Open().pages.emplace_back();
 }
 
-void Printer::End() {
+bool Printer::End() {
     BeginOperation();
-    documents.push_back(std::move(Open()));
+    (cancelsPreview ? aborted : documents).push_back(std::move(Open()));
     unfinished.reset();
+    return !cancelsPreview;
 }
 
 void Printer::Abort() {

@@ -25,7 +25,8 @@ struct PrintedDocument {
 /// Keeps what was printed. A program that prints outside a document, or begins one within another, fails the test with
 /// a std::logic_error.
 struct Printer : tallyhut::Printer {
-    bool cancels = false;  ///< what the operator answers at Begin
+    bool cancels = false;         ///< what the operator answers at Begin
+    bool cancelsPreview = false;  ///< and at End
 
     std::vector<PrintedDocument> documents;     ///< those that were ended, in order
     std::vector<PrintedDocument> aborted;       ///< those that were dropped, as far as they went
@@ -34,7 +35,7 @@ struct Printer : tallyhut::Printer {
     bool Begin(const std::string& title) override;
     void Line(const std::string& text, int points = kPrintPoints) override;
     void NewPage() override;
-    void End() override;
+    bool End() override;
     void Abort() override;
 
     /// Makes the nth Line, NewPage or End from now fail for the reason, and leave all as it was. 1 is the next one.

@@ -171,7 +171,7 @@ TEST_F(QtPrinterTest, EachButtonOfThePreviewHasAKeyOfItsOwn) {
         }
         ButtonOf(dialog, "Cancel").click();
     });
-    printer.End();
+    EXPECT_FALSE(printer.End());
     EXPECT_EQ(keys, "Alt+R Alt+N Alt+W Alt+D Alt+I Alt+O Alt+P Alt+C ");
 }
 

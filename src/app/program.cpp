@@ -1,6 +1,7 @@
 #include "app/program.h"
 
 #include "platform/platform_error.h"
+#include "support/form_scaling.h"
 
 namespace tallyhut {
 namespace {
@@ -38,15 +39,17 @@ Program::Program(const Machine& lent, const std::string& workingDirectory)
       station{form1, stationForm, desk, preferences, preferencesFile, lent.settings},
       utcOffset{desk, preferences, preferencesFile},
       question{desk, station, copies, reload, entry, preferences},
+      layout{form1, lent.screen, preferences, preferencesFile},
       keys{preferences, entry},
-      startUp{machine,  form1,   directories, shared, preferences, preferencesFile, log,
-              sections, message, time,        band,   entry,       utcOffset,       question},
+      startUp{machine, form1, directories, shared, preferences, preferencesFile, log,   sections,
+              message, time,  band,        entry,  utcOffset,   question,        layout},
       shortDate_{lent.environment.ShortDatePicture()} {
     time.shortDate = shortDate_;
     station.SetSharedPreference = [this](std::string_view key, std::string_view value, bool saveNow) {
         shared.SetSharedPreference(key, value, saveNow);
     };
     desk.onFatal = [this](const std::exception& failure) { TellFatal(failure); };
+    SectionTable::PlaceLabels(form1);
     BindMainForm();
     BindEntryFields();
     BindPostContest();
@@ -54,6 +57,21 @@ Program::Program(const Machine& lent, const std::string& workingDirectory)
     BindEditForm();
     BindStationForm();
     BindMenus();
+    for (Form* form : desk.Forms()) {
+        if (form != &form1) {
+            ScaleAtLoad(*form);
+        }
+    }
+}
+
+/// The first step of a form's load, whatever else it does: to be called when the form's own is bound.
+void Program::ScaleAtLoad(Form& form) {
+    form.Form_Load = [this, &form, load = form.Form_Load] {
+        ScaleSmallForm(form, machine.screen);
+        if (load) {
+            load();
+        }
+    };
 }
 
 void Program::BindMainForm() {
@@ -151,6 +169,8 @@ void Program::BindMenus() {
     form1.numopt.Click = [this] { entry.numopt_Click(); };
     form1.callopt.Click = [this] { entry.callopt_Click(); };
     form1.mnuCallTwice.Click = [this] { entry.mnuCallTwice_Click(); };
+    form1.mnuFormSize.Click = [this] { layout.mnuFormSize_Click(); };
+    form1.mnuTaskbar.Click = [this] { layout.mnuTaskbar_Click(); };
     form1.mnuDXSpotsColor.Click = [this] { Toggle(form1.mnuDXSpotsColor, preferences.gColorNeededSpots); };
     form1.mnuAudioAlert.Click = [this] { Toggle(form1.mnuAudioAlert, preferences.gAudioAlert); };
 }

@@ -47,6 +47,7 @@ struct Program {
     Station station;
     UtcOffsetCheck utcOffset;
     StartQuestion question;
+    MainFormLayout layout;
     MainFormKeys keys;
     StartUp startUp;
 
@@ -64,6 +65,7 @@ private:
     void BindContacts();
     void BindEditForm();
     void BindStationForm();
+    void ScaleAtLoad(Form& form);
     void BindMenus();
     void ClaimFolder();
     void frmSplash_Load();

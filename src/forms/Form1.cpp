@@ -180,6 +180,8 @@ Form1::Form1(Desk& owner)
       callopt{mnuTabOrder, "callopt", "Begin in Call Field"},
       mnuCallTwice{mnuTabOrder, "mnuCallTwice", "Begin in Call Field and pass through Call again"},
       mnuAppearance{*this, "mnuAppearance", "&Appearance"},
+      mnuFormSize{mnuAppearance, "mnuFormSize", "&Form Size"},
+      mnuTaskbar{mnuAppearance, "mnuTaskbar", "&Taskbar"},
       mnuDXSpotsColor{mnuAppearance, "mnuDXSpotsColor", "Color &Needed DX Spots Green"},
       mnuAudioAlert{mnuAppearance, "mnuAudioAlert", "&Audio Alert of Needed Spots"},
       Timer1{*this, "Timer1", 60'000, true},

@@ -103,6 +103,8 @@ struct Form1 : Form {
     MenuEntry callopt;
     MenuEntry mnuCallTwice;
     MenuEntry mnuAppearance;
+    MenuEntry mnuFormSize;
+    MenuEntry mnuTaskbar;
     MenuEntry mnuDXSpotsColor;
     MenuEntry mnuAudioAlert;
 

@@ -18,6 +18,7 @@ Program::Program(const Machine& lent, const std::string& workingDirectory)
       logo{desk},
       editForm{desk},
       stationForm{desk},
+      colourForm{desk},
       directories{.WorkingDirectory = workingDirectory, .DataDirectory = {}, .SharedDirectory = {}},
       shared{lent.files},
       preferencesFile{lent.files, directories, preferences},
@@ -39,6 +40,7 @@ Program::Program(const Machine& lent, const std::string& workingDirectory)
       station{form1, stationForm, desk, preferences, preferencesFile, lent.settings},
       utcOffset{desk, preferences, preferencesFile},
       question{desk, station, copies, reload, entry, preferences},
+      colours{colourForm, desk, preferences, preferencesFile, reload},
       layout{form1, lent.screen, preferences, preferencesFile},
       keys{preferences, entry},
       startUp{machine, form1, directories, shared, preferences, preferencesFile, log,   sections,
@@ -56,6 +58,7 @@ Program::Program(const Machine& lent, const std::string& workingDirectory)
     BindContacts();
     BindEditForm();
     BindStationForm();
+    BindColourForm();
     BindMenus();
     for (Form* form : desk.Forms()) {
         if (form != &form1) {
@@ -155,6 +158,13 @@ void Program::BindStationForm() {
     stationForm.Command1.Click = [this] { station.Command1_Click(); };
 }
 
+void Program::BindColourForm() {
+    colourForm.Form_Load = [this] { colours.Form6_Load(); };
+    colourForm.Command1.Click = [this] { colours.Command1_Click(); };
+    colourForm.Command3.Click = [this] { colours.Command3_Click(); };
+    colourForm.Command6.Click = [this] { colours.Command6_Click(); };
+}
+
 void Program::BindMenus() {
     form1.mnuOpen.Click = [this] { reload.mnuopen2(); };
     form1.mnuNew.Click = [this] { copies.mnuNew_Click(); };
@@ -171,6 +181,7 @@ void Program::BindMenus() {
     form1.mnuCallTwice.Click = [this] { entry.mnuCallTwice_Click(); };
     form1.mnuFormSize.Click = [this] { layout.mnuFormSize_Click(); };
     form1.mnuTaskbar.Click = [this] { layout.mnuTaskbar_Click(); };
+    form1.mnuColors.Click = [this] { colours.mnuColors_Click(); };
     form1.mnuDXSpotsColor.Click = [this] { Toggle(form1.mnuDXSpotsColor, preferences.gColorNeededSpots); };
     form1.mnuAudioAlert.Click = [this] { Toggle(form1.mnuAudioAlert, preferences.gAudioAlert); };
 }

@@ -4,9 +4,11 @@
 
 #include "app/main_form_keys.h"
 #include "app/start_up.h"
+#include "forms/Form6.h"
 #include "forms/frmQ7ZZQLogo.h"
 #include "forms/frmSplash.h"
 #include "log/contact_editing.h"
+#include "log/section_colours.h"
 
 namespace tallyhut {
 
@@ -22,6 +24,7 @@ struct Program {
     frmQ7ZZQLogo logo;
     frmEditCon editForm;
     frmStationID stationForm;
+    Form6 colourForm;
 
     Directories directories;
     SharedPreferences shared;
@@ -47,6 +50,7 @@ struct Program {
     Station station;
     UtcOffsetCheck utcOffset;
     StartQuestion question;
+    SectionColours colours;
     MainFormLayout layout;
     MainFormKeys keys;
     StartUp startUp;
@@ -65,6 +69,7 @@ private:
     void BindContacts();
     void BindEditForm();
     void BindStationForm();
+    void BindColourForm();
     void ScaleAtLoad(Form& form);
     void BindMenus();
     void ClaimFolder();

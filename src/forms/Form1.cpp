@@ -182,6 +182,7 @@ Form1::Form1(Desk& owner)
       mnuAppearance{*this, "mnuAppearance", "&Appearance"},
       mnuFormSize{mnuAppearance, "mnuFormSize", "&Form Size"},
       mnuTaskbar{mnuAppearance, "mnuTaskbar", "&Taskbar"},
+      mnuColors{mnuAppearance, "mnuColors", "&Colors"},
       mnuDXSpotsColor{mnuAppearance, "mnuDXSpotsColor", "Color &Needed DX Spots Green"},
       mnuAudioAlert{mnuAppearance, "mnuAudioAlert", "&Audio Alert of Needed Spots"},
       Timer1{*this, "Timer1", 60'000, true},

@@ -105,6 +105,7 @@ struct Form1 : Form {
     MenuEntry mnuAppearance;
     MenuEntry mnuFormSize;
     MenuEntry mnuTaskbar;
+    MenuEntry mnuColors;
     MenuEntry mnuDXSpotsColor;
     MenuEntry mnuAudioAlert;
 

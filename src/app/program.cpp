@@ -1,5 +1,6 @@
 #include "app/program.h"
 
+#include "app/about.h"
 #include "platform/platform_error.h"
 #include "support/form_scaling.h"
 
@@ -18,6 +19,7 @@ Program::Program(const Machine& lent, const std::string& workingDirectory)
       logo{desk},
       editForm{desk},
       stationForm{desk},
+      helpForm{desk},
       colourForm{desk},
       directories{.WorkingDirectory = workingDirectory, .DataDirectory = {}, .SharedDirectory = {}},
       shared{lent.files},
@@ -41,6 +43,7 @@ Program::Program(const Machine& lent, const std::string& workingDirectory)
       utcOffset{desk, preferences, preferencesFile},
       question{desk, station, copies, reload, entry, preferences},
       colours{colourForm, desk, preferences, preferencesFile, reload},
+      help{helpForm, lent.files, directories},
       layout{form1, lent.screen, preferences, preferencesFile},
       keys{preferences, entry},
       startUp{machine, form1, directories, shared, preferences, preferencesFile, log,   sections,
@@ -59,6 +62,7 @@ Program::Program(const Machine& lent, const std::string& workingDirectory)
     BindEditForm();
     BindStationForm();
     BindColourForm();
+    BindHelpForm();
     BindMenus();
     for (Form* form : desk.Forms()) {
         if (form != &form1) {
@@ -165,6 +169,12 @@ void Program::BindColourForm() {
     colourForm.Command6.Click = [this] { colours.Command6_Click(); };
 }
 
+void Program::BindHelpForm() {
+    helpForm.Form_Load = [this] { help.Form5_Load(); };
+    helpForm.Command1.Click = [this] { help.Command1_Click(); };
+    helpForm.Command2.Click = [this] { help.Command2_Click(); };
+}
+
 void Program::BindMenus() {
     form1.mnuOpen.Click = [this] { reload.mnuopen2(); };
     form1.mnuNew.Click = [this] { copies.mnuNew_Click(); };
@@ -184,6 +194,8 @@ void Program::BindMenus() {
     form1.mnuColors.Click = [this] { colours.mnuColors_Click(); };
     form1.mnuDXSpotsColor.Click = [this] { Toggle(form1.mnuDXSpotsColor, preferences.gColorNeededSpots); };
     form1.mnuAudioAlert.Click = [this] { Toggle(form1.mnuAudioAlert, preferences.gAudioAlert); };
+    form1.mnuHelp.Click = [this] { help.mnuHelp_Click(); };
+    form1.mnuAbout.Click = [this] { machine.dialogs.Show(AboutBox()); };
 }
 
 void Program::Toggle(MenuEntry& menuEntry, std::uint8_t& value) {

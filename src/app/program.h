@@ -4,11 +4,13 @@
 
 #include "app/main_form_keys.h"
 #include "app/start_up.h"
+#include "forms/Form5.h"
 #include "forms/Form6.h"
 #include "forms/frmQ7ZZQLogo.h"
 #include "forms/frmSplash.h"
 #include "log/contact_editing.h"
 #include "log/section_colours.h"
+#include "support/help_page.h"
 
 namespace tallyhut {
 
@@ -24,6 +26,7 @@ struct Program {
     frmQ7ZZQLogo logo;
     frmEditCon editForm;
     frmStationID stationForm;
+    Form5 helpForm;
     Form6 colourForm;
 
     Directories directories;
@@ -51,6 +54,7 @@ struct Program {
     UtcOffsetCheck utcOffset;
     StartQuestion question;
     SectionColours colours;
+    HelpPage help;
     MainFormLayout layout;
     MainFormKeys keys;
     StartUp startUp;
@@ -70,6 +74,7 @@ private:
     void BindEditForm();
     void BindStationForm();
     void BindColourForm();
+    void BindHelpForm();
     void ScaleAtLoad(Form& form);
     void BindMenus();
     void ClaimFolder();

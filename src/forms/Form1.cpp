@@ -185,6 +185,9 @@ Form1::Form1(Desk& owner)
       mnuColors{mnuAppearance, "mnuColors", "&Colors"},
       mnuDXSpotsColor{mnuAppearance, "mnuDXSpotsColor", "Color &Needed DX Spots Green"},
       mnuAudioAlert{mnuAppearance, "mnuAudioAlert", "&Audio Alert of Needed Spots"},
+      mnuHelpTitle{*this, "mnuHelpTitle", "&Help"},
+      mnuHelp{mnuHelpTitle, "mnuHelp", "&Help"},
+      mnuAbout{mnuHelpTitle, "mnuAbout", "&About"},
       Timer1{*this, "Timer1", 60'000, true},
       Timer2{*this, "Timer2", 1'000, true} {}
 

@@ -108,6 +108,9 @@ struct Form1 : Form {
     MenuEntry mnuColors;
     MenuEntry mnuDXSpotsColor;
     MenuEntry mnuAudioAlert;
+    MenuEntry mnuHelpTitle;
+    MenuEntry mnuHelp;
+    MenuEntry mnuAbout;
 
     Timer Timer1;  ///< rates
     Timer Timer2;  ///< clocks

@@ -1,5 +1,6 @@
 #include "app/main_form_layout.h"
 
+#include "app/about.h"
 #include "tests/log/program_fixture.h"
 
 namespace tallyhut {
@@ -172,6 +173,46 @@ TEST_F(MainFormLayoutTest, FormsTakeTheirShareOfTheScreenAtEachLoad) {
     program->stationForm.Load();
     EXPECT_EQ(program->stationForm.FormPlace().width, 13440);
     EXPECT_EQ(program->logo.FormPlace().width, 7200);
+}
+
+TEST_F(MainFormLayoutTest, MenusHaveTheirEntriesInOrder) {
+    Start();
+    const auto entries = [](const MenuEntry& menu) {
+        std::string text = menu.Caption();
+        for (const MenuEntry* entry : menu.Entries()) {
+            text += " | " + entry->name + ' ' + entry->Caption();
+        }
+        return text;
+    };
+    EXPECT_EQ(entries(Main().mnuAppearance),
+              "&Appearance | mnuFormSize &Form Size | mnuTaskbar &Taskbar | mnuColors &Colors | mnuDXSpotsColor Color "
+              "&Needed DX Spots Green | mnuAudioAlert &Audio Alert of Needed Spots");
+    EXPECT_EQ(entries(Main().mnuHelpTitle), "&Help | mnuHelp &Help | mnuAbout &About");
+    EXPECT_EQ(Main().Menus().back(), &Main().mnuHelpTitle);
+}
+
+TEST_F(MainFormLayoutTest, AboutTellsNameVersionAndLicence) {
+    Start();
+    ChooseMenu(Main().mnuAbout);
+    EXPECT_EQ(dialogs.boxes, std::vector<std::string>{
+                                 "message \"About Tallyhut Log\" \"Tallyhut Log " + std::string{ProgramVersion()} +
+                                 "\r\n\r\nA contest logger for the ARRL November Sweepstakes.\r\n\r\nFree "
+                                 "software under the MIT licence.\" OK Information"});
+}
+
+TEST_F(MainFormLayoutTest, HelpOpensThePageOfTheFolder) {
+    files.Put("/contest/readns.txt", "LOG\r\n");
+    Start();
+    std::string shown;
+    pump.OnWait([&] {
+        shown = program->helpForm.Text1.Text();
+        TheDesk().PostClick(program->helpForm.Command2, kLeftButton);
+        TheDesk().PostClick(program->helpForm.Command1, kLeftButton);
+    });
+    ChooseMenu(Main().mnuHelp);
+    EXPECT_EQ(shown, "LOG\r\n");
+    EXPECT_EQ(files.contents.at("/contest/HelpSB.txt"), "\"LOG\r\n\"\r\n");
+    EXPECT_FALSE(program->helpForm.IsLoaded());
 }
 
 }  // namespace

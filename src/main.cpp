@@ -60,7 +60,7 @@ int main(int argc, char** argv) {
         if (options.console || !HasDisplay()) {
             return RunConsole(options, directory, DataFolder(), 0, std::cout);
         }
-        return RunWindow(argc, argv, directory, DataFolder());
+        return RunWindow(argc, argv, options, directory, DataFolder());
     } catch (const ValueError& error) {
         std::cerr << "tallyhut: " << error.what() << "\n" << UsageText();
         return 2;

@@ -18,7 +18,8 @@
 
 namespace tallyhut {
 
-int RunWindow(int& argc, char** argv, const std::string& workingDirectory, const std::string& dataFolder) {
+int RunWindow(int& argc, char** argv, const Options& options, const std::string& workingDirectory,
+              const std::string& dataFolder) {
     QApplication application{argc, argv};
     QApplication::setApplicationName("tallyhut");
     QApplication::setQuitOnLastWindowClosed(false);
@@ -47,6 +48,9 @@ int RunWindow(int& argc, char** argv, const std::string& workingDirectory, const
     WindowHost host{program.desk, pump};
     pump.onTerminate = [&program] { program.RequestClose(); };
     try {
+        if (options.chooseDirectory) {
+            program.ChooseDirectory();
+        }
         program.Start();
         program.Run();
     } catch (const ProgramEnd& end) {

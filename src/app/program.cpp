@@ -45,6 +45,7 @@ Program::Program(const Machine& lent, const std::string& workingDirectory)
       colours{colourForm, desk, preferences, preferencesFile, reload},
       help{helpForm, lent.files, directories},
       layout{form1, lent.screen, preferences, preferencesFile},
+      folderChoice{lent.files, lent.dialogs, lent.settings, lent.environment},
       keys{preferences, entry},
       startUp{machine, form1, directories, shared, preferences, preferencesFile, log,   sections,
               message, time,  band,        entry,  utcOffset,   question,        layout},
@@ -202,6 +203,14 @@ void Program::Toggle(MenuEntry& menuEntry, std::uint8_t& value) {
     value = value == 1 ? 0 : 1;
     menuEntry.SetChecked(value == 1);
     preferencesFile.SavePref();
+}
+
+void Program::ChooseDirectory() {
+    const std::optional<std::string> chosen = folderChoice.Choose();
+    if (!chosen) {
+        desk.pump.EndProgram(0);
+    }
+    directories.WorkingDirectory = *chosen;
 }
 
 void Program::Start() {

@@ -2,6 +2,7 @@
 
 #include <memory>
 
+#include "app/folder_choice.h"
 #include "app/main_form_keys.h"
 #include "app/start_up.h"
 #include "forms/Form5.h"
@@ -56,9 +57,12 @@ struct Program {
     SectionColours colours;
     HelpPage help;
     MainFormLayout layout;
+    FolderChoice folderChoice;
     MainFormKeys keys;
     StartUp startUp;
 
+    /// Asks for the working directory before the start; ends the program if none is chosen.
+    void ChooseDirectory();
     /// Takes the folder for itself, asks what a start asks, and shows the main form.
     void Start();
     /// Serves the operator until the program ends.

@@ -130,6 +130,9 @@ int RunConsole(const Options& options, const std::string& workingDirectory, cons
                 output.Event({{"event", name}, {"form", form.name}});
             }
         };
+        if (options.chooseDirectory) {
+            program.ChooseDirectory();
+        }
         program.Start();
         program.Run();
     } catch (const ProgramEnd& end) {

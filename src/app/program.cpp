@@ -19,6 +19,8 @@ Program::Program(const Machine& lent, const std::string& workingDirectory)
       logo{desk},
       editForm{desk},
       stationForm{desk},
+      form2{desk},
+      portsForm{desk},
       helpForm{desk},
       colourForm{desk},
       directories{.WorkingDirectory = workingDirectory, .DataDirectory = {}, .SharedDirectory = {}},
@@ -40,8 +42,13 @@ Program::Program(const Machine& lent, const std::string& workingDirectory)
       editing{form1, editForm, desk, log, sections, logFile, fields, list, reload},
       copies{desk, lent.files, directories, log, logFile, preferences, preferencesFile, time, rates, reload},
       station{form1, stationForm, desk, preferences, preferencesFile, lent.settings},
+      ports{portsForm, desk, lent.serialPorts},
       utcOffset{desk, preferences, preferencesFile},
       question{desk, station, copies, reload, entry, preferences},
+      entryForm{form1,   form2,    desk,          directories, preferences, log,
+                logFile, sections, lent.settings, shared,      lent.printer},
+      paperReports{form1, desk, directories, log, sections, preferences, logFile, reload, message, lent.printer},
+      exports{form1, desk, directories, preferences, log, logFile},
       colours{colourForm, desk, preferences, preferencesFile, reload},
       help{helpForm, lent.files, directories},
       layout{form1, lent.screen, preferences, preferencesFile},
@@ -51,6 +58,7 @@ Program::Program(const Machine& lent, const std::string& workingDirectory)
               message, time,  band,        entry,  utcOffset,   question,        layout},
       shortDate_{lent.environment.ShortDatePicture()} {
     time.shortDate = shortDate_;
+    exports.shortDate = shortDate_;
     station.SetSharedPreference = [this](std::string_view key, std::string_view value, bool saveNow) {
         shared.SetSharedPreference(key, value, saveNow);
     };
@@ -64,7 +72,9 @@ Program::Program(const Machine& lent, const std::string& workingDirectory)
     BindStationForm();
     BindColourForm();
     BindHelpForm();
+    BindPortsForm();
     BindMenus();
+    BindReports();
     for (Form* form : desk.Forms()) {
         if (form != &form1) {
             ScaleAtLoad(*form);
@@ -163,6 +173,18 @@ void Program::BindStationForm() {
     stationForm.Command1.Click = [this] { station.Command1_Click(); };
 }
 
+void Program::BindPortsForm() {
+    portsForm.Form_Load = [this] { ports.frmPorts_Load(); };
+    portsForm.lstPorts.Click = [this] { ports.lstPorts_Click(); };
+    portsForm.lstDevices.Click = [this] { ports.lstDevices_Click(); };
+    portsForm.lstDevices.DblClick = [this] { ports.cmdUse_Click(); };
+    portsForm.lstDevices.KeyPress = [this](int& KeyAscii) { ports.Device_KeyPress(KeyAscii); };
+    portsForm.txtDevice.KeyPress = [this](int& KeyAscii) { ports.Device_KeyPress(KeyAscii); };
+    portsForm.cmdUse.Click = [this] { ports.cmdUse_Click(); };
+    portsForm.cmdLook.Click = [this] { ports.cmdLook_Click(); };
+    portsForm.cmdDone.Click = [this] { ports.cmdDone_Click(); };
+}
+
 void Program::BindColourForm() {
     colourForm.Form_Load = [this] { colours.Form6_Load(); };
     colourForm.Command1.Click = [this] { colours.Command1_Click(); };
@@ -184,6 +206,7 @@ void Program::BindMenus() {
     form1.mnuPostContest.Click = [this] { postContest.mnuPostContest_Click(); };
     form1.mnuExit.Click = [this] { mnuExit_Click(); };
     form1.mnuSetup.Click = [this] { station.mnuSetup_Click(); };
+    form1.mnuPorts.Click = [this] { ports.mnuPorts_Click(); };
     for (const BandRow& row : kBands) {
         (form1.*row.entry).Click = [this, &row] { band.ChooseBand(row.band); };
     }
@@ -197,6 +220,24 @@ void Program::BindMenus() {
     form1.mnuAudioAlert.Click = [this] { Toggle(form1.mnuAudioAlert, preferences.gAudioAlert); };
     form1.mnuHelp.Click = [this] { help.mnuHelp_Click(); };
     form1.mnuAbout.Click = [this] { machine.dialogs.Show(AboutBox()); };
+}
+
+void Program::BindReports() {
+    form2.Form_Load = [this] { entryForm.Form2_Load(); };
+    form2.Text2.KeyPress = [this](int& KeyAscii) { entryForm.Text2_KeyPress(KeyAscii); };
+    form2.Command1.Click = [this] { entryForm.Command1_Click(); };
+    form2.Command2.Click = [this] { entryForm.Command2_Click(); };
+    form2.Command3.Click = [this] { entryForm.Command3_Click(); };
+    form2.Command4.Click = [this] { entryForm.Command4_Click(); };
+    form1.mnuCabrillo.Click = [this] { entryForm.Open(); };
+    form1.mnuSummary.Click = [this] { entryForm.Open(); };
+    form1.expADIF.Click = [this] { exports.expADIF_Click(); };
+    form1.mnuExport.Click = [this] { exports.mnuExport_Click(); };
+    form1.mnuCopyListtoClipboard.Click = [this] { exports.mnuCopyListtoClipboard_Click(); };
+    form1.mnuPrintLog.Click = [this] { paperReports.PrintLog(); };
+    form1.mnuPrintDupe.Click = [this] { paperReports.PrintDupeSheet(); };
+    form1.mnuWriteLog.Click = [this] { paperReports.WriteLogFile(); };
+    form1.mnuWriteDupe.Click = [this] { paperReports.WriteDupeFile(); };
 }
 
 void Program::Toggle(MenuEntry& menuEntry, std::uint8_t& value) {

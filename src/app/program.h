@@ -5,13 +5,18 @@
 #include "app/folder_choice.h"
 #include "app/main_form_keys.h"
 #include "app/start_up.h"
+#include "forms/Form2.h"
 #include "forms/Form5.h"
 #include "forms/Form6.h"
 #include "forms/frmQ7ZZQLogo.h"
 #include "forms/frmSplash.h"
 #include "log/contact_editing.h"
 #include "log/section_colours.h"
+#include "reports/entry_form.h"
+#include "reports/log_exports.h"
+#include "reports/paper_reports.h"
 #include "support/help_page.h"
+#include "support/ports_setup.h"
 
 namespace tallyhut {
 
@@ -27,6 +32,8 @@ struct Program {
     frmQ7ZZQLogo logo;
     frmEditCon editForm;
     frmStationID stationForm;
+    Form2 form2;
+    frmPorts portsForm;
     Form5 helpForm;
     Form6 colourForm;
 
@@ -52,8 +59,12 @@ struct Program {
     ContactEditing editing;
     LogCopies copies;
     Station station;
+    PortsSetup ports;
     UtcOffsetCheck utcOffset;
     StartQuestion question;
+    EntryForm entryForm;
+    PaperReports paperReports;
+    LogExports exports;
     SectionColours colours;
     HelpPage help;
     MainFormLayout layout;
@@ -77,10 +88,12 @@ private:
     void BindContacts();
     void BindEditForm();
     void BindStationForm();
+    void BindPortsForm();
     void BindColourForm();
     void BindHelpForm();
     void ScaleAtLoad(Form& form);
     void BindMenus();
+    void BindReports();
     void ClaimFolder();
     void frmSplash_Load();
     void Toggle(MenuEntry& entry, std::uint8_t& value);

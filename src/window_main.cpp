@@ -20,8 +20,8 @@
 
 namespace tallyhut {
 
-int RunWindow(int& argc, char** argv, const std::string& workingDirectory, const std::string& dataFolder,
-              const std::map<int, std::string>& ports) {
+int RunWindow(int& argc, char** argv, const Options& options, const std::string& workingDirectory,
+              const std::string& dataFolder) {
     QApplication application{argc, argv};
     QApplication::setApplicationName("tallyhut");
     QApplication::setQuitOnLastWindowClosed(false);
@@ -37,7 +37,7 @@ int RunWindow(int& argc, char** argv, const std::string& workingDirectory, const
     PosixFiles files;
     IniSettings settings;
     DesktopEnvironment environment;
-    TtyPorts serialPorts{settings, ports};
+    TtyPorts serialPorts{settings, options.ports};
     Program program{{.clock = clock,
                      .pump = pump,
                      .dialogs = dialogs,
@@ -55,6 +55,9 @@ int RunWindow(int& argc, char** argv, const std::string& workingDirectory, const
     WindowHost host{program.desk, pump};
     pump.onTerminate = [&program] { program.RequestClose(); };
     try {
+        if (options.chooseDirectory) {
+            program.ChooseDirectory();
+        }
         program.Start();
         program.Run();
     } catch (const ProgramEnd& end) {

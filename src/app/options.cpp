@@ -9,7 +9,8 @@
 namespace tallyhut {
 namespace {
 
-constexpr std::string_view kUsage = R"(usage: tallyhut [--directory DIR] [--port N=DEVICE]
+constexpr std::string_view kUsage = R"(usage: tallyhut [--directory DIR | --choose-directory]
+                [--port N=DEVICE]
        tallyhut --console [--directory DIR] [--clock 2026-11-07T21:04:33]
                 [--utc-offset HOURS] [--screen WxH[,WORKxAREA]]
                 [--port N=DEVICE|sim]
@@ -18,6 +19,7 @@ Tallyhut Log, a contest logger for the ARRL November Sweepstakes.
 
   --directory DIR    the folder of the contest: log, settings, reports
                      (default: the folder the program is started in)
+  --choose-directory asks for that folder, offering the one chosen last
   --console          no window: commands on standard input, JSON lines on
                      standard output; see docs/console.md
   --clock TIME       (console) a clock that only commands move, from TIME on
@@ -87,6 +89,7 @@ struct FlagOption {
 
 constexpr std::array kFlagOptions{
     FlagOption{"--console", [](Options& options) { options.console = true; }},
+    FlagOption{"--choose-directory", [](Options& options) { options.chooseDirectory = true; }},
     FlagOption{"--help", [](Options& options) { options.help = true; }},
     FlagOption{"--version", [](Options& options) { options.version = true; }},
 };

@@ -1,6 +1,8 @@
 #include "app/program.h"
 
+#include "app/about.h"
 #include "platform/platform_error.h"
+#include "support/form_scaling.h"
 
 namespace tallyhut {
 namespace {
@@ -19,6 +21,8 @@ Program::Program(const Machine& lent, const std::string& workingDirectory)
       stationForm{desk},
       form2{desk},
       portsForm{desk},
+      helpForm{desk},
+      colourForm{desk},
       directories{.WorkingDirectory = workingDirectory, .DataDirectory = {}, .SharedDirectory = {}},
       shared{lent.files},
       preferencesFile{lent.files, directories, preferences},
@@ -45,9 +49,13 @@ Program::Program(const Machine& lent, const std::string& workingDirectory)
                 lent.files, sections, lent.settings, shared,      lent.printer},
       paperReports{form1, desk, directories, log, sections, preferences, logFile, reload, message, lent.printer},
       exports{form1, desk, directories, preferences, log, lent.files},
+      colours{colourForm, desk, preferences, preferencesFile, reload},
+      help{helpForm, lent.files, directories},
+      layout{form1, lent.screen, preferences, preferencesFile},
+      folderChoice{lent.files, lent.dialogs, lent.settings, lent.environment},
       keys{preferences, entry},
-      startUp{machine,  form1,   directories, shared, preferences, preferencesFile, log,
-              sections, message, time,        band,   entry,       utcOffset,       question},
+      startUp{machine, form1, directories, shared, preferences, preferencesFile, log,   sections,
+              message, time,  band,        entry,  utcOffset,   question,        layout},
       shortDate_{lent.environment.ShortDatePicture()} {
     time.shortDate = shortDate_;
     exports.shortDate = shortDate_;
@@ -55,15 +63,33 @@ Program::Program(const Machine& lent, const std::string& workingDirectory)
         shared.SetSharedPreference(key, value, saveNow);
     };
     desk.onFatal = [this](const std::exception& failure) { TellFatal(failure); };
+    SectionTable::PlaceLabels(form1);
     BindMainForm();
     BindEntryFields();
     BindPostContest();
     BindContacts();
     BindEditForm();
     BindStationForm();
+    BindColourForm();
+    BindHelpForm();
     BindPortsForm();
     BindMenus();
     BindReports();
+    for (Form* form : desk.Forms()) {
+        if (form != &form1) {
+            ScaleAtLoad(*form);
+        }
+    }
+}
+
+/// The first step of a form's load, whatever else it does: to be called when the form's own is bound.
+void Program::ScaleAtLoad(Form& form) {
+    form.Form_Load = [this, &form, load = form.Form_Load] {
+        ScaleSmallForm(form, machine.screen);
+        if (load) {
+            load();
+        }
+    };
 }
 
 void Program::BindMainForm() {
@@ -159,6 +185,19 @@ void Program::BindPortsForm() {
     portsForm.cmdDone.Click = [this] { ports.cmdDone_Click(); };
 }
 
+void Program::BindColourForm() {
+    colourForm.Form_Load = [this] { colours.Form6_Load(); };
+    colourForm.Command1.Click = [this] { colours.Command1_Click(); };
+    colourForm.Command3.Click = [this] { colours.Command3_Click(); };
+    colourForm.Command6.Click = [this] { colours.Command6_Click(); };
+}
+
+void Program::BindHelpForm() {
+    helpForm.Form_Load = [this] { help.Form5_Load(); };
+    helpForm.Command1.Click = [this] { help.Command1_Click(); };
+    helpForm.Command2.Click = [this] { help.Command2_Click(); };
+}
+
 void Program::BindMenus() {
     form1.mnuOpen.Click = [this] { reload.mnuopen2(); };
     form1.mnuNew.Click = [this] { copies.mnuNew_Click(); };
@@ -174,8 +213,13 @@ void Program::BindMenus() {
     form1.numopt.Click = [this] { entry.numopt_Click(); };
     form1.callopt.Click = [this] { entry.callopt_Click(); };
     form1.mnuCallTwice.Click = [this] { entry.mnuCallTwice_Click(); };
+    form1.mnuFormSize.Click = [this] { layout.mnuFormSize_Click(); };
+    form1.mnuTaskbar.Click = [this] { layout.mnuTaskbar_Click(); };
+    form1.mnuColors.Click = [this] { colours.mnuColors_Click(); };
     form1.mnuDXSpotsColor.Click = [this] { Toggle(form1.mnuDXSpotsColor, preferences.gColorNeededSpots); };
     form1.mnuAudioAlert.Click = [this] { Toggle(form1.mnuAudioAlert, preferences.gAudioAlert); };
+    form1.mnuHelp.Click = [this] { help.mnuHelp_Click(); };
+    form1.mnuAbout.Click = [this] { machine.dialogs.Show(AboutBox()); };
 }
 
 void Program::BindReports() {
@@ -200,6 +244,14 @@ void Program::Toggle(MenuEntry& menuEntry, std::uint8_t& value) {
     value = value == 1 ? 0 : 1;
     menuEntry.SetChecked(value == 1);
     preferencesFile.SavePref();
+}
+
+void Program::ChooseDirectory() {
+    const std::optional<std::string> chosen = folderChoice.Choose();
+    if (!chosen) {
+        desk.pump.EndProgram(0);
+    }
+    directories.WorkingDirectory = *chosen;
 }
 
 void Program::Start() {

@@ -2,15 +2,20 @@
 
 #include <memory>
 
+#include "app/folder_choice.h"
 #include "app/main_form_keys.h"
 #include "app/start_up.h"
 #include "forms/Form2.h"
+#include "forms/Form5.h"
+#include "forms/Form6.h"
 #include "forms/frmQ7ZZQLogo.h"
 #include "forms/frmSplash.h"
 #include "log/contact_editing.h"
+#include "log/section_colours.h"
 #include "reports/entry_form.h"
 #include "reports/log_exports.h"
 #include "reports/paper_reports.h"
+#include "support/help_page.h"
 #include "support/ports_setup.h"
 
 namespace tallyhut {
@@ -29,6 +34,8 @@ struct Program {
     frmStationID stationForm;
     Form2 form2;
     frmPorts portsForm;
+    Form5 helpForm;
+    Form6 colourForm;
 
     Directories directories;
     SharedPreferences shared;
@@ -58,9 +65,15 @@ struct Program {
     EntryForm entryForm;
     PaperReports paperReports;
     LogExports exports;
+    SectionColours colours;
+    HelpPage help;
+    MainFormLayout layout;
+    FolderChoice folderChoice;
     MainFormKeys keys;
     StartUp startUp;
 
+    /// Asks for the working directory before the start; ends the program if none is chosen.
+    void ChooseDirectory();
     /// Takes the folder for itself, asks what a start asks, and shows the main form.
     void Start();
     /// Serves the operator until the program ends.
@@ -76,6 +89,9 @@ private:
     void BindEditForm();
     void BindStationForm();
     void BindPortsForm();
+    void BindColourForm();
+    void BindHelpForm();
+    void ScaleAtLoad(Form& form);
     void BindMenus();
     void BindReports();
     void ClaimFolder();

@@ -41,6 +41,7 @@ void StartUp::Form1_Load() {
 }
 
 void StartUp::LoadSteps() {
+    layout.LayOutMainForm();
     message.Write(kFirstMessage);
     form1.lblNumCurCon.SetCaption(" " + NumberForm(log.gContactCount + 1));
     sections.Fill(form1);
@@ -48,12 +49,17 @@ void StartUp::LoadSteps() {
     time.gOpSecondsNow = preferences.gOpSeconds;
     form1.mnuDXSpotsColor.SetChecked(preferences.gColorNeededSpots == 1);
     form1.mnuAudioAlert.SetChecked(preferences.gAudioAlert == 1);
+    layout.ShowTaskbarOption();
     utcOffset.CheckUtcOffset();
+    if (preferences.gFormScale != kUnscaled) {
+        layout.LayOutMainForm();
+    }
     band.ShowBand();
     entry.CheckTabModeEntry();
     readVoiceSettings();
     question.PromptLogStart();
     readCwMessages();
+    layout.LayOutMainForm();
     if (preferences.gRigName != "None") {
         openRigPort();
     }

@@ -4,8 +4,8 @@
 #include <memory>
 
 #include "console/commands.h"
-#include "console/console_printer.h"
 #include "console/console_ports.h"
+#include "console/console_printer.h"
 #include "console/text_encoding.h"
 #include "platform/platform_error.h"
 #include "platform/real/desktop_environment.h"
@@ -136,6 +136,9 @@ int RunConsole(const Options& options, const std::string& workingDirectory, cons
                 output.Event({{"event", name}, {"form", form.name}});
             }
         };
+        if (options.chooseDirectory) {
+            program.ChooseDirectory();
+        }
         program.Start();
         program.Run();
     } catch (const ProgramEnd& end) {

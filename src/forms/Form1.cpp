@@ -189,11 +189,17 @@ Form1::Form1(Desk& owner)
       callopt{mnuTabOrder, "callopt", "Begin in Call Field"},
       mnuCallTwice{mnuTabOrder, "mnuCallTwice", "Begin in Call Field and pass through Call again"},
       mnuAppearance{*this, "mnuAppearance", "&Appearance"},
+      mnuFormSize{mnuAppearance, "mnuFormSize", "&Form Size"},
+      mnuTaskbar{mnuAppearance, "mnuTaskbar", "&Taskbar"},
+      mnuColors{mnuAppearance, "mnuColors", "&Colors"},
       mnuDXSpotsColor{mnuAppearance, "mnuDXSpotsColor", "Color &Needed DX Spots Green"},
       mnuAudioAlert{mnuAppearance, "mnuAudioAlert", "&Audio Alert of Needed Spots"},
       mnuReports{*this, "mnuReports", "&Reports"},
       mnuWriteLog{mnuReports, "mnuWriteLog", "Write ASCII &Log"},
       mnuWriteDupe{mnuReports, "mnuWriteDupe", "Write &Dupe Sheet"},
+      mnuHelpTitle{*this, "mnuHelpTitle", "&Help"},
+      mnuHelp{mnuHelpTitle, "mnuHelp", "&Help"},
+      mnuAbout{mnuHelpTitle, "mnuAbout", "&About"},
       Timer1{*this, "Timer1", 60'000, true},
       Timer2{*this, "Timer2", 1'000, true} {}
 

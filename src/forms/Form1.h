@@ -112,11 +112,17 @@ struct Form1 : Form {
     MenuEntry callopt;
     MenuEntry mnuCallTwice;
     MenuEntry mnuAppearance;
+    MenuEntry mnuFormSize;
+    MenuEntry mnuTaskbar;
+    MenuEntry mnuColors;
     MenuEntry mnuDXSpotsColor;
     MenuEntry mnuAudioAlert;
     MenuEntry mnuReports;
     MenuEntry mnuWriteLog;
     MenuEntry mnuWriteDupe;
+    MenuEntry mnuHelpTitle;
+    MenuEntry mnuHelp;
+    MenuEntry mnuAbout;
 
     Timer Timer1;  ///< rates
     Timer Timer2;  ///< clocks

@@ -83,6 +83,11 @@ ListView::ListView(Form& owner, std::string controlName, std::vector<ListColumn>
     state_.backColor = kWindowGround;
 }
 
+void ListView::SetColumns(std::vector<ListColumn> columns) {
+    state_.columns = std::move(columns);
+    Touch();
+}
+
 void ListView::SetRows(std::size_t count, CellText cells) {
     rowCount_ = count;
     cells_ = std::move(cells);

@@ -123,6 +123,7 @@ struct ListView : Control {
 
     ListView(Form& owner, std::string controlName, std::vector<ListColumn> columns, const ButtonDesign& design);
 
+    void SetColumns(std::vector<ListColumn> columns);
     /// Replaces all rows and selects none.
     void SetRows(std::size_t count, CellText cells);
     std::size_t RowCount() const { return rowCount_; }

@@ -297,10 +297,11 @@ void WindowHost::PutInPlace(FormView& view) {
     view.placing = false;
 }
 
-/// The operator has moved the window or changed its size. Several such events at once are one to the form.
+/// The operator has moved the window or changed its size. Several such events at once are one to the form. A form that
+/// does nothing with its size keeps its place: the layout fits what stands there into the window.
 void WindowHost::TellPlace(FormView& view) {
     if (view.placing || view.placePending || !view.window->isVisible() || view.window->isMinimized() ||
-        IsUnplaced(view.window->TheForm())) {
+        !view.window->TheForm().Form_Resize) {
         return;
     }
     view.placePending = true;

@@ -59,7 +59,7 @@ int main(int argc, char** argv) {
         if (options.console || !HasDisplay()) {
             return RunConsole(options, directory, DataFolder(), 0, std::cout);
         }
-        return RunWindow(argc, argv, directory, DataFolder());
+        return RunWindow(argc, argv, directory, DataFolder(), options.ports);
     } catch (const ValueError& error) {
         std::cerr << "tallyhut: " << error.what() << "\n" << UsageText();
         return 2;

@@ -15,10 +15,12 @@
 #include "platform/real/ini_settings.h"
 #include "platform/real/posix_files.h"
 #include "platform/real/system_clock.h"
+#include "platform/real/tty_ports.h"
 
 namespace tallyhut {
 
-int RunWindow(int& argc, char** argv, const std::string& workingDirectory, const std::string& dataFolder) {
+int RunWindow(int& argc, char** argv, const std::string& workingDirectory, const std::string& dataFolder,
+              const std::map<int, std::string>& ports) {
     QApplication application{argc, argv};
     QApplication::setApplicationName("tallyhut");
     QApplication::setQuitOnLastWindowClosed(false);
@@ -33,6 +35,7 @@ int RunWindow(int& argc, char** argv, const std::string& workingDirectory, const
     PosixFiles files;
     IniSettings settings;
     DesktopEnvironment environment;
+    TtyPorts serialPorts{settings, ports};
     Program program{{.clock = clock,
                      .pump = pump,
                      .dialogs = dialogs,
@@ -41,6 +44,7 @@ int RunWindow(int& argc, char** argv, const std::string& workingDirectory, const
                      .settings = settings,
                      .screen = screen,
                      .environment = environment,
+                     .serialPorts = serialPorts,
                      .dataFolder = dataFolder},
                     workingDirectory};
     dialogs.Bind(program.desk);

@@ -9,6 +9,7 @@
 #include "platform/event_pump.h"
 #include "platform/files.h"
 #include "platform/screen.h"
+#include "platform/serial_port.h"
 #include "platform/settings_store.h"
 
 namespace tallyhut {
@@ -23,6 +24,7 @@ struct Machine {
     SettingsStore& settings;
     Screen& screen;
     Environment& environment;
+    SerialPorts& serialPorts;
     std::string dataFolder = {};  ///< where the files lie that a fresh installation gets
 };
 

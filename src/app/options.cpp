@@ -2,15 +2,17 @@
 
 #include <array>
 
+#include "platform/serial_port.h"
 #include "values/number.h"
 #include "values/value_error.h"
 
 namespace tallyhut {
 namespace {
 
-constexpr std::string_view kUsage = R"(usage: tallyhut [--directory DIR]
+constexpr std::string_view kUsage = R"(usage: tallyhut [--directory DIR] [--port N=DEVICE]
        tallyhut --console [--directory DIR] [--clock 2026-11-07T21:04:33]
                 [--utc-offset HOURS] [--screen WxH[,WORKxAREA]]
+                [--port N=DEVICE|sim]
 
 Tallyhut Log, a contest logger for the ARRL November Sweepstakes.
 
@@ -22,12 +24,13 @@ Tallyhut Log, a contest logger for the ARRL November Sweepstakes.
   --utc-offset H     (console) hours from that clock to UTC
   --screen WxH       (console) the size of the screen in pixels, and behind a
                      comma what taskbars leave of it
-  --port N=DEVICE, --parallel sim, --sound sim, --agw HOST:PORT, --seed N
+  --port N=DEVICE    serial port N, 1 to 10, is DEVICE, such as /dev/ttyUSB0,
+                     for this run; (console) N=sim is a simulated one
+  --parallel sim, --sound sim, --agw HOST:PORT, --seed N
                      devices of scripted runs
   --help, --version
 )";
 
-constexpr int kPorts = 10;
 constexpr double kMostUtcHours = 24;
 
 /// "2026-11-07T21:04:33"; the time may be left out.
@@ -70,8 +73,8 @@ void TakeScreen(Options& options, const std::string& text) {
 void TakePort(Options& options, const std::string& text) {
     const std::size_t equals = text.find('=');
     const auto number = ParseNumber(text.substr(0, equals));
-    if (equals == std::string::npos || equals + 1 == text.size() || !number || *number < 1 || *number > kPorts ||
-        *number != static_cast<int>(*number)) {
+    if (equals == std::string::npos || equals + 1 == text.size() || !number || *number < kFirstPort ||
+        *number > kLastPort || *number != static_cast<int>(*number)) {
         throw ValueError{"--port wants N=DEVICE with N from 1 to 10, not " + text};
     }
     options.ports[static_cast<int>(*number)] = text.substr(equals + 1);

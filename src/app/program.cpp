@@ -17,6 +17,7 @@ Program::Program(const Machine& lent, const std::string& workingDirectory)
       logo{desk},
       editForm{desk},
       stationForm{desk},
+      portsForm{desk},
       directories{.WorkingDirectory = workingDirectory, .DataDirectory = {}, .SharedDirectory = {}},
       shared{lent.files},
       preferencesFile{lent.files, directories, preferences},
@@ -36,6 +37,7 @@ Program::Program(const Machine& lent, const std::string& workingDirectory)
       editing{form1, editForm, desk, log, sections, logFile, fields, list, reload},
       copies{desk, lent.files, directories, log, logFile, preferences, preferencesFile, time, rates, reload},
       station{form1, stationForm, desk, preferences, preferencesFile, lent.settings},
+      ports{portsForm, desk, lent.serialPorts},
       utcOffset{desk, preferences, preferencesFile},
       question{desk, station, copies, reload, entry, preferences},
       keys{preferences, entry},
@@ -53,6 +55,7 @@ Program::Program(const Machine& lent, const std::string& workingDirectory)
     BindContacts();
     BindEditForm();
     BindStationForm();
+    BindPortsForm();
     BindMenus();
 }
 
@@ -137,6 +140,18 @@ void Program::BindStationForm() {
     stationForm.Command1.Click = [this] { station.Command1_Click(); };
 }
 
+void Program::BindPortsForm() {
+    portsForm.Form_Load = [this] { ports.frmPorts_Load(); };
+    portsForm.lstPorts.Click = [this] { ports.lstPorts_Click(); };
+    portsForm.lstDevices.Click = [this] { ports.lstDevices_Click(); };
+    portsForm.lstDevices.DblClick = [this] { ports.cmdUse_Click(); };
+    portsForm.lstDevices.KeyPress = [this](int& KeyAscii) { ports.Device_KeyPress(KeyAscii); };
+    portsForm.txtDevice.KeyPress = [this](int& KeyAscii) { ports.Device_KeyPress(KeyAscii); };
+    portsForm.cmdUse.Click = [this] { ports.cmdUse_Click(); };
+    portsForm.cmdLook.Click = [this] { ports.cmdLook_Click(); };
+    portsForm.cmdDone.Click = [this] { ports.cmdDone_Click(); };
+}
+
 void Program::BindMenus() {
     form1.mnuOpen.Click = [this] { reload.mnuopen2(); };
     form1.mnuNew.Click = [this] { copies.mnuNew_Click(); };
@@ -145,6 +160,7 @@ void Program::BindMenus() {
     form1.mnuPostContest.Click = [this] { postContest.mnuPostContest_Click(); };
     form1.mnuExit.Click = [this] { mnuExit_Click(); };
     form1.mnuSetup.Click = [this] { station.mnuSetup_Click(); };
+    form1.mnuPorts.Click = [this] { ports.mnuPorts_Click(); };
     for (const BandRow& row : kBands) {
         (form1.*row.entry).Click = [this, &row] { band.ChooseBand(row.band); };
     }

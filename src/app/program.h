@@ -7,6 +7,7 @@
 #include "forms/frmQ7ZZQLogo.h"
 #include "forms/frmSplash.h"
 #include "log/contact_editing.h"
+#include "support/ports_setup.h"
 
 namespace tallyhut {
 
@@ -22,6 +23,7 @@ struct Program {
     frmQ7ZZQLogo logo;
     frmEditCon editForm;
     frmStationID stationForm;
+    frmPorts portsForm;
 
     Directories directories;
     SharedPreferences shared;
@@ -45,6 +47,7 @@ struct Program {
     ContactEditing editing;
     LogCopies copies;
     Station station;
+    PortsSetup ports;
     UtcOffsetCheck utcOffset;
     StartQuestion question;
     MainFormKeys keys;
@@ -64,6 +67,7 @@ private:
     void BindContacts();
     void BindEditForm();
     void BindStationForm();
+    void BindPortsForm();
     void BindMenus();
     void ClaimFolder();
     void frmSplash_Load();

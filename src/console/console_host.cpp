@@ -4,6 +4,7 @@
 #include <memory>
 
 #include "console/commands.h"
+#include "console/console_ports.h"
 #include "console/text_encoding.h"
 #include "platform/platform_error.h"
 #include "platform/real/desktop_environment.h"
@@ -95,6 +96,7 @@ int RunConsole(const Options& options, const std::string& workingDirectory, cons
     IniSettings settings;
     sim::Screen screen = SimulatedScreen(options);
     DesktopEnvironment environment;
+    ConsolePorts ports{settings, clock, options.ports, output};
 
     try {
         Program program{{.clock = clock,
@@ -105,9 +107,10 @@ int RunConsole(const Options& options, const std::string& workingDirectory, cons
                          .settings = settings,
                          .screen = screen,
                          .environment = environment,
+                         .serialPorts = ports,
                          .dataFolder = dataFolder},
                         workingDirectory};
-        Commands commands{program, output, pump, dialogs, virtualClock.get(), clipboard};
+        Commands commands{program, output, pump, dialogs, virtualClock.get(), clipboard, ports};
         dialogs.runDialog = [&program](const std::function<bool()>& done) { program.desk.RunDialog(done); };
         pump.describeTurn = [&] { return DescribeTurn(program.desk, dialogs); };
         pump.runLine = [&commands](const std::string& line, bool putAt) { commands.Run(line, putAt); };

@@ -17,6 +17,7 @@
 #include "platform/sim/event_pump.h"
 #include "platform/sim/files.h"
 #include "platform/sim/screen.h"
+#include "platform/sim/serial_port.h"
 #include "platform/sim/settings_store.h"
 
 namespace tallyhut {
@@ -76,6 +77,7 @@ struct ProgramFixture : testing::Test {
     sim::SettingsStore settings;
     sim::Screen screen;
     sim::Environment environment;
+    sim::SerialPorts serialPorts{clock};
     Preferences stored;  ///< what nspref.txt holds at the start
     std::unique_ptr<Program> program;
 
@@ -116,6 +118,7 @@ struct ProgramFixture : testing::Test {
                               .settings = settings,
                               .screen = screen,
                               .environment = environment,
+                              .serialPorts = serialPorts,
                               .dataFolder = "/data"};
         program = std::make_unique<Program>(machine, kFolder);
     }

@@ -7,6 +7,7 @@
 #include "forms/frmQ7ZZQLogo.h"
 #include "forms/frmSplash.h"
 #include "log/contact_editing.h"
+#include "rig/rig_setup.h"
 #include "support/ports_setup.h"
 
 namespace tallyhut {
@@ -24,6 +25,7 @@ struct Program {
     frmEditCon editForm;
     frmStationID stationForm;
     frmPorts portsForm;
+    RigControlfrm rigForm;
 
     Directories directories;
     SharedPreferences shared;
@@ -48,6 +50,14 @@ struct Program {
     LogCopies copies;
     Station station;
     PortsSetup ports;
+    std::unique_ptr<SerialPort> comComm1;
+    RigSettings rigSettings;
+    RigState rigState;
+    PegasusFiles pegasus;
+    BandConversion bandConversion;
+    RigPoll rigPoll;
+    RigCommands rigCommands;
+    RigSetup rigSetup;
     UtcOffsetCheck utcOffset;
     StartQuestion question;
     MainFormKeys keys;
@@ -68,6 +78,7 @@ private:
     void BindEditForm();
     void BindStationForm();
     void BindPortsForm();
+    void BindRigForm();
     void BindMenus();
     void ClaimFolder();
     void frmSplash_Load();

@@ -12,6 +12,7 @@
 #include "platform/sim/environment.h"
 #include "platform/sim/event_pump.h"
 #include "platform/sim/files.h"
+#include "platform/sim/printer.h"
 #include "platform/sim/screen.h"
 #include "platform/sim/settings_store.h"
 
@@ -40,6 +41,7 @@ struct LoadedProgram {
     sim::EventPump pump{clock};
     sim::Dialogs dialogs;
     sim::Clipboard clipboard;
+    sim::Printer printer;
     sim::Files files{"/contest"};
     sim::SettingsStore settings;
     sim::Screen screen;
@@ -48,6 +50,7 @@ struct LoadedProgram {
                      .pump = pump,
                      .dialogs = dialogs,
                      .clipboard = clipboard,
+                     .printer = printer,
                      .files = files,
                      .settings = settings,
                      .screen = screen,

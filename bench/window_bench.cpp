@@ -22,6 +22,7 @@
 #include "platform/real/system_clock.h"
 #include "platform/sim/environment.h"
 #include "platform/sim/files.h"
+#include "platform/sim/printer.h"
 #include "platform/sim/settings_store.h"
 
 namespace tallyhut {
@@ -65,6 +66,7 @@ struct WindowProgram {
     QtPump pump{clock};
     QtDialogs dialogs;
     QtClipboard clipboard;
+    sim::Printer printer;
     QtScreen screen;
     sim::Files files{"/contest"};
     sim::SettingsStore settings;
@@ -73,6 +75,7 @@ struct WindowProgram {
                      .pump = pump,
                      .dialogs = dialogs,
                      .clipboard = clipboard,
+                     .printer = printer,
                      .files = files,
                      .settings = settings,
                      .screen = screen,

@@ -7,6 +7,7 @@
 #include "forms/qt/program_style.h"
 #include "forms/qt/qt_clipboard.h"
 #include "forms/qt/qt_dialogs.h"
+#include "forms/qt/qt_printer.h"
 #include "forms/qt/qt_pump.h"
 #include "forms/qt/qt_screen.h"
 #include "forms/qt/window_host.h"
@@ -31,6 +32,7 @@ int RunWindow(int& argc, char** argv, const std::string& workingDirectory, const
     QtPump pump{clock};
     QtDialogs dialogs;
     QtClipboard clipboard;
+    QtPrinter printer;
     QtScreen screen;
     PosixFiles files;
     IniSettings settings;
@@ -40,6 +42,7 @@ int RunWindow(int& argc, char** argv, const std::string& workingDirectory, const
                      .pump = pump,
                      .dialogs = dialogs,
                      .clipboard = clipboard,
+                     .printer = printer,
                      .files = files,
                      .settings = settings,
                      .screen = screen,
@@ -48,6 +51,7 @@ int RunWindow(int& argc, char** argv, const std::string& workingDirectory, const
                      .dataFolder = dataFolder},
                     workingDirectory};
     dialogs.Bind(program.desk);
+    printer.Bind(program.desk);
     WindowHost host{program.desk, pump};
     pump.onTerminate = [&program] { program.RequestClose(); };
     try {

@@ -2,7 +2,7 @@
 
 build_packages="g++ cmake ninja-build ccache qt6-base-dev libgl-dev nlohmann-json3-dev"
 run_packages="qt6-qpa-plugins fonts-dejavu-core xdg-utils"
-test_packages="libgtest-dev xvfb xauth xdotool x11-utils imagemagick strace"
+test_packages="libgtest-dev xvfb xauth xdotool x11-utils imagemagick strace poppler-utils"
 format_packages="clang-format-14"
 
 # Installs what is missing of the named packages, as root or through sudo; says nothing when all are there.

@@ -8,6 +8,7 @@
 #include "platform/environment.h"
 #include "platform/event_pump.h"
 #include "platform/files.h"
+#include "platform/printer.h"
 #include "platform/screen.h"
 #include "platform/serial_port.h"
 #include "platform/settings_store.h"
@@ -20,6 +21,7 @@ struct Machine {
     EventPump& pump;
     Dialogs& dialogs;
     Clipboard& clipboard;
+    Printer& printer;
     Files& files;
     SettingsStore& settings;
     Screen& screen;

@@ -17,6 +17,7 @@ Program::Program(const Machine& lent, const std::string& workingDirectory)
       logo{desk},
       editForm{desk},
       stationForm{desk},
+      form2{desk},
       portsForm{desk},
       rigForm{desk},
       directories{.WorkingDirectory = workingDirectory, .DataDirectory = {}, .SharedDirectory = {}},
@@ -48,11 +49,16 @@ Program::Program(const Machine& lent, const std::string& workingDirectory)
                *comComm1, lent.files, directories, desk},
       utcOffset{desk, preferences, preferencesFile},
       question{desk, station, copies, reload, entry, preferences},
+      entryForm{form1,   form2,    desk,          directories, preferences, log,
+                logFile, sections, lent.settings, shared,      lent.printer},
+      paperReports{form1, desk, directories, log, sections, preferences, logFile, reload, message, lent.printer},
+      exports{form1, desk, directories, preferences, log, logFile},
       keys{preferences, entry},
       startUp{machine,  form1,   directories, shared, preferences, preferencesFile, log,
               sections, message, time,        band,   entry,       utcOffset,       question},
       shortDate_{lent.environment.ShortDatePicture()} {
     time.shortDate = shortDate_;
+    exports.shortDate = shortDate_;
     station.SetSharedPreference = [this](std::string_view key, std::string_view value, bool saveNow) {
         shared.SetSharedPreference(key, value, saveNow);
     };
@@ -66,6 +72,7 @@ Program::Program(const Machine& lent, const std::string& workingDirectory)
     BindPortsForm();
     BindRigForm();
     BindMenus();
+    BindReports();
 }
 
 void Program::BindMainForm() {
@@ -198,6 +205,24 @@ void Program::BindMenus() {
     form1.mnuCallTwice.Click = [this] { entry.mnuCallTwice_Click(); };
     form1.mnuDXSpotsColor.Click = [this] { Toggle(form1.mnuDXSpotsColor, preferences.gColorNeededSpots); };
     form1.mnuAudioAlert.Click = [this] { Toggle(form1.mnuAudioAlert, preferences.gAudioAlert); };
+}
+
+void Program::BindReports() {
+    form2.Form_Load = [this] { entryForm.Form2_Load(); };
+    form2.Text2.KeyPress = [this](int& KeyAscii) { entryForm.Text2_KeyPress(KeyAscii); };
+    form2.Command1.Click = [this] { entryForm.Command1_Click(); };
+    form2.Command2.Click = [this] { entryForm.Command2_Click(); };
+    form2.Command3.Click = [this] { entryForm.Command3_Click(); };
+    form2.Command4.Click = [this] { entryForm.Command4_Click(); };
+    form1.mnuCabrillo.Click = [this] { entryForm.Open(); };
+    form1.mnuSummary.Click = [this] { entryForm.Open(); };
+    form1.expADIF.Click = [this] { exports.expADIF_Click(); };
+    form1.mnuExport.Click = [this] { exports.mnuExport_Click(); };
+    form1.mnuCopyListtoClipboard.Click = [this] { exports.mnuCopyListtoClipboard_Click(); };
+    form1.mnuPrintLog.Click = [this] { paperReports.PrintLog(); };
+    form1.mnuPrintDupe.Click = [this] { paperReports.PrintDupeSheet(); };
+    form1.mnuWriteLog.Click = [this] { paperReports.WriteLogFile(); };
+    form1.mnuWriteDupe.Click = [this] { paperReports.WriteDupeFile(); };
 }
 
 void Program::Toggle(MenuEntry& menuEntry, std::uint8_t& value) {

@@ -4,9 +4,13 @@
 
 #include "app/main_form_keys.h"
 #include "app/start_up.h"
+#include "forms/Form2.h"
 #include "forms/frmQ7ZZQLogo.h"
 #include "forms/frmSplash.h"
 #include "log/contact_editing.h"
+#include "reports/entry_form.h"
+#include "reports/log_exports.h"
+#include "reports/paper_reports.h"
 #include "rig/rig_setup.h"
 #include "support/ports_setup.h"
 
@@ -24,6 +28,7 @@ struct Program {
     frmQ7ZZQLogo logo;
     frmEditCon editForm;
     frmStationID stationForm;
+    Form2 form2;
     frmPorts portsForm;
     RigControlfrm rigForm;
 
@@ -60,6 +65,9 @@ struct Program {
     RigSetup rigSetup;
     UtcOffsetCheck utcOffset;
     StartQuestion question;
+    EntryForm entryForm;
+    PaperReports paperReports;
+    LogExports exports;
     MainFormKeys keys;
     StartUp startUp;
 
@@ -80,6 +88,7 @@ private:
     void BindPortsForm();
     void BindRigForm();
     void BindMenus();
+    void BindReports();
     void ClaimFolder();
     void frmSplash_Load();
     void Toggle(MenuEntry& entry, std::uint8_t& value);

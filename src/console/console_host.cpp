@@ -4,6 +4,7 @@
 #include <memory>
 
 #include "console/commands.h"
+#include "console/console_printer.h"
 #include "console/console_ports.h"
 #include "console/text_encoding.h"
 #include "platform/platform_error.h"
@@ -92,6 +93,7 @@ int RunConsole(const Options& options, const std::string& workingDirectory, cons
     ConsolePump pump{lines, output, virtualClock.get(), clock};
     ConsoleDialogs dialogs{output};
     EventClipboard clipboard{output};
+    ConsolePrinter printer{output};
     PosixFiles files;
     IniSettings settings;
     sim::Screen screen = SimulatedScreen(options);
@@ -103,6 +105,7 @@ int RunConsole(const Options& options, const std::string& workingDirectory, cons
                          .pump = pump,
                          .dialogs = dialogs,
                          .clipboard = clipboard,
+                         .printer = printer,
                          .files = files,
                          .settings = settings,
                          .screen = screen,

@@ -26,8 +26,8 @@ struct ConsolePort : SerialPort {
     std::unique_ptr<SerialPort> simulated;
     SerialPort* meant = MeantBy(kFirstPort);
 
-    SerialPort* MeantBy(int number) { return ports.IsSimulated(number) ? simulated.get() : real.get(); }
-    SerialPort& Other() { return meant == real.get() ? *simulated : *real; }
+    SerialPort* MeantBy(int number) const { return ports.IsSimulated(number) ? simulated.get() : real.get(); }
+    SerialPort& Other() const { return meant == real.get() ? *simulated : *real; }
 
     void SetNumber(int number) override {
         meant->SetNumber(number);

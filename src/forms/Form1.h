@@ -87,6 +87,14 @@ struct Form1 : Form {
     MenuEntry mnuNew;
     MenuEntry mnuArchive;
     MenuEntry mnuRestore;
+    MenuEntry mnuCabrillo;
+    MenuEntry mnuSummary;
+    MenuEntry expADIF;
+    MenuEntry mnuExport;
+    MenuEntry mnuCopyListtoClipboard;
+    MenuEntry mnuprintrec;
+    MenuEntry mnuPrintLog;
+    MenuEntry mnuPrintDupe;
     MenuEntry mnuPostContest;
     MenuEntry mnuExit;
     MenuEntry mnuSettings;
@@ -107,6 +115,9 @@ struct Form1 : Form {
     MenuEntry mnuAppearance;
     MenuEntry mnuDXSpotsColor;
     MenuEntry mnuAudioAlert;
+    MenuEntry mnuReports;
+    MenuEntry mnuWriteLog;
+    MenuEntry mnuWriteDupe;
 
     Timer Timer1;  ///< rates
     Timer Timer2;  ///< clocks

@@ -103,6 +103,9 @@ struct CheckBox : Control {
 
 struct FrameBox : Control {
     FrameBox(Form& owner, std::string controlName, std::string_view caption, const Place& place);
+
+    const std::string& Caption() const { return state_.text; }
+    void SetCaption(std::string_view text) { SetTextValue(text); }
 };
 
 struct List : Control {

@@ -16,6 +16,7 @@
 #include "platform/sim/environment.h"
 #include "platform/sim/event_pump.h"
 #include "platform/sim/files.h"
+#include "platform/sim/printer.h"
 #include "platform/sim/screen.h"
 #include "platform/sim/serial_port.h"
 #include "platform/sim/settings_store.h"
@@ -73,6 +74,7 @@ struct ProgramFixture : testing::Test {
     sim::EventPump pump{clock};
     sim::Dialogs dialogs;
     sim::Clipboard clipboard;
+    sim::Printer printer;
     sim::Files files{kFolder};
     sim::SettingsStore settings;
     sim::Screen screen;
@@ -114,6 +116,7 @@ struct ProgramFixture : testing::Test {
                               .pump = pump,
                               .dialogs = dialogs,
                               .clipboard = clipboard,
+                              .printer = printer,
                               .files = files,
                               .settings = settings,
                               .screen = screen,

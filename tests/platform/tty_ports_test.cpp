@@ -135,6 +135,14 @@ TEST_F(TtyPortsTest, WhatStandsAtAPathIsLookedAtAnew) {
     EXPECT_EQ(ports.MeaningOf(1).device, (SerialDevice{.path = folder.At("rig")}));
 }
 
+TEST_F(TtyPortsTest, LinkIsDescribedAsTheDeviceThatItLeadsTo) {
+    AddBoardPort("ttyS0", "4", "0x3F8");
+    AddBoardPort("ttyS1", "4", "0x2F8");
+    fs::create_symlink("dev/ttyS1", folder.At("rig"));
+    EXPECT_EQ(Ports({{1, folder.At("rig")}}).MeaningOf(1).device,
+              (SerialDevice{.path = folder.At("rig"), .description = "Built-in port at 0x2F8"}));
+}
+
 TEST_F(TtyPortsTest, MissingRightIsTold) {
     AddBoardPort("ttyS0", "4", "0x3F8");
     AddBoardPort("ttyS1", "4", "0x2F8");

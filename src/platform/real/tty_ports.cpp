@@ -9,6 +9,7 @@
 #include <fstream>
 #include <optional>
 #include <system_error>
+#include <utility>
 
 #include "platform/port_meaning.h"
 #include "platform/real/tty_port.h"
@@ -29,8 +30,6 @@ constexpr int kLevelsToAdapter = 4;
 struct TtyName {
     std::size_t kind = 0;  ///< row of kKinds
     int number = 0;
-
-    auto operator<=>(const TtyName&) const = default;
 };
 
 std::string TextOf(const TtyName& name) {
@@ -72,6 +71,19 @@ std::string DescriptionOfBoardPort(const fs::path& entry) {
     return known ? "Built-in port at " + address : "Built-in port";
 }
 
+/// Both texts with the separator between them; one alone where it holds the other already.
+std::string Joined(const std::string& first, std::string_view separator, const std::string& second) {
+    if (first.empty() || second.starts_with(first)) {
+        return second;
+    }
+    std::string joined = first;
+    if (first.find(second) == std::string::npos) {
+        joined += separator;
+        joined += second;
+    }
+    return joined;
+}
+
 /// What the maker of an adapter calls it, and where it has several ports, the name of this one.
 std::string DescriptionOfAdapter(const fs::path& entry) {
     std::error_code failure;
@@ -81,12 +93,8 @@ std::string DescriptionOfAdapter(const fs::path& entry) {
         if (portName.empty()) {
             portName = LineOf(place / "interface");
         }
-        const std::string product = LineOf(place / "product");
-        if (!product.empty()) {
-            const std::string maker = LineOf(place / "manufacturer");
-            const std::string adapter = maker.empty() || product.starts_with(maker) ? product : maker + ' ' + product;
-            return portName.empty() || adapter.find(portName) != std::string::npos ? adapter
-                                                                                   : adapter + ", " + portName;
+        if (const std::string product = LineOf(place / "product"); !product.empty()) {
+            return Joined(Joined(LineOf(place / "manufacturer"), " ", product), ", ", portName);
         }
         place = place.parent_path();
     }
@@ -111,9 +119,18 @@ std::unique_ptr<SerialPort> TtyPorts::NewPort() {
 }
 
 PortMeaning TtyPorts::MeaningOf(int number) const {
-    PortMeaning meaning = MeaningAmong(Devices(), commandLine, number, settings.Get(kSection, KeyOf(number)));
-    if (!meaning.device.path.empty()) {
-        meaning.device = Seen(meaning.device);
+    const std::vector<SerialDevice> found = Devices();
+    PortMeaning meaning = MeaningAmong(found, commandLine, number, settings.Get(kSection, KeyOf(number)));
+    SerialDevice& device = meaning.device;
+    if (device.path.empty()) {
+        return meaning;
+    }
+    device = Seen(device);
+    std::error_code failure;  // what cannot be followed to its end stays without a description
+    const std::string target = fs::canonical(device.path, failure).string();
+    const auto linked = std::ranges::find(found, target, &SerialDevice::path);
+    if (linked != found.end()) {
+        device.description = linked->description;
     }
     return meaning;
 }
@@ -127,7 +144,7 @@ std::vector<SerialDevice> TtyPorts::Devices() const {
             names.push_back(*name);
         }
     }
-    std::ranges::sort(names);
+    std::ranges::sort(names, {}, [](const TtyName& name) { return std::pair{name.kind, name.number}; });
     std::vector<SerialDevice> devices;
     for (const TtyName& name : names) {
         const fs::path entry = fs::path{folders.descriptions} / TextOf(name);

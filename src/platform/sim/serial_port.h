@@ -136,8 +136,8 @@ struct SerialPort : tallyhut::SerialPort {
     std::string ReadAll() override;
 
     SerialLine& Line() const { return ports_.Line(setup_.number); }
-    std::string TakeSent() { return Line().TakeSent(); }
-    void Receive(std::string_view bytes) { Line().Receive(bytes); }
+    std::string TakeSent() const { return Line().TakeSent(); }
+    void Receive(std::string_view bytes) const { Line().Receive(bytes); }
 
 private:
     void SetLevel(ControlLine line, bool on);

@@ -1,0 +1,92 @@
+#include "reports/log_exports.h"
+
+#include "platform/platform_error.h"
+#include "reports/adif.h"
+#include "reports/report_file.h"
+#include "reports/stationbook.h"
+#include "values/text.h"
+
+namespace tallyhut {
+namespace {
+
+constexpr std::size_t kTitleLength = 50;
+
+const InputBox kPowerBox{
+    .title = "Please enter your transmitter output power.",
+    .text =
+        "Please enter the power value that you would like to record.  This is an optional value that will be included "
+        "in each QSO record and displayed in Station Book's power output column.",
+    .preset = "100",
+};
+
+const InputBox kCommentBox{
+    .title = "Please enter a comment.",
+    .text =
+        "Please enter a comment that you would like to appear on each QSO record.  This is an optional description "
+        "that will be displayed in Station Book's Comments column.",
+    .preset = "November Sweepstakes Contest",
+};
+
+MessageBox WrittenBox(const std::string& path) {
+    return {.title = "File Written Successfully.",
+            .text = "The file was successfully written to the directory:\r\n\r\n" + path + ".",
+            .buttons = Buttons::OK,
+            .icon = Icon::Information};
+}
+
+MessageBox NotWrittenBox(const std::string& reason) {
+    return {.title = "Unable to write file.", .text = reason, .buttons = Buttons::OK, .icon = Icon::Exclamation};
+}
+
+MessageBox ExportedBox(const std::string& folder) {
+    return {.title = "Export Successful!",
+            .text = "LogExp.txt has been written to this program's working directory " + folder +
+                    ".  Import these contacts into the Station Book log program by clicking File, Import, and "
+                    "navigating to this directory from the Stationbook program.",
+            .buttons = Buttons::OK,
+            .icon = Icon::Information};
+}
+
+}  // namespace
+
+void LogExports::expADIF_Click() {
+    const std::string power = desk.dialogs.Show(kPowerBox);
+    const std::string comment = desk.dialogs.Show(kCommentBox);
+    const FileRequest request{.title = "",
+                              .filter = "ADIF Files (*.adi) | *.adi",
+                              .folder = directories.WorkingDirectory,
+                              .name = WorkingFile(directories, "Tallyhut.adi"),
+                              .overwritePrompt = true};
+    try {
+        const std::optional<std::string> path = desk.dialogs.SaveFile(request);
+        if (!path) {
+            return;
+        }
+        const DateTime now = desk.clock.Now();
+        const AdifExport details{.title = Trim(form.Caption().substr(0, kTitleLength)),
+                                 .exportedAt = FormatDateTime(now, "ddddd h:nn:ss AMPM", shortDate),
+                                 .power = power,
+                                 .comment = comment,
+                                 .phone = preferences.gContestMode != 0};
+        WriteReportFile(logFile, *path, AdifText(details, log, now.year));
+        desk.dialogs.Show(WrittenBox(*path));
+    } catch (const PlatformError& failure) {
+        desk.dialogs.Show(NotWrittenBox(failure.what()));
+    }
+}
+
+void LogExports::mnuExport_Click() {
+    const bool phone = preferences.gContestMode == 1;
+    WriteReportFile(logFile, WorkingFile(directories, "LogExp.txt"), StationbookText(log, phone));
+    desk.dialogs.Beep();
+    desk.dialogs.Show(ExportedBox(directories.WorkingDirectory));
+}
+
+void LogExports::mnuCopyListtoClipboard_Click() {
+    try {
+        desk.clipboard.SetText(ListAsText(form.ListView1));
+    } catch (const PlatformError&) {  // the list is still on the screen
+    }
+}
+
+}  // namespace tallyhut

@@ -29,38 +29,40 @@ struct OptionGrid {
     int rows;
     double optionWidth;
 
-    constexpr Place Frame() const { return {left, top, 180 + columns * optionWidth, kHead + rows * kRow + 90}; }
+    constexpr Place Frame() const { return {left, top, 180 + columns * optionWidth, kHead + rows * kRow + 60}; }
     constexpr ButtonDesign Cell(int position, int firstTab) const {
         return {.place = {left + 120 + position % columns * optionWidth, top + kHead + position / columns * kRow,
-                          optionWidth - 60, kRow - 30},
+                          optionWidth - 30, kRow},
                 .tabIndex = firstTab + position};
     }
 
 private:
     static constexpr double kHead = 270;
-    static constexpr double kRow = 300;
+    static constexpr double kRow = 270;
 };
 
-constexpr OptionGrid kBaud{2160, 120, 3, 3, 840};
-constexpr OptionGrid kPort{4980, 120, 5, 2, 540};
-constexpr OptionGrid kPower{7980, 120, 1, 3, 1260};
-constexpr OptionGrid kParity{2160, 1470, 3, 1, 840};
-constexpr OptionGrid kData{4980, 1470, 2, 1, 600};
-constexpr OptionGrid kStop{6480, 1470, 2, 1, 600};
-constexpr OptionGrid kPoll{2160, 2220, 4, 1, 840};
-constexpr OptionGrid kModeBy{5820, 2220, 3, 1, 1140};
+constexpr double kLeft = 1980;  ///< beside the list
+constexpr OptionGrid kBaud{kLeft, 90, 5, 2, 750};
+constexpr OptionGrid kPort{6030, 90, 5, 2, 600};
+constexpr OptionGrid kParity{kLeft, 1020, 3, 1, 780};
+constexpr OptionGrid kData{4560, 1020, 2, 1, 450};
+constexpr OptionGrid kStop{5700, 1020, 2, 1, 450};
+constexpr OptionGrid kPower{6840, 1020, 3, 1, 750};
+constexpr OptionGrid kPoll{kLeft, 1680, 2, 2, 960};
+constexpr OptionGrid kModeBy{4200, 1680, 3, 1, 1290};
 
-constexpr double kStrings = 3030;
-constexpr double kButtons = 4350;
-constexpr double kReadings = 4920;
-constexpr double kTexts = 5850;
+constexpr double kStrings = 2610;
+constexpr double kButtons = 3750;
+constexpr double kReadings = 4320;
+constexpr double kTexts = 5040;
 constexpr double kTextsWidth = 9240;
+constexpr double kSmallText = 7;
 
 }  // namespace
 
 RigControlfrm::RigControlfrm(Desk& owner)
-    : Form{owner, "RigControlfrm", " Rig Interface Setup", {.width = 9600, .height = 8040}},
-      List1{*this, "List1", {.place = {180, 180, 1860, 4560}, .tabIndex = 1}},
+    : Form{owner, "RigControlfrm", " Rig Interface Setup", {.width = 9600, .height = 6480}},
+      List1{*this, "List1", {.place = {180, 90, 1680, 4110}, .tabIndex = 1}},
       fraBaud{*this, "fraBaud", "Baud Rate (k):", kBaud.Frame()},
       optBaud12{*this, "optBaud12", "1.2", kBaud.Cell(0, 10)},
       optBaud24{*this, "optBaud24", "2.4", kBaud.Cell(1, 10)},
@@ -99,37 +101,37 @@ RigControlfrm::RigControlfrm(Desk& owner)
       OptRig{*this, "OptRig", "Rig", kModeBy.Cell(0, 80)},
       OptFreq{*this, "OptFreq", "Frequency", kModeBy.Cell(1, 80)},
       OptDont{*this, "OptDont", "Don't Use", kModeBy.Cell(2, 80)},
-      chkFrequency{*this, "chkFrequency", "Use Frequency", {.place = {7980, 1710, 1500, 300}, .tabIndex = 65}},
-      lblFreqString{*this, "lblFreqString", "String to read frequency", {.place = {2160, kStrings + 60, 2220, 240}}},
-      txtFreq{*this, "txtFreq", {.place = {4440, kStrings, 2700, 330}, .tabIndex = 90, .refusesPaste = "\""}},
-      lblModeString{*this, "lblModeString", "String to read mode", {.place = {2160, kStrings + 480, 2220, 240}}},
-      txtMode{*this, "txtMode", {.place = {4440, kStrings + 420, 2700, 330}, .tabIndex = 91, .refusesPaste = "\""}},
+      chkFrequency{*this, "chkFrequency", "Use Frequency", {.place = {4200, 2310, 2100, 270}, .tabIndex = 65}},
+      lblFreqString{*this, "lblFreqString", "String to read frequency", {.place = {kLeft, kStrings, 2700, 240}}},
+      txtFreq{*this, "txtFreq", {.place = {kLeft, kStrings + 240, 2700, 330}, .tabIndex = 90, .refusesPaste = "\""}},
+      lblModeString{*this, "lblModeString", "String to read mode", {.place = {4800, kStrings, 2700, 240}}},
+      txtMode{*this, "txtMode", {.place = {4800, kStrings + 240, 2700, 330}, .tabIndex = 91, .refusesPaste = "\""}},
       chkConvToHex{*this,
                    "chkConvToHex",
                    "Convert to Hex",
-                   {.place = {7260, kStrings + 30, 2100, 300}, .tabIndex = 92, .visible = false}},
-      Label10{*this, "Label10", kAddress, {.place = {2160, kStrings + 810, 7260, 450}, .visible = false}},
-      Command1{*this, "Command1", "Test", {.place = {2160, kButtons, 1200, 390}, .tabIndex = 93}},
-      Command2{*this, "Command2", "End Test", {.place = {3480, kButtons, 1200, 390}, .tabIndex = 94, .visible = false}},
-      Label2{*this, "Label2", "Polling Rig", {.place = {4800, kButtons + 60, 1500, 240}, .visible = false}},
-      Command3{*this, "Command3", "Change Frequency", {.place = {6480, kButtons, 1740, 390}, .tabIndex = 95}},
+                   {.place = {7620, kStrings + 270, 1800, 270}, .tabIndex = 92, .visible = false}},
+      Label10{*this, "Label10", kAddress, {.place = {kLeft, kStrings + 630, 7440, 450}, .visible = false}},
+      Command1{*this, "Command1", "Test", {.place = {kLeft, kButtons, 1200, 390}, .tabIndex = 93}},
+      Command2{*this, "Command2", "End Test", {.place = {3300, kButtons, 1200, 390}, .tabIndex = 94, .visible = false}},
+      Label2{*this, "Label2", "Polling Rig", {.place = {4620, kButtons + 60, 1500, 240}, .visible = false}},
+      Command3{*this, "Command3", "Change Frequency", {.place = {6180, kButtons, 2040, 390}, .tabIndex = 95}},
       cmdDone{*this, "cmdDone", "&Done", {.place = {8340, kButtons, 1080, 390}, .tabIndex = 98}},
       lblFreqCaption{*this, "lblFreqCaption", "Frequency:", {.place = {180, kReadings, 960, 240}}},
       lblFreq{*this, "lblFreq", "", {.place = {1200, kReadings, 1380, 240}}},
       lblModeCaption{*this, "lblModeCaption", "Mode:", {.place = {2640, kReadings, 600, 240}}},
       lblMode{*this, "lblMode", "", {.place = {3300, kReadings, 1200, 240}}},
       Label9{*this, "Label9", "Should be PH or CW", {.place = {4560, kReadings, 1920, 240}}},
-      ChkConvHex{*this, "ChkConvHex", "Convert from Hex", {.place = {6720, kReadings - 30, 2100, 300}, .tabIndex = 96}},
+      ChkConvHex{*this, "ChkConvHex", "Convert from Hex", {.place = {6720, kReadings - 30, 2100, 270}, .tabIndex = 96}},
       lblUnProcessCaption{
-          *this, "lblUnProcessCaption", "Unprocessed data returned:", {.place = {180, kReadings + 330, 2280, 240}}},
-      lblUnProcess{*this, "lblUnProcess", "", {.place = {2520, kReadings + 330, 4080, 510}}},
+          *this, "lblUnProcessCaption", "Unprocessed data returned:", {.place = {180, kReadings + 300, 2400, 240}}},
+      lblUnProcess{*this, "lblUnProcess", "", {.place = {2640, kReadings + 300, 3120, 420}}},
       Command4{*this,
                "Command4",
                "Copy unprocessed data to clipboard",
-               {.place = {6720, kReadings + 330, 2700, 390}, .tabIndex = 97}},
-      Label8{*this, "Label8", kHowToUse, {.place = {180, kTexts, kTextsWidth, 660}}},
-      Label12{*this, "Label12", kSpotsTune, {.place = {180, kTexts + 720, kTextsWidth, 840}}},
-      Label11{*this, "Label11", kUnlisted, {.place = {180, kTexts + 1620, kTextsWidth, 480}}},
+               {.place = {5820, kReadings + 270, 3600, 390}, .tabIndex = 97}},
+      Label8{*this, "Label8", kHowToUse, {.place = {180, kTexts, kTextsWidth, 510}, .fontSize = kSmallText}},
+      Label12{*this, "Label12", kSpotsTune, {.place = {180, kTexts + 540, kTextsWidth, 510}, .fontSize = kSmallText}},
+      Label11{*this, "Label11", kUnlisted, {.place = {180, kTexts + 1080, kTextsWidth, 345}, .fontSize = kSmallText}},
       tmrGetData{*this, "tmrGetData", 250, false} {
     for (Option* option : {&optBaud12, &optBaud24, &optBaud48, &optBaud96, &optBaud144, &optBaud192, &optBaud288,
                            &optBaud384, &optBaud560}) {

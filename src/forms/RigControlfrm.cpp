@@ -31,8 +31,9 @@ struct OptionGrid {
 
     constexpr Place Frame() const { return {left, top, 180 + columns * optionWidth, kHead + rows * kRow + 60}; }
     constexpr ButtonDesign Cell(int position, int firstTab) const {
-        return {.place = {left + 120 + position % columns * optionWidth, top + kHead + position / columns * kRow,
-                          optionWidth - 30, kRow},
+        const int column = position % columns;
+        const int row = position / columns;
+        return {.place = {left + 120 + column * optionWidth, top + kHead + row * kRow, optionWidth - 30, kRow},
                 .tabIndex = firstTab + position};
     }
 

@@ -32,6 +32,7 @@ const MessageBox kNotPollingBox{
 
 std::vector<std::string> RigNames() {
     std::vector<std::string> names;
+    names.reserve(kRigs.size());
     for (const RigRow& rig : kRigs) {
         names.emplace_back(rig.name);
     }

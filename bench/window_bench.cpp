@@ -71,6 +71,7 @@ struct WindowProgram {
     sim::Files files{"/contest"};
     sim::SettingsStore settings;
     sim::Environment environment;
+    sim::SerialPorts serialPorts{clock};
     Program program{{.clock = clock,
                      .pump = pump,
                      .dialogs = dialogs,
@@ -79,7 +80,8 @@ struct WindowProgram {
                      .files = files,
                      .settings = settings,
                      .screen = screen,
-                     .environment = environment},
+                     .environment = environment,
+                     .serialPorts = serialPorts},
                     "/contest"};
     WindowHost host{program.desk, pump};
 };

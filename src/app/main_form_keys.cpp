@@ -8,6 +8,12 @@ namespace tallyhut {
 /// be swallowed.
 void MainFormKeys::Form_KeyDown(int& KeyCode, int Shift) {
     gCtrlKeyTaken = Shift == kCtrl && KeyCode >= 'A' && KeyCode <= 'Z';
+    if (!gCtrlKeyTaken) {
+        return;
+    }
+    if (const auto opened = onCtrlKey.find(KeyCode); opened != onCtrlKey.end()) {
+        opened->second();
+    }
 }
 
 void MainFormKeys::Form_KeyPress(int& KeyAscii) {

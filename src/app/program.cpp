@@ -23,6 +23,7 @@ Program::Program(const Machine& lent, const std::string& workingDirectory)
       portsForm{desk},
       helpForm{desk},
       colourForm{desk},
+      rigForm{desk},
       directories{.WorkingDirectory = workingDirectory, .DataDirectory = {}, .SharedDirectory = {}},
       shared{lent.files},
       preferencesFile{lent.files, directories, preferences},
@@ -43,6 +44,13 @@ Program::Program(const Machine& lent, const std::string& workingDirectory)
       copies{desk, lent.files, directories, log, logFile, preferences, preferencesFile, time, rates, reload},
       station{form1, stationForm, desk, preferences, preferencesFile, lent.settings},
       ports{portsForm, desk, lent.serialPorts},
+      comComm1{lent.serialPorts.NewPort()},
+      pegasus{lent.files, lent.settings, lent.environment},
+      bandConversion{band, log},
+      rigPoll{rigForm, rigState, rigSettings, preferences, *comComm1, pegasus, bandConversion},
+      rigCommands{rigForm, rigState, rigSettings, preferences, *comComm1, pegasus, lent.files, directories, desk},
+      rigSetup{rigForm,   rigState,   rigSettings, preferences, preferencesFile, rigPoll, rigCommands,
+               *comComm1, lent.files, directories, desk},
       utcOffset{desk, preferences, preferencesFile},
       question{desk, station, copies, reload, entry, preferences},
       entryForm{form1,      form2,    desk,          directories, preferences, log,
@@ -73,6 +81,7 @@ Program::Program(const Machine& lent, const std::string& workingDirectory)
     BindColourForm();
     BindHelpForm();
     BindPortsForm();
+    BindRigForm();
     BindMenus();
     BindReports();
     for (Form* form : desk.Forms()) {
@@ -196,6 +205,23 @@ void Program::BindHelpForm() {
     helpForm.Form_Load = [this] { help.Form5_Load(); };
     helpForm.Command1.Click = [this] { help.Command1_Click(); };
     helpForm.Command2.Click = [this] { help.Command2_Click(); };
+void Program::BindRigForm() {
+    rigForm.Form_Load = [this] { rigSetup.RigControlfrm_Load(); };
+    rigForm.Form_Unload = [this] { rigSetup.RigControlfrm_Unload(); };
+    rigForm.tmrGetData.Elapsed = [this] { rigPoll.tmrGetData_Elapsed(); };
+    rigForm.List1.Click = [this] { rigSetup.List1_Click(); };
+    rigForm.txtFreq.Change = [this] { rigSetup.txtFreq_Change(); };
+    rigForm.txtMode.Change = [this] { rigSetup.txtMode_Change(); };
+    rigForm.Command1.Click = [this] { rigSetup.Command1_Click(); };
+    rigForm.Command2.Click = [this] { rigSetup.Command2_Click(); };
+    rigForm.Command3.Click = [this] { rigSetup.Command3_Click(); };
+    rigForm.Command4.Click = [this] { rigSetup.Command4_Click(); };
+    rigForm.cmdDone.Click = [this] { rigSetup.cmdDone_Click(); };
+    keys.onCtrlKey['R'] = [this] { rigForm.Show(); };
+    startUp.openRigPort = [this] {
+        rigForm.Load();
+        rigSetup.Command1_Click();
+    };
 }
 
 void Program::BindMenus() {
@@ -206,6 +232,7 @@ void Program::BindMenus() {
     form1.mnuPostContest.Click = [this] { postContest.mnuPostContest_Click(); };
     form1.mnuExit.Click = [this] { mnuExit_Click(); };
     form1.mnuSetup.Click = [this] { station.mnuSetup_Click(); };
+    form1.mnuRig.Click = [this] { rigForm.Show(); };
     form1.mnuPorts.Click = [this] { ports.mnuPorts_Click(); };
     for (const BandRow& row : kBands) {
         (form1.*row.entry).Click = [this, &row] { band.ChooseBand(row.band); };

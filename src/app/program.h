@@ -16,6 +16,7 @@
 #include "reports/log_exports.h"
 #include "reports/paper_reports.h"
 #include "support/help_page.h"
+#include "rig/rig_setup.h"
 #include "support/ports_setup.h"
 
 namespace tallyhut {
@@ -36,6 +37,7 @@ struct Program {
     frmPorts portsForm;
     Form5 helpForm;
     Form6 colourForm;
+    RigControlfrm rigForm;
 
     Directories directories;
     SharedPreferences shared;
@@ -60,6 +62,14 @@ struct Program {
     LogCopies copies;
     Station station;
     PortsSetup ports;
+    std::unique_ptr<SerialPort> comComm1;
+    RigSettings rigSettings;
+    RigState rigState;
+    PegasusFiles pegasus;
+    BandConversion bandConversion;
+    RigPoll rigPoll;
+    RigCommands rigCommands;
+    RigSetup rigSetup;
     UtcOffsetCheck utcOffset;
     StartQuestion question;
     EntryForm entryForm;
@@ -92,6 +102,7 @@ private:
     void BindColourForm();
     void BindHelpForm();
     void ScaleAtLoad(Form& form);
+    void BindRigForm();
     void BindMenus();
     void BindReports();
     void ClaimFolder();

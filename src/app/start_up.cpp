@@ -1,6 +1,7 @@
 #include "app/start_up.h"
 
 #include "platform/platform_error.h"
+#include "rig/rig_table.h"
 #include "support/directory_rules.h"
 #include "support/fresh_installation.h"
 #include "values/number.h"
@@ -60,7 +61,7 @@ void StartUp::LoadSteps() {
     question.PromptLogStart();
     readCwMessages();
     layout.LayOutMainForm();
-    if (preferences.gRigName != "None") {
+    if (RigNamed(preferences.gRigName).link != RigLink::None) {
         openRigPort();
     }
 }

@@ -176,6 +176,7 @@ Form1::Form1(Desk& owner)
       mnuExit{mnuFile, "mnuExit", "E&xit"},
       mnuSettings{*this, "mnuSettings", "&Settings"},
       mnuSetup{mnuSettings, "mnuSetup", "&Setup"},
+      mnuRig{mnuSettings, "mnuRig", "&Rig Interface"},
       mnuPorts{mnuSettings, "mnuPorts", "Serial P&orts"},
       mnuBand{*this, "mnuBand", "&Band"},
       mnu160{mnuBand, "mnu160", "160"},

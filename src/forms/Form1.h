@@ -99,6 +99,7 @@ struct Form1 : Form {
     MenuEntry mnuExit;
     MenuEntry mnuSettings;
     MenuEntry mnuSetup;
+    MenuEntry mnuRig;
     MenuEntry mnuPorts;
     MenuEntry mnuBand;
     MenuEntry mnu160;

@@ -44,7 +44,11 @@ Button::Button(Form& owner, std::string controlName, std::string_view caption, c
 }
 
 Option::Option(Form& owner, std::string controlName, std::string_view caption, const ButtonDesign& design)
-    : Control{owner, ControlKind::Option, std::move(controlName)} {
+    : Option{owner, std::move(controlName), -1, caption, design} {}
+
+Option::Option(Form& owner, std::string controlName, int controlIndex, std::string_view caption,
+               const ButtonDesign& design)
+    : Control{owner, ControlKind::Option, std::move(controlName), controlIndex} {
     TakeDesign(state_, caption, design);
 }
 

@@ -85,6 +85,8 @@ struct Button : Control {
 /// One of the choices in its frame (or on its form, outside of frames).
 struct Option : Control {
     Option(Form& owner, std::string controlName, std::string_view caption, const ButtonDesign& design);
+    Option(Form& owner, std::string controlName, int controlIndex, std::string_view caption,
+           const ButtonDesign& design);
 
     const std::string& Caption() const { return state_.text; }
     bool Value() const { return state_.chosen; }

@@ -19,6 +19,8 @@ Program::Program(const Machine& lent, const std::string& workingDirectory)
       stationForm{desk},
       portsForm{desk},
       rigForm{desk},
+      tuneForm{desk},
+      frequencyTestForm{desk},
       directories{.WorkingDirectory = workingDirectory, .DataDirectory = {}, .SharedDirectory = {}},
       shared{lent.files},
       preferencesFile{lent.files, directories, preferences},
@@ -46,6 +48,8 @@ Program::Program(const Machine& lent, const std::string& workingDirectory)
       rigCommands{rigForm, rigState, rigSettings, preferences, *comComm1, pegasus, lent.files, directories, desk},
       rigSetup{rigForm,   rigState,   rigSettings, preferences, preferencesFile, rigPoll, rigCommands,
                *comComm1, lent.files, directories, desk},
+      rigTune{tuneForm, preferences, rigCommands},
+      frequencyTest{frequencyTestForm, rigCommands, *comComm1},
       utcOffset{desk, preferences, preferencesFile},
       question{desk, station, copies, reload, entry, preferences},
       keys{preferences, entry},
@@ -65,6 +69,7 @@ Program::Program(const Machine& lent, const std::string& workingDirectory)
     BindStationForm();
     BindPortsForm();
     BindRigForm();
+    BindTuneForm();
     BindMenus();
 }
 
@@ -178,6 +183,39 @@ void Program::BindRigForm() {
         rigForm.Load();
         rigSetup.Command1_Click();
     };
+}
+
+void Program::BindTuneForm() {
+    tuneForm.Form_KeyDown = [this](int& KeyCode, int Shift) { rigTune.Form_KeyDown(KeyCode, Shift); };
+    tuneForm.Form_KeyPress = [this](int& KeyAscii) { rigTune.Form_KeyPress(KeyAscii); };
+    tuneForm.txtFreq.Change = [this] { rigTune.txtFreq_Change(); };
+    tuneForm.txtFreq.KeyPress = [this](int& KeyAscii) { rigTune.txtFreq_KeyPress(KeyAscii); };
+    for (TextBox* limit : {&tuneForm.txtFrom, &tuneForm.txtTo}) {
+        limit->KeyPress = [this](int& KeyAscii) { rigTune.Limit_KeyPress(KeyAscii); };
+    }
+    for (int i = tuneForm.cmdTune.First(); i <= tuneForm.cmdTune.Last(); ++i) {
+        tuneForm.cmdTune(i).Click = [this, i] { rigTune.cmdTune_Click(i); };
+    }
+    for (int i = tuneForm.cmdBand.First(); i <= tuneForm.cmdBand.Last(); ++i) {
+        tuneForm.cmdBand(i).Click = [this, i] { rigTune.cmdBand_Click(i); };
+    }
+    tuneForm.cmdCW.Click = [this] { rigTune.Mode_Click("CW"); };
+    tuneForm.cmdUSB.Click = [this] { rigTune.Mode_Click("USB"); };
+    tuneForm.cmdLSB.Click = [this] { rigTune.Mode_Click("LSB"); };
+    tuneForm.cmdAM.Click = [this] { rigTune.Mode_Click("AM"); };
+    tuneForm.cmdFM.Click = [this] { rigTune.Mode_Click("FM"); };
+    tuneForm.cmdRTTY.Click = [this] { rigTune.Mode_Click("RTTY"); };
+    tuneForm.chkScan.Click = [this] { rigTune.chkScan_Click(); };
+    tuneForm.Command1.Click = [this] { rigTune.Command1_Click(); };
+    tuneForm.cmdDone.Click = [this] { rigTune.cmdDone_Click(); };
+    tuneForm.Timer1.Elapsed = [this] { rigTune.Timer1_Elapsed(); };
+    form1.mnuRigTune.Click = [this] { tuneForm.Show(); };
+    keys.onCtrlKey['G'] = [this] { tuneForm.Show(); };
+
+    frequencyTestForm.Command1.Click = [this] { frequencyTest.Command1_Click(); };
+    frequencyTestForm.Command2.Click = [this] { frequencyTest.Command2_Click(); };
+    frequencyTestForm.cmdClose.Click = [this] { frequencyTest.cmdClose_Click(); };
+    rigSetup.openFrequencyTest = [this] { frequencyTest.Open(); };
 }
 
 void Program::BindMenus() {

@@ -7,7 +7,9 @@
 #include "forms/frmQ7ZZQLogo.h"
 #include "forms/frmSplash.h"
 #include "log/contact_editing.h"
+#include "rig/frequency_test.h"
 #include "rig/rig_setup.h"
+#include "rig/rig_tune.h"
 #include "support/ports_setup.h"
 
 namespace tallyhut {
@@ -26,6 +28,8 @@ struct Program {
     frmStationID stationForm;
     frmPorts portsForm;
     RigControlfrm rigForm;
+    frmRigTune tuneForm;
+    frmFrequencyTest frequencyTestForm;
 
     Directories directories;
     SharedPreferences shared;
@@ -58,6 +62,8 @@ struct Program {
     RigPoll rigPoll;
     RigCommands rigCommands;
     RigSetup rigSetup;
+    RigTune rigTune;
+    FrequencyTest frequencyTest;
     UtcOffsetCheck utcOffset;
     StartQuestion question;
     MainFormKeys keys;
@@ -79,6 +85,7 @@ private:
     void BindStationForm();
     void BindPortsForm();
     void BindRigForm();
+    void BindTuneForm();
     void BindMenus();
     void ClaimFolder();
     void frmSplash_Load();

@@ -184,6 +184,8 @@ Form1::Form1(Desk& owner)
       mnuAppearance{*this, "mnuAppearance", "&Appearance"},
       mnuDXSpotsColor{mnuAppearance, "mnuDXSpotsColor", "Color &Needed DX Spots Green"},
       mnuAudioAlert{mnuAppearance, "mnuAudioAlert", "&Audio Alert of Needed Spots"},
+      mnuView{*this, "mnuView", "&View"},
+      mnuRigTune{mnuView, "mnuRigTune", "Change F&requency"},
       Timer1{*this, "Timer1", 60'000, true},
       Timer2{*this, "Timer2", 1'000, true} {}
 

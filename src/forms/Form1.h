@@ -107,6 +107,8 @@ struct Form1 : Form {
     MenuEntry mnuAppearance;
     MenuEntry mnuDXSpotsColor;
     MenuEntry mnuAudioAlert;
+    MenuEntry mnuView;
+    MenuEntry mnuRigTune;
 
     Timer Timer1;  ///< rates
     Timer Timer2;  ///< clocks

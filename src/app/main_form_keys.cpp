@@ -14,6 +14,9 @@ void MainFormKeys::Form_KeyDown(int& KeyCode, int Shift) {
     if (const auto opened = onCtrlKey.find(KeyCode); opened != onCtrlKey.end()) {
         opened->second();
     }
+    if (KeyCode == 'G') {
+        KeyCode = 0;
+    }
 }
 
 void MainFormKeys::Form_KeyPress(int& KeyAscii) {

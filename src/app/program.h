@@ -15,8 +15,10 @@
 #include "reports/entry_form.h"
 #include "reports/log_exports.h"
 #include "reports/paper_reports.h"
-#include "support/help_page.h"
+#include "rig/frequency_test.h"
 #include "rig/rig_setup.h"
+#include "rig/rig_tune.h"
+#include "support/help_page.h"
 #include "support/ports_setup.h"
 
 namespace tallyhut {
@@ -38,6 +40,8 @@ struct Program {
     Form5 helpForm;
     Form6 colourForm;
     RigControlfrm rigForm;
+    frmRigTune tuneForm;
+    frmFrequencyTest frequencyTestForm;
 
     Directories directories;
     SharedPreferences shared;
@@ -70,6 +74,8 @@ struct Program {
     RigPoll rigPoll;
     RigCommands rigCommands;
     RigSetup rigSetup;
+    RigTune rigTune;
+    FrequencyTest frequencyTest;
     UtcOffsetCheck utcOffset;
     StartQuestion question;
     EntryForm entryForm;
@@ -103,6 +109,7 @@ private:
     void BindHelpForm();
     void ScaleAtLoad(Form& form);
     void BindRigForm();
+    void BindTuneForm();
     void BindMenus();
     void BindReports();
     void ClaimFolder();

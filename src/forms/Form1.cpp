@@ -195,6 +195,8 @@ Form1::Form1(Desk& owner)
       mnuColors{mnuAppearance, "mnuColors", "&Colors"},
       mnuDXSpotsColor{mnuAppearance, "mnuDXSpotsColor", "Color &Needed DX Spots Green"},
       mnuAudioAlert{mnuAppearance, "mnuAudioAlert", "&Audio Alert of Needed Spots"},
+      mnuView{*this, "mnuView", "&View"},
+      mnuRigTune{mnuView, "mnuRigTune", "Change F&requency"},
       mnuReports{*this, "mnuReports", "&Reports"},
       mnuWriteLog{mnuReports, "mnuWriteLog", "Write ASCII &Log"},
       mnuWriteDupe{mnuReports, "mnuWriteDupe", "Write &Dupe Sheet"},

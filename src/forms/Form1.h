@@ -118,6 +118,8 @@ struct Form1 : Form {
     MenuEntry mnuColors;
     MenuEntry mnuDXSpotsColor;
     MenuEntry mnuAudioAlert;
+    MenuEntry mnuView;
+    MenuEntry mnuRigTune;
     MenuEntry mnuReports;
     MenuEntry mnuWriteLog;
     MenuEntry mnuWriteDupe;

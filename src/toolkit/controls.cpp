@@ -38,7 +38,11 @@ void TakeDesign(ControlState& state, std::string_view caption, const ButtonDesig
 }  // namespace
 
 Button::Button(Form& owner, std::string controlName, std::string_view caption, const ButtonDesign& design)
-    : Control{owner, ControlKind::Button, std::move(controlName)} {
+    : Button{owner, std::move(controlName), -1, caption, design} {}
+
+Button::Button(Form& owner, std::string controlName, int controlIndex, std::string_view caption,
+               const ButtonDesign& design)
+    : Control{owner, ControlKind::Button, std::move(controlName), controlIndex} {
     TakeDesign(state_, caption, design);
     state_.foreColor = kButtonText;
 }

@@ -77,6 +77,8 @@ struct ButtonDesign {
 
 struct Button : Control {
     Button(Form& owner, std::string controlName, std::string_view caption, const ButtonDesign& design);
+    Button(Form& owner, std::string controlName, int controlIndex, std::string_view caption,
+           const ButtonDesign& design);
 
     const std::string& Caption() const { return state_.text; }
     void SetCaption(std::string_view text) { SetTextValue(text); }

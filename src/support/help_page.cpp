@@ -2,7 +2,7 @@
 
 #include "platform/platform_error.h"
 #include "toolkit/desk.h"
-#include "values/text.h"
+#include "values/text_file.h"
 
 namespace tallyhut {
 namespace {
@@ -27,11 +27,11 @@ void HelpPage::Command1_Click() {
     page.Unload();
 }
 
-/// Not by the writer of records, which would leave out the line ends and quotes of the text: no program reads this
-/// file.
+/// As one item, like any that a record holds: without the line ends and quotes of the text.
 void HelpPage::Command2_Click() {
     try {
-        files.Replace(WorkingFile(directories, kCopy), '"' + page.Text1.Text() + '"' + std::string{kLineEnd});
+        const RecordWriter copy = RecordWriter{}.Text(page.Text1.Text()).EndLine();
+        files.Replace(WorkingFile(directories, kCopy), copy.Result());
     } catch (const PlatformError& failure) {
         page.desk.dialogs.Show(MessageBox{.title = "The text cannot be written",
                                           .text = failure.what(),

@@ -81,7 +81,7 @@ TEST(Appearance, HelpPageShowsAndCopiesTheHelpText) {
     EXPECT_EQ(program.LastTurn(), R"({"ready":"modal","form":"Form5","focus":"Text1"})");
     EXPECT_EQ(program.Get("Text1"), R"("Click \"Time On\".\r\nLog.")");
     program.Do("click Command2");
-    EXPECT_EQ(folder.Read("HelpSB.txt"), "\"Click \"Time On\".\r\nLog.\"\r\n");
+    EXPECT_EQ(folder.Read("HelpSB.txt"), "\"Click Time On.Log.\"\r\n");
     program.Do("click Command1");
     EXPECT_EQ(program.LastTurn(), R"({"ready":"idle","form":"Form1","focus":"txtNum"})");
 }

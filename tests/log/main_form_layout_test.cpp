@@ -211,7 +211,7 @@ TEST_F(MainFormLayoutTest, HelpOpensThePageOfTheFolder) {
     });
     ChooseMenu(Main().mnuHelp);
     EXPECT_EQ(shown, "LOG\r\n");
-    EXPECT_EQ(files.contents.at("/contest/HelpSB.txt"), "\"LOG\r\n\"\r\n");
+    EXPECT_EQ(files.contents.at("/contest/HelpSB.txt"), "\"LOG\"\r\n");
     EXPECT_FALSE(program->helpForm.IsLoaded());
 }
 

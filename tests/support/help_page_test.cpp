@@ -44,7 +44,7 @@ TEST_F(HelpPageTest, CopyIsOneItemThatReplacesTheFile) {
     files.Put("/contest/readns.txt", "LOG\r\n");
     page.Load();
     help.Command2_Click();
-    EXPECT_EQ(files.contents.at(kCopyPath), "\"LOG\r\n\"\r\n");
+    EXPECT_EQ(files.contents.at(kCopyPath), "\"LOG\"\r\n");
     page.Text1.SetText("");
     help.Command2_Click();
     EXPECT_EQ(files.contents.at(kCopyPath), "\"\"\r\n");

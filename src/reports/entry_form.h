@@ -10,6 +10,7 @@
 #include "platform/settings_store.h"
 #include "reports/cabrillo.h"
 #include "reports/summary_sheet.h"
+#include "support/directories.h"
 #include "support/shared_preferences.h"
 #include "toolkit/desk.h"
 

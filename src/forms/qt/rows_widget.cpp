@@ -123,6 +123,11 @@ void RowsWidget::SetRowsInView(int count) {
     SpreadRows();
 }
 
+QSize RowsWidget::Needed(int /*width*/) const {
+    constexpr int kFewest = 2;
+    return {0, kFewest * fontMetrics().height() * 3 / 2 + (header()->isHidden() ? 0 : header()->height())};
+}
+
 void RowsWidget::SpreadRows() {
     if (rowsInView_ <= 0) {
         return;

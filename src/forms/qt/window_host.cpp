@@ -6,7 +6,9 @@
 #include <QScreen>
 #include <QTimer>
 #include <algorithm>
+#include <iterator>
 #include <utility>
+#include <vector>
 
 #include "forms/qt/form_layout.h"
 #include "forms/qt/form_menus.h"
@@ -63,6 +65,9 @@ QRect DefaultPlace(const Form& form, const QRect& area) {
         place.setSize(area.size());
     }
     place.moveCenter(area.center());
+    if (form.design.neverActive) {
+        place.moveTop(area.top());  // above the form that keys go to
+    }
     return place;
 }
 
@@ -75,6 +80,11 @@ QRect InPixels(const Place& place) {
 Place InUnits(const QRect& pixels) {
     return {pixels.x() * kUnitsPerPixel, pixels.y() * kUnitsPerPixel, pixels.width() * kUnitsPerPixel,
             pixels.height() * kUnitsPerPixel};
+}
+
+bool StepsThroughAll(const QKeyEvent& press) {
+    return press.modifiers().testFlag(Qt::ControlModifier) &&
+           (press.key() == Qt::Key_Tab || press.key() == Qt::Key_Backtab);
 }
 
 /// The form whose window a widget is in; null for those of dialogs and menus.
@@ -139,16 +149,51 @@ bool WindowHost::eventFilter(QObject* watched, QEvent* event) {
         return false;
     }
     if (event->type() == QEvent::KeyPress) {
-        if (const auto key = KeyFromEvent(*static_cast<QKeyEvent*>(event))) {
+        if (StepsThroughAll(*static_cast<QKeyEvent*>(event))) {
+            const bool backwards = static_cast<QKeyEvent*>(event)->modifiers().testFlag(Qt::ShiftModifier);
+            input_.Do([this, backwards] { FocusNext(backwards); });
+        } else if (const auto key = KeyFromEvent(*static_cast<QKeyEvent*>(event))) {
             input_.Press(*key);
         }
     } else if (event->type() == QEvent::InputMethod) {
-        for (const Key& key : KeysFromText(static_cast<QInputMethodEvent*>(event)->commitString())) {
+        auto& composed = *static_cast<QInputMethodEvent*>(event);
+        for (const Key& key : KeysFromText(composed.commitString())) {
             input_.Press(key);
         }
+        composed.setCommitString({});
+        return false;  // the widget shows what is still being composed
     }
     event->accept();
     return true;
+}
+
+/// Tab itself visits what the program calls a tab stop. So that nothing is out of a keyboard's reach, Ctrl+Tab visits
+/// all that can have the focus, in reading order.
+void WindowHost::FocusNext(bool backwards) {
+    Form* form = desk_.Active();
+    const auto view = views_.find(form);
+    if (view == views_.end()) {
+        return;
+    }
+    const auto cornerOf = [&view](const Control* control) {
+        const QWidget& widget = view->second->widgets.at(control)->Widget();
+        const QPoint corner = widget.mapTo(widget.window(), QPoint{});
+        return std::pair{corner.y(), corner.x()};
+    };
+    std::vector<Control*> stops;
+    std::ranges::copy_if(form->Controls(), std::back_inserter(stops), [&view](const Control* control) {
+        return control->CanTakeFocus() && view->second->widgets.contains(control);
+    });
+    if (stops.empty()) {
+        return;
+    }
+    std::ranges::stable_sort(stops, {}, cornerOf);
+    if (backwards) {
+        std::ranges::reverse(stops);
+    }
+    const auto present = std::ranges::find(stops, form->Focus());
+    const bool wraps = present == stops.end() || present + 1 == stops.end();
+    (wraps ? stops.front() : *(present + 1))->SetFocus();
 }
 
 void WindowHost::Flush() {
@@ -256,6 +301,7 @@ void WindowHost::SyncForm(Form& form) {
     FormView& view = ViewOf(form);
     FormWindow& window = *view.window;
     window.setWindowTitle(TitleOf(form));
+    window.setAccessibleName(TitleOf(form));
     PutInPlace(view);
     if (form.IsMinimised()) {
         if (!window.isMinimized()) {

@@ -1,6 +1,6 @@
 # What the machine must have, by Debian package. Sourced by ./run and ./test.
 
-build_packages="g++ cmake ninja-build ccache qt6-base-dev libgl-dev nlohmann-json3-dev"
+build_packages="g++ cmake ninja-build ccache qt6-base-dev qt6-svg-dev libgl-dev nlohmann-json3-dev"
 run_packages="qt6-qpa-plugins fonts-dejavu-core xdg-utils"
 test_packages="libgtest-dev xvfb xauth xdotool x11-utils imagemagick strace"
 format_packages="clang-format-14"

@@ -35,6 +35,13 @@ bool IsField(const Control& control) {
     return control.kind == ControlKind::TextBox && !control.State().multiLine;
 }
 
+/// Text follows its form up to the largest ratio, and from there on more slowly: on a large screen it is read from no
+/// farther away.
+double TextGrowth(double growth) {
+    constexpr double kBeyond = 0.6;
+    return std::min(growth, kLargestTextRatio) + std::max(growth - kLargestTextRatio, 0.0) * kBeyond;
+}
+
 /// How far the form has scaled its own text.
 double TextRatio(const Form& form) {
     return std::clamp(form.FormPlace().width / form.design.width, 1.0, kLargestTextRatio);
@@ -105,14 +112,14 @@ void GenericLayout::Arrange() {
     const double growth = std::min(window_.width() / designPixels, window_.height() / designLines);
     int top = 0;
     if (QMenuBar* bar = menus_.Bar()) {
-        menus_.SetTextSize(std::max(kMenuPoints * kPixelsPerPoint * growth, SmallestText()));
+        menus_.SetTextSize(std::max(kMenuPoints * kPixelsPerPoint * TextGrowth(growth), SmallestText()));
         top = bar->sizeHint().height();
         bar->setGeometry(0, 0, window_.width(), top);
     }
     const QSize room{window_.width(), window_.height() - top};
     scroll_->setGeometry(0, top, room.width(), room.height());
 
-    const double wanted = kPixelsPerPoint * growth / TextRatio(form_);
+    const double wanted = kPixelsPerPoint * TextGrowth(growth) / TextRatio(form_);
     const auto fits = [&room](const std::pair<Stretch, Stretch>& fit) {
         return fit.first.Whole() <= room.width() + 1 && fit.second.Whole() <= room.height() + 1;
     };

@@ -4,7 +4,11 @@
 #include <gtest/gtest.h>
 
 #include <QAccessible>
+#include <QScreen>
+#include <QScrollArea>
 #include <QScrollBar>
+#include <map>
+#include <memory>
 
 #include "forms/qt/control_widget.h"
 #include "tests/forms/shown_program.h"
@@ -164,6 +168,87 @@ TEST_F(WindowWalkTest, TypingMovesNothingOnTheMainForm) {
     for (ControlWidget* control : ShownControls(window)) {
         EXPECT_EQ(Text(before.at(control)), Text(InWindow(control->Widget()))) << control->Logical().FullName();
     }
+}
+
+/// A form as full as a form gets, of all kinds of controls.
+struct DenseForm : Form {
+    explicit DenseForm(Desk& owner, bool scaledByItself = false)
+        : Form{owner, "frmDense", "Dense", {.width = 9000, .height = 6600}},
+          captions{0, kRows - 1,
+                   [this](int i) {
+                       return std::make_unique<Label>(*this, "lblField", i, "Number of sections " + std::to_string(i),
+                                                      LabelDesign{.place = {180, Top(i) + 45, 1900, 225}});
+                   }},
+          fields{0, kRows - 1, [this](int i) {
+                     return std::make_unique<TextBox>(
+                         *this, "txtField" + std::to_string(i),
+                         TextBoxDesign{.place = {2160, Top(i), 1500, 315}, .tabIndex = i + 1});
+                 }} {
+        for (int i = 0; i < 4; ++i) {
+            options.push_back(std::make_unique<Option>(
+                *this, "optPower" + std::to_string(i), "Operator power " + std::to_string(i),
+                ButtonDesign{.place = {4140, 480 + i * 315.0, 1800, 285}, .tabIndex = 40 + i}));
+            options.back()->PutInto(frame);
+        }
+        SetFormPlace({0, 0, design.width, design.height});
+        if (scaledByItself) {
+            ScaleLikeTheProgram();
+        }
+    }
+
+    static constexpr int kRows = 16;
+    static double Top(int row) { return 180 + row * 360.0; }
+
+    /// Twice the design in each direction, and text by as much as forms let it grow.
+    void ScaleLikeTheProgram() {
+        SetFormPlace({0, 0, design.width * 2, design.height * 2});
+        for (Control* control : Controls()) {
+            const Place& place = control->State().place;
+            control->SetPlace({place.left * 2, place.top * 2, place.width * 2, place.height * 2});
+            control->SetFontSize(control->State().fontSize * 1.5);
+        }
+    }
+
+    FrameBox frame{*this, "Frame1", "Power:", {3960, 180, 2160, 1650}};
+    std::vector<std::unique_ptr<Option>> options;
+    CheckBox check{*this, "chkSpots", "Color needed spots green", {.place = {6360, 180, 2400, 300}, .tabIndex = 50}};
+    Button change{*this, "cmdChange", "Change \"Remaining\" Color", {.place = {6360, 600, 2400, 375}, .tabIndex = 51}};
+    Label hint{*this,
+               "lblHint",
+               "A text of some length that goes on in a second and in a third line where it has to.",
+               {.place = {3960, 2000, 4800, 700}}};
+    TextBox page{*this, "txtPage", {.place = {3960, 2880, 4800, 1500}, .tabIndex = 52, .multiLine = true}};
+    List list{*this, "lstRigs", {.place = {3960, 4560, 4800, 1200}, .tabIndex = 53}};
+    Button done{*this, "cmdDone", "Done", {.place = {7440, 6000, 1320, 420}, .tabIndex = 54}};
+    ControlArray<Label> captions;
+    ControlArray<TextBox> fields;
+};
+
+TEST_F(WindowWalkTest, ADenseDialogIsDrawnWholeFromItsDesign) {
+    DenseForm form{program.desk};
+    form.page.SetText("This is a soapbox.\r\nIt has two lines.");
+    form.list.SetItems({"Kenwood", "Yaesu 990", "Icom"});
+    shown.Show(form);
+    Check(form);
+}
+
+TEST_F(WindowWalkTest, SoIsOneThatHasScaledItself) {
+    DenseForm form{program.desk, true};
+    QWidget& window = shown.Show(form);
+    window.resize(QGuiApplication::primaryScreen()->availableSize() * 0.9);
+    Check(form, "-scaled");
+}
+
+TEST_F(WindowWalkTest, AWindowThatIsTooSmallForItsTextScrolls) {
+    DenseForm form{program.desk};
+    QWidget& window = shown.Show(form);
+    window.resize(180, 120);
+    shown.Settle();
+    auto* bar = window.findChild<QScrollArea*>()->verticalScrollBar();
+    EXPECT_GT(bar->maximum(), 0);
+    form.done.SetFocus();
+    shown.Settle();
+    EXPECT_GT(bar->value(), 0) << "what has the focus is in view";
 }
 
 /// The picture of the spots as the core lays it out: a frame, a scale, and labels beside the scale.

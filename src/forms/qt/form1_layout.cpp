@@ -432,6 +432,7 @@ QWidget& Form1Layout::ParentOf(const Control& control) {
 void Form1Layout::Add(ControlWidget& widget) {
     widgets_.push_back(&widget);
     const Control& control = widget.Logical();
+    parts_[PartOf(control)].push_back(&widget);
     QWidget& shown = widget.Widget();
     const bool fills = StyleOf(control).height <= 0;
     QSizePolicy policy{QSizePolicy::Ignored, fills ? QSizePolicy::Ignored : QSizePolicy::Fixed};
@@ -453,6 +454,7 @@ void Form1Layout::Add(ControlWidget& widget) {
 
 void Form1Layout::Remove(ControlWidget& widget) {
     std::erase(widgets_, &widget);
+    std::erase(parts_[PartOf(widget.Logical())], &widget);
     sectionPlaces_.erase(&widget.Logical());
 }
 
@@ -501,16 +503,14 @@ void Form1Layout::Settle() {
 /// stands in it as it does in the picture. The list fills the strip.
 void Form1Layout::PlaceSpots() {
     spotsStale_ = false;
+    const std::vector<ControlWidget*>& spots = parts_[Part::Spots];
     const auto map =
-        std::ranges::find_if(widgets_, [](const ControlWidget* widget) { return widget->Logical().name == kSpotMap; });
-    const Place frame = map == widgets_.end() ? Place{} : (*map)->Logical().State().place;
+        std::ranges::find_if(spots, [](const ControlWidget* widget) { return widget->Logical().name == kSpotMap; });
+    const Place frame = map == spots.end() ? Place{} : (*map)->Logical().State().place;
     const double x = spotsRoom_->width() / std::max(frame.width, 1.0);
     const double y = spotsRoom_->height() / std::max(frame.height, 1.0);
-    for (ControlWidget* widget : widgets_) {
+    for (ControlWidget* widget : spots) {
         const Control& control = widget->Logical();
-        if (!IsSpotControl(control)) {
-            continue;
-        }
         widget->SetLook(LookOf(control, Base()));
         const ControlState& state = control.State();
         const bool fills = control.name == kSpotMap || control.name == kSpotList;
@@ -535,12 +535,12 @@ void Form1Layout::PlaceSections() {
     sectionPlaces_.clear();
     std::vector<const Control*> headings;
     std::vector<ControlWidget*> sections;
-    for (ControlWidget* widget : widgets_) {
+    for (ControlWidget* widget : parts_[Part::Sections]) {
         const Control& control = widget->Logical();
         if (IsSection(control)) {
             sections.push_back(widget);
             sectionPlaces_[&control] = control.State().place;
-        } else if (PartOf(control) == Part::Sections) {
+        } else {
             headings.push_back(&control);
         }
     }
@@ -579,10 +579,8 @@ void Form1Layout::ChooseSectionsGround() {
     }
     sectionsGround_ = ground;
     static_cast<PartHolder*>(grids_.at(Part::Sections)->parentWidget())->SetGround(ground);
-    for (ControlWidget* widget : widgets_) {
-        if (PartOf(widget->Logical()) == Part::Sections) {
-            widget->SetLook(LookOf(widget->Logical(), Base()));
-        }
+    for (ControlWidget* widget : parts_[Part::Sections]) {
+        widget->SetLook(LookOf(widget->Logical(), Base()));
     }
 }
 
@@ -597,18 +595,15 @@ Look Form1Layout::LookOf(const Control& control, double base) const {
 }
 
 void Form1Layout::ShowPartsInUse() {
-    const auto inUse = [this](Part part) {
-        return std::ranges::any_of(widgets_, [part](const ControlWidget* widget) {
-            return PartOf(widget->Logical()) == part && widget->Logical().IsShown();
-        });
-    };
+    const auto isShown = [](const ControlWidget* widget) { return widget->Logical().IsShown(); };
+    const auto inUse = [this, &isShown](Part part) { return std::ranges::any_of(parts_[part], isShown); };
     clockPanel_->setVisible(inUse(Part::Clock));
     extraPanel_->setVisible(inUse(Part::Extra));
-    const bool spots = inUse(Part::Spots);
-    if (spots == spotsPanel_->isHidden()) {
-        spotsPanel_->setVisible(spots);
-        spotsStale_ = true;
-    }
+    const bool list = std::ranges::any_of(parts_[Part::Spots], [](const ControlWidget* widget) {
+        return widget->Logical().name == kSpotList && widget->Logical().IsShown();
+    });
+    spotsPanel_->setFixedWidth(qRound(Base() * (list ? kSpotListWidth : kSpotMapWidth)));
+    spotsPanel_->setVisible(inUse(Part::Spots));
 }
 
 double Form1Layout::Base() const {
@@ -637,10 +632,6 @@ void Form1Layout::Arrange() {
         grid->setHorizontalSpacing(qRound(base * 0.6));
     }
     menus_.SetTextSize(base);
-    const bool list = std::ranges::any_of(widgets_, [](const ControlWidget* widget) {
-        return widget->Logical().name == kSpotList && widget->Logical().IsShown();
-    });
-    spotsPanel_->setFixedWidth(qRound(base * (list ? kSpotListWidth : kSpotMapWidth)));
     spotsStale_ = true;
     for (const auto& [column, width] : ColumnWidths(widgets_)) {
         grids_.at(column.first)->setColumnMinimumWidth(column.second, qRound(width * base));

@@ -45,6 +45,7 @@ private:
     std::map<Part, QGridLayout*> grids_;
     std::vector<QWidget*> panels_;
     std::vector<ControlWidget*> widgets_;
+    std::map<Part, std::vector<ControlWidget*>> parts_;  ///< the same, by the part that each is in
     std::vector<QBoxLayout*> boxes_;
     QWidget* clockPanel_ = nullptr;
     QWidget* extraPanel_ = nullptr;

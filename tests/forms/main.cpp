@@ -1,4 +1,4 @@
-// The windows of these tests stand on a screen of the size in TALLYHUT_SCREEN ("1280x800"), which nobody sees.
+// forms_tests [WIDTHxHEIGHT [SCALE]]: the windows of these tests stand on a screen of that size, which nobody sees.
 
 #include <gtest/gtest.h>
 
@@ -6,10 +6,13 @@
 #include <QTemporaryFile>
 
 #include "forms/qt/program_style.h"
+#include "tests/forms/shown_program.h"
 
 int main(int argc, char** argv) {
     testing::InitGoogleTest(&argc, argv);
-    const QStringList size = qEnvironmentVariable("TALLYHUT_SCREEN", "1280x800").split('x');
+    const QString wanted = argc > 1 ? argv[1] : "1280x800";
+    const QString scale = argc > 2 ? argv[2] : "1";
+    const QStringList size = wanted.split('x');
     QTemporaryFile screens;
     if (!screens.open() || size.count() != 2) {
         return 1;
@@ -20,6 +23,8 @@ int main(int argc, char** argv) {
                       .toUtf8());
     screens.flush();
     qputenv("QT_QPA_PLATFORM", "offscreen:configfile=" + screens.fileName().toUtf8());
+    qputenv("QT_SCALE_FACTOR", scale.toUtf8());
+    tallyhut::ScreenName() = (wanted + '@' + scale).toStdString();
     QApplication application{argc, argv};
     QApplication::setStyle(new tallyhut::ProgramStyle);
     return RUN_ALL_TESTS();

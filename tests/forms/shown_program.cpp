@@ -40,6 +40,11 @@ std::vector<Contact> LivelyContest(int contacts, const DateTime& now) {
     return log;
 }
 
+std::string& ScreenName() {
+    static std::string name;
+    return name;
+}
+
 ShownProgram::ShownProgram() {
     std::string log;
     for (const Contact& contact : LivelyContest(136, clock.Now())) {
@@ -81,7 +86,7 @@ QWidget& ShownProgram::Show(Form& form) {
 
 void ShownProgram::KeepScreenshot(const Form& form, const std::string& name) {
     QDir{}.mkpath(TALLYHUT_SCREENSHOTS);
-    WindowOf(form).grab().save(QString::fromStdString(TALLYHUT_SCREENSHOTS "/" + name + ".png"));
+    WindowOf(form).grab().save(QString::fromStdString(TALLYHUT_SCREENSHOTS "/" + ScreenName() + '-' + name + ".png"));
 }
 
 }  // namespace tallyhut

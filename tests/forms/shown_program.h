@@ -55,6 +55,9 @@ struct ShownProgram {
     WindowHost host{program.desk, pump};
 };
 
+/// The size and scale of the screen that the tests run on, "1280x800@1"; part of the names of screenshots.
+std::string& ScreenName();
+
 /// A contest of so many contacts, the newest a minute old.
 std::vector<Contact> LivelyContest(int contacts, const DateTime& now);
 

@@ -94,9 +94,7 @@ struct WindowWalkTest : testing::Test {
         CheckFits(form);
         CheckApart(form);
         if (HasFailure() || qEnvironmentVariableIsSet("TALLYHUT_KEEP_SCREENSHOTS")) {
-            const std::string screen = qEnvironmentVariable("TALLYHUT_SCREEN").toStdString();
-            const std::string scale = qEnvironmentVariable("QT_SCALE_FACTOR", "1").toStdString();
-            shown.KeepScreenshot(form, screen + '@' + scale + '-' + form.name + state);
+            shown.KeepScreenshot(form, form.name + state);
         }
     }
 };

@@ -289,7 +289,7 @@ Look PlainLookOf(const Control& control, double base) {
 constexpr double kSpotMapWidth = 15;
 constexpr double kSpotListWidth = 24;
 
-constexpr QSize kSmallestWindow{384, 225};  // 30 percent of a small screen
+constexpr QSize kSmallestWindow{300, 176};  // 30 percent of a small screen
 
 /// The window's size in units of plain text's: what all of the form takes.
 constexpr double kWidthInText = 98;

@@ -2,58 +2,10 @@
 
 #include <benchmark/benchmark.h>
 
-#include <string>
-
-#include "app/program.h"
-#include "bench/full_log.h"
-#include "platform/sim/clipboard.h"
-#include "platform/sim/clock.h"
-#include "platform/sim/dialogs.h"
-#include "platform/sim/environment.h"
-#include "platform/sim/event_pump.h"
-#include "platform/sim/files.h"
-#include "platform/sim/screen.h"
-#include "platform/sim/settings_store.h"
+#include "bench/loaded_program.h"
 
 namespace tallyhut {
 namespace {
-
-struct LoadedProgram {
-    explicit LoadedProgram(int contacts) {
-        program.form1.Form_Load = {};  // no questions
-        program.form1.Show();
-        program.sections.Fill(program.form1);
-        files.Put("/contest/Log.txt", FullLog(contacts, clock.Now()));
-        program.reload.mnuopen2();
-        program.time.gTimeOn = 1;
-        program.desk.RunPending();
-    }
-
-    void Type(const std::string& text) {
-        for (const char character : text) {
-            program.desk.PostKey(KeyForCharacter(static_cast<unsigned char>(character)));
-            program.desk.RunPending();
-        }
-    }
-
-    sim::Clock clock{{2026, 11, 8, 21, 0, 0}};
-    sim::EventPump pump{clock};
-    sim::Dialogs dialogs;
-    sim::Clipboard clipboard;
-    sim::Files files{"/contest"};
-    sim::SettingsStore settings;
-    sim::Screen screen;
-    sim::Environment environment;
-    Program program{{.clock = clock,
-                     .pump = pump,
-                     .dialogs = dialogs,
-                     .clipboard = clipboard,
-                     .files = files,
-                     .settings = settings,
-                     .screen = screen,
-                     .environment = environment},
-                    "/contest"};
-};
 
 constexpr int kFull = 11'000;
 

@@ -23,6 +23,7 @@
 #include "platform/real/system_clock.h"
 #include "platform/sim/environment.h"
 #include "platform/sim/files.h"
+#include "platform/sim/printer.h"
 #include "platform/sim/settings_store.h"
 
 namespace tallyhut {
@@ -66,18 +67,22 @@ struct WindowProgram {
     QtPump pump{clock};
     QtDialogs dialogs;
     QtClipboard clipboard;
+    sim::Printer printer;
     QtScreen screen;
     sim::Files files{"/contest"};
     sim::SettingsStore settings;
     sim::Environment environment;
+    sim::SerialPorts serialPorts{clock};
     Program program{{.clock = clock,
                      .pump = pump,
                      .dialogs = dialogs,
                      .clipboard = clipboard,
+                     .printer = printer,
                      .files = files,
                      .settings = settings,
                      .screen = screen,
-                     .environment = environment},
+                     .environment = environment,
+                     .serialPorts = serialPorts},
                     "/contest"};
     WindowHost host{program.desk, pump};
 };

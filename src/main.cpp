@@ -5,6 +5,7 @@
 #include <system_error>
 #include <vector>
 
+#include "app/about.h"
 #include "app/options.h"
 #include "console/console_host.h"
 #include "platform/platform_error.h"
@@ -48,7 +49,7 @@ int main(int argc, char** argv) {
             return 0;
         }
         if (options.version) {
-            std::cout << "tallyhut " TALLYHUT_VERSION "\n";
+            std::cout << "tallyhut " << ProgramVersion() << "\n";
             return 0;
         }
         const std::string current = PosixFiles{}.CurrentFolder();
@@ -59,7 +60,7 @@ int main(int argc, char** argv) {
         if (options.console || !HasDisplay()) {
             return RunConsole(options, directory, DataFolder(), 0, std::cout);
         }
-        return RunWindow(argc, argv, directory, DataFolder());
+        return RunWindow(argc, argv, options, directory, DataFolder());
     } catch (const ValueError& error) {
         std::cerr << "tallyhut: " << error.what() << "\n" << UsageText();
         return 2;

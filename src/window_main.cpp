@@ -8,6 +8,7 @@
 #include "forms/qt/program_style.h"
 #include "forms/qt/qt_clipboard.h"
 #include "forms/qt/qt_dialogs.h"
+#include "forms/qt/qt_printer.h"
 #include "forms/qt/qt_pump.h"
 #include "forms/qt/qt_screen.h"
 #include "forms/qt/window_host.h"
@@ -16,10 +17,12 @@
 #include "platform/real/ini_settings.h"
 #include "platform/real/posix_files.h"
 #include "platform/real/system_clock.h"
+#include "platform/real/tty_ports.h"
 
 namespace tallyhut {
 
-int RunWindow(int& argc, char** argv, const std::string& workingDirectory, const std::string& dataFolder) {
+int RunWindow(int& argc, char** argv, const Options& options, const std::string& workingDirectory,
+              const std::string& dataFolder) {
     QApplication application{argc, argv};
     QApplication::setApplicationName("tallyhut");
     QApplication::setQuitOnLastWindowClosed(false);
@@ -32,24 +35,32 @@ int RunWindow(int& argc, char** argv, const std::string& workingDirectory, const
     QtPump pump{clock};
     QtDialogs dialogs;
     QtClipboard clipboard;
+    QtPrinter printer;
     QtScreen screen;
     PosixFiles files;
     IniSettings settings;
     DesktopEnvironment environment;
+    TtyPorts serialPorts{settings, options.ports};
     Program program{{.clock = clock,
                      .pump = pump,
                      .dialogs = dialogs,
                      .clipboard = clipboard,
+                     .printer = printer,
                      .files = files,
                      .settings = settings,
                      .screen = screen,
                      .environment = environment,
+                     .serialPorts = serialPorts,
                      .dataFolder = dataFolder},
                     workingDirectory};
     dialogs.Bind(program.desk);
+    printer.Bind(program.desk);
     WindowHost host{program.desk, pump};
     pump.onTerminate = [&program] { program.RequestClose(); };
     try {
+        if (options.chooseDirectory) {
+            program.ChooseDirectory();
+        }
         program.Start();
         program.Run();
     } catch (const ProgramEnd& end) {

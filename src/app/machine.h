@@ -8,7 +8,9 @@
 #include "platform/environment.h"
 #include "platform/event_pump.h"
 #include "platform/files.h"
+#include "platform/printer.h"
 #include "platform/screen.h"
+#include "platform/serial_port.h"
 #include "platform/settings_store.h"
 
 namespace tallyhut {
@@ -19,10 +21,12 @@ struct Machine {
     EventPump& pump;
     Dialogs& dialogs;
     Clipboard& clipboard;
+    Printer& printer;
     Files& files;
     SettingsStore& settings;
     Screen& screen;
     Environment& environment;
+    SerialPorts& serialPorts;
     std::string dataFolder = {};  ///< where the files lie that a fresh installation gets
 };
 

@@ -8,6 +8,15 @@ namespace tallyhut {
 /// be swallowed.
 void MainFormKeys::Form_KeyDown(int& KeyCode, int Shift) {
     gCtrlKeyTaken = Shift == kCtrl && KeyCode >= 'A' && KeyCode <= 'Z';
+    if (!gCtrlKeyTaken) {
+        return;
+    }
+    if (const auto opened = onCtrlKey.find(KeyCode); opened != onCtrlKey.end()) {
+        opened->second();
+    }
+    if (KeyCode == 'G') {
+        KeyCode = 0;
+    }
 }
 
 void MainFormKeys::Form_KeyPress(int& KeyAscii) {

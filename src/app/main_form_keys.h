@@ -1,5 +1,8 @@
 #pragma once
 
+#include <functional>
+#include <map>
+
 #include "log/entry_flow.h"
 
 namespace tallyhut {
@@ -8,6 +11,9 @@ namespace tallyhut {
 struct MainFormKeys {
     const Preferences& preferences;
     EntryFlow& entry;
+
+    /// What a key opens that is pressed with Ctrl, by its letter.
+    std::map<int, std::function<void()>> onCtrlKey = {};
 
     bool gCtrlKeyTaken = false;  ///< the press that goes with this key is swallowed
 

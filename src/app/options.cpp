@@ -2,32 +2,37 @@
 
 #include <array>
 
+#include "platform/serial_port.h"
 #include "values/number.h"
 #include "values/value_error.h"
 
 namespace tallyhut {
 namespace {
 
-constexpr std::string_view kUsage = R"(usage: tallyhut [--directory DIR]
+constexpr std::string_view kUsage = R"(usage: tallyhut [--directory DIR | --choose-directory]
+                [--port N=DEVICE]
        tallyhut --console [--directory DIR] [--clock 2026-11-07T21:04:33]
                 [--utc-offset HOURS] [--screen WxH[,WORKxAREA]]
+                [--port N=DEVICE|sim]
 
 Tallyhut Log, a contest logger for the ARRL November Sweepstakes.
 
   --directory DIR    the folder of the contest: log, settings, reports
                      (default: the folder the program is started in)
+  --choose-directory asks for that folder, offering the one chosen last
   --console          no window: commands on standard input, JSON lines on
                      standard output; see docs/console.md
   --clock TIME       (console) a clock that only commands move, from TIME on
   --utc-offset H     (console) hours from that clock to UTC
   --screen WxH       (console) the size of the screen in pixels, and behind a
                      comma what taskbars leave of it
-  --port N=DEVICE, --parallel sim, --sound sim, --agw HOST:PORT, --seed N
+  --port N=DEVICE    serial port N, 1 to 10, is DEVICE, such as /dev/ttyUSB0,
+                     for this run; (console) N=sim is a simulated one
+  --parallel sim, --sound sim, --agw HOST:PORT, --seed N
                      devices of scripted runs
   --help, --version
 )";
 
-constexpr int kPorts = 10;
 constexpr double kMostUtcHours = 24;
 
 /// "2026-11-07T21:04:33"; the time may be left out.
@@ -70,8 +75,8 @@ void TakeScreen(Options& options, const std::string& text) {
 void TakePort(Options& options, const std::string& text) {
     const std::size_t equals = text.find('=');
     const auto number = ParseNumber(text.substr(0, equals));
-    if (equals == std::string::npos || equals + 1 == text.size() || !number || *number < 1 || *number > kPorts ||
-        *number != static_cast<int>(*number)) {
+    if (equals == std::string::npos || equals + 1 == text.size() || !number || *number < kFirstPort ||
+        *number > kLastPort || *number != static_cast<int>(*number)) {
         throw ValueError{"--port wants N=DEVICE with N from 1 to 10, not " + text};
     }
     options.ports[static_cast<int>(*number)] = text.substr(equals + 1);
@@ -84,6 +89,7 @@ struct FlagOption {
 
 constexpr std::array kFlagOptions{
     FlagOption{"--console", [](Options& options) { options.console = true; }},
+    FlagOption{"--choose-directory", [](Options& options) { options.chooseDirectory = true; }},
     FlagOption{"--help", [](Options& options) { options.help = true; }},
     FlagOption{"--version", [](Options& options) { options.version = true; }},
 };

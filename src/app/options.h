@@ -18,9 +18,10 @@ struct Options {
     bool help = false;
     bool version = false;
     std::optional<std::string> directory;
+    bool chooseDirectory = false;  ///< asks for the directory, whatever is given
     std::optional<DateTime> clock;
-    double utcOffset = 0;  ///< hours from local time to UTC, of the virtual clock
-    std::map<int, std::string> ports;
+    double utcOffset = 0;                ///< hours from local time to UTC, of the virtual clock
+    std::map<int, std::string> ports;    ///< the device of a serial port by its number, or "sim"
     std::optional<ScreenSize> screen;    ///< pixels of the simulated screen
     std::optional<ScreenSize> workArea;  ///< likewise
 };

@@ -2,11 +2,24 @@
 
 #include <memory>
 
+#include "app/folder_choice.h"
 #include "app/main_form_keys.h"
 #include "app/start_up.h"
+#include "forms/Form2.h"
+#include "forms/Form5.h"
+#include "forms/Form6.h"
 #include "forms/frmQ7ZZQLogo.h"
 #include "forms/frmSplash.h"
 #include "log/contact_editing.h"
+#include "log/section_colours.h"
+#include "reports/entry_form.h"
+#include "reports/log_exports.h"
+#include "reports/paper_reports.h"
+#include "rig/frequency_test.h"
+#include "rig/rig_setup.h"
+#include "rig/rig_tune.h"
+#include "support/help_page.h"
+#include "support/ports_setup.h"
 
 namespace tallyhut {
 
@@ -22,6 +35,13 @@ struct Program {
     frmQ7ZZQLogo logo;
     frmEditCon editForm;
     frmStationID stationForm;
+    Form2 form2;
+    frmPorts portsForm;
+    Form5 helpForm;
+    Form6 colourForm;
+    RigControlfrm rigForm;
+    frmRigTune tuneForm;
+    frmFrequencyTest frequencyTestForm;
 
     Directories directories;
     SharedPreferences shared;
@@ -45,11 +65,31 @@ struct Program {
     ContactEditing editing;
     LogCopies copies;
     Station station;
+    PortsSetup ports;
+    std::unique_ptr<SerialPort> comComm1;
+    RigSettings rigSettings;
+    RigState rigState;
+    PegasusFiles pegasus;
+    BandConversion bandConversion;
+    RigPoll rigPoll;
+    RigCommands rigCommands;
+    RigSetup rigSetup;
+    RigTune rigTune;
+    FrequencyTest frequencyTest;
     UtcOffsetCheck utcOffset;
     StartQuestion question;
+    EntryForm entryForm;
+    PaperReports paperReports;
+    LogExports exports;
+    SectionColours colours;
+    HelpPage help;
+    MainFormLayout layout;
+    FolderChoice folderChoice;
     MainFormKeys keys;
     StartUp startUp;
 
+    /// Asks for the working directory before the start; ends the program if none is chosen.
+    void ChooseDirectory();
     /// Takes the folder for itself, asks what a start asks, and shows the main form.
     void Start();
     /// Serves the operator until the program ends.
@@ -64,7 +104,14 @@ private:
     void BindContacts();
     void BindEditForm();
     void BindStationForm();
+    void BindPortsForm();
+    void BindColourForm();
+    void BindHelpForm();
+    void ScaleAtLoad(Form& form);
+    void BindRigForm();
+    void BindTuneForm();
     void BindMenus();
+    void BindReports();
     void ClaimFolder();
     void frmSplash_Load();
     void Toggle(MenuEntry& entry, std::uint8_t& value);

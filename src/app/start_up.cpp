@@ -1,6 +1,7 @@
 #include "app/start_up.h"
 
 #include "platform/platform_error.h"
+#include "rig/rig_table.h"
 #include "support/directory_rules.h"
 #include "support/fresh_installation.h"
 #include "values/number.h"
@@ -41,6 +42,7 @@ void StartUp::Form1_Load() {
 }
 
 void StartUp::LoadSteps() {
+    layout.LayOutMainForm();
     message.Write(kFirstMessage);
     form1.lblNumCurCon.SetCaption(" " + NumberForm(log.gContactCount + 1));
     sections.Fill(form1);
@@ -48,13 +50,18 @@ void StartUp::LoadSteps() {
     time.gOpSecondsNow = preferences.gOpSeconds;
     form1.mnuDXSpotsColor.SetChecked(preferences.gColorNeededSpots == 1);
     form1.mnuAudioAlert.SetChecked(preferences.gAudioAlert == 1);
+    layout.ShowTaskbarOption();
     utcOffset.CheckUtcOffset();
+    if (preferences.gFormScale != kUnscaled) {
+        layout.LayOutMainForm();
+    }
     band.ShowBand();
     entry.CheckTabModeEntry();
     readVoiceSettings();
     question.PromptLogStart();
     readCwMessages();
-    if (preferences.gRigName != "None") {
+    layout.LayOutMainForm();
+    if (RigNamed(preferences.gRigName).link != RigLink::None) {
         openRigPort();
     }
 }

@@ -3,6 +3,7 @@
 #include <functional>
 
 #include "app/machine.h"
+#include "app/main_form_layout.h"
 #include "log/band_selection.h"
 #include "log/start_question.h"
 #include "log/utc_offset_check.h"
@@ -26,6 +27,7 @@ struct StartUp {
     EntryFlow& entry;
     UtcOffsetCheck& utcOffset;
     StartQuestion& question;
+    MainFormLayout& layout;
 
     // Steps that other parts of the program add.
     std::function<void()> readVoiceSettings = [] {};

@@ -12,6 +12,7 @@
 #include "console/told_state.h"
 #include "platform/platform_error.h"
 #include "values/format.h"
+#include "values/hex.h"
 #include "values/value_error.h"
 
 namespace tallyhut {
@@ -49,6 +50,11 @@ constexpr std::array kCommands{
     CommandRow{.name = "advance", .run = &Commands::Advance, .movesTime = true},
     CommandRow{.name = "at", .run = &Commands::At},
     CommandRow{.name = "settle", .run = &Commands::Settle, .movesTime = true},
+    CommandRow{"rx", &Commands::Receive},
+    CommandRow{"reply", &Commands::Reply},
+    CommandRow{"hold", &Commands::Hold},
+    CommandRow{"unplug", &Commands::Unplug},
+    CommandRow{"plug", &Commands::Plug},
     CommandRow{"setting", &Commands::Setting},
     CommandRow{"clipboard", &Commands::SetClipboard},
     CommandRow{"quit", &Commands::Quit},
@@ -398,6 +404,59 @@ void Commands::Settle(CommandWords& words) {
         poll(nullptr, 0, static_cast<int>(std::min(kSettleSlice, milliseconds - passed)));
         program.desk.RunPending();
     }
+}
+
+/// The far end of a port that is simulated.
+sim::SerialLine& Commands::TakeLine(CommandWords& words) {
+    const int number = words.TakeNumber("port");
+    if (!ports.IsSimulated(number)) {
+        throw ConsoleError{"no simulated port: " + std::to_string(number)};
+    }
+    return ports.simulated.Line(number);
+}
+
+void Commands::Receive(CommandWords& words) {
+    sim::SerialLine& line = TakeLine(words);
+    const std::string bytes = HexToBytes(words.Take("bytes").text);
+    words.CheckEnd();
+    line.Receive(bytes);
+}
+
+void Commands::Reply(CommandWords& words) {
+    sim::SerialLine& line = TakeLine(words);
+    const std::string request = HexToBytes(words.Take("request").text);
+    const std::string reply = HexToBytes(words.Take("reply").text);
+    const Tick after = words.AtEnd() ? 0 : TakeMilliseconds(words);
+    words.CheckEnd();
+    if (request.empty()) {
+        throw ConsoleError{"the request has no bytes"};
+    }
+    line.Reply(request, reply, after);
+}
+
+void Commands::Hold(CommandWords& words) {
+    sim::SerialLine& line = TakeLine(words);
+    const std::string& state = words.Take("on or off").text;
+    words.CheckEnd();
+    if (state == "on") {
+        line.holding = true;
+    } else if (state == "off") {
+        line.LetGo();
+    } else {
+        throw ConsoleError{"on or off is wanted, not " + state};
+    }
+}
+
+void Commands::Unplug(CommandWords& words) {
+    sim::SerialLine& line = TakeLine(words);
+    words.CheckEnd();
+    line.Unplug();
+}
+
+void Commands::Plug(CommandWords& words) {
+    sim::SerialLine& line = TakeLine(words);
+    words.CheckEnd();
+    line.Plug();
 }
 
 void Commands::Setting(CommandWords& words) {

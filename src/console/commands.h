@@ -5,6 +5,7 @@
 #include "app/program.h"
 #include "console/command_words.h"
 #include "console/console_dialogs.h"
+#include "console/console_ports.h"
 #include "console/console_pump.h"
 #include "console/json_output.h"
 #include "platform/sim/clipboard.h"
@@ -21,6 +22,7 @@ struct Commands {
     ConsoleDialogs& dialogs;
     sim::Clock* virtualClock;  ///< null with the machine's clock
     sim::Clipboard& clipboard;
+    ConsolePorts& ports;
 
     /// Runs one line; an empty one does nothing. `putAt` tells a command that comes at its moment from a typed one.
     void Run(const std::string& line, bool putAt);
@@ -47,6 +49,11 @@ struct Commands {
     void Advance(CommandWords& words);
     void At(CommandWords& words);
     void Settle(CommandWords& words);
+    void Receive(CommandWords& words);
+    void Reply(CommandWords& words);
+    void Hold(CommandWords& words);
+    void Unplug(CommandWords& words);
+    void Plug(CommandWords& words);
     void Setting(CommandWords& words);
     void SetClipboard(CommandWords& words);
     [[noreturn]] void Quit(CommandWords& words);
@@ -55,6 +62,7 @@ private:
     void Dispatch(CommandWords& words, bool putAt);
     void ClickRow(CommandWords& words, MouseButton button, bool twice);
     Tick TakeMilliseconds(CommandWords& words);
+    sim::SerialLine& TakeLine(CommandWords& words);
 };
 
 }  // namespace tallyhut

@@ -4,6 +4,8 @@
 #include <memory>
 
 #include "console/commands.h"
+#include "console/console_ports.h"
+#include "console/console_printer.h"
 #include "console/text_encoding.h"
 #include "platform/platform_error.h"
 #include "platform/real/desktop_environment.h"
@@ -91,23 +93,27 @@ int RunConsole(const Options& options, const std::string& workingDirectory, cons
     ConsolePump pump{lines, output, virtualClock.get(), clock};
     ConsoleDialogs dialogs{output};
     EventClipboard clipboard{output};
+    ConsolePrinter printer{output};
     PosixFiles files;
     IniSettings settings;
     sim::Screen screen = SimulatedScreen(options);
     DesktopEnvironment environment;
+    ConsolePorts ports{settings, clock, options.ports, output};
 
     try {
         Program program{{.clock = clock,
                          .pump = pump,
                          .dialogs = dialogs,
                          .clipboard = clipboard,
+                         .printer = printer,
                          .files = files,
                          .settings = settings,
                          .screen = screen,
                          .environment = environment,
+                         .serialPorts = ports,
                          .dataFolder = dataFolder},
                         workingDirectory};
-        Commands commands{program, output, pump, dialogs, virtualClock.get(), clipboard};
+        Commands commands{program, output, pump, dialogs, virtualClock.get(), clipboard, ports};
         dialogs.runDialog = [&program](const std::function<bool()>& done) { program.desk.RunDialog(done); };
         pump.describeTurn = [&] { return DescribeTurn(program.desk, dialogs); };
         pump.runLine = [&commands](const std::string& line, bool putAt) { commands.Run(line, putAt); };
@@ -130,6 +136,9 @@ int RunConsole(const Options& options, const std::string& workingDirectory, cons
                 output.Event({{"event", name}, {"form", form.name}});
             }
         };
+        if (options.chooseDirectory) {
+            program.ChooseDirectory();
+        }
         program.Start();
         program.Run();
     } catch (const ProgramEnd& end) {

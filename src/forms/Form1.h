@@ -88,10 +88,20 @@ struct Form1 : Form {
     MenuEntry mnuNew;
     MenuEntry mnuArchive;
     MenuEntry mnuRestore;
+    MenuEntry mnuCabrillo;
+    MenuEntry mnuSummary;
+    MenuEntry expADIF;
+    MenuEntry mnuExport;
+    MenuEntry mnuCopyListtoClipboard;
+    MenuEntry mnuprintrec;
+    MenuEntry mnuPrintLog;
+    MenuEntry mnuPrintDupe;
     MenuEntry mnuPostContest;
     MenuEntry mnuExit;
     MenuEntry mnuSettings;
     MenuEntry mnuSetup;
+    MenuEntry mnuRig;
+    MenuEntry mnuPorts;
     MenuEntry mnuBand;
     MenuEntry mnu160;
     MenuEntry mnu80;
@@ -104,8 +114,19 @@ struct Form1 : Form {
     MenuEntry callopt;
     MenuEntry mnuCallTwice;
     MenuEntry mnuAppearance;
+    MenuEntry mnuFormSize;
+    MenuEntry mnuTaskbar;
+    MenuEntry mnuColors;
     MenuEntry mnuDXSpotsColor;
     MenuEntry mnuAudioAlert;
+    MenuEntry mnuView;
+    MenuEntry mnuRigTune;
+    MenuEntry mnuReports;
+    MenuEntry mnuWriteLog;
+    MenuEntry mnuWriteDupe;
+    MenuEntry mnuHelpTitle;
+    MenuEntry mnuHelp;
+    MenuEntry mnuAbout;
 
     Timer Timer1;  ///< rates
     Timer Timer2;  ///< clocks

@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <array>
 
+#include "support/form_scaling.h"
+
 namespace tallyhut {
 namespace {
 
@@ -156,7 +158,7 @@ void EntryFlow::txtCall_KeyPress(int& KeyAscii) {
     if (CommitsOnEnter(KeyAscii)) {
         return;
     }
-    form1.lblDupe.SetFontSize(kPartialsFontSize);
+    form1.lblDupe.SetFontSize(kPartialsFontSize * FontRatioOf(form1));
     if (KeyAscii == kDoubleQuote) {
         KeyAscii = 0;
     }

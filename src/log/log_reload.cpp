@@ -68,14 +68,18 @@ void LogReload::CountSection(const Contact& contact) {
     }
 }
 
-/// The number form behind a further blank: two blanks stand before a number until the next commit writes none.
 void LogReload::ShowCounts() {
+    ShowTotals();
+    form.lblNumCurCon.SetCaption(log.gContactCount == 0 ? "1" : NumberForm(log.NextSerial()));
+    form.lblsectogo.SetCaption(" " + NumberForm(sections.gSectionCount - sections.gSectionsWorked));
+}
+
+/// The number form behind a further blank: two blanks stand before a number until the next commit writes none.
+void LogReload::ShowTotals() {
     form.lblTotSec.SetCaption(" " + NumberForm(sections.gSectionsWorked));
     form.lblTotScore.SetCaption(" " + NumberForm(Score(sections.gSectionsWorked, log.gContactCount)));
     list.ListContacts();
     form.lblTotCon.SetCaption(" " + NumberForm(log.gContactCount));
-    form.lblNumCurCon.SetCaption(log.gContactCount == 0 ? "1" : NumberForm(log.NextSerial()));
-    form.lblsectogo.SetCaption(" " + NumberForm(sections.gSectionCount - sections.gSectionsWorked));
 }
 
 }  // namespace tallyhut

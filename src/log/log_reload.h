@@ -27,6 +27,8 @@ struct LogReload {
     void mnuopen2();
     /// Shows the counts, the list and the next serial number as they are in memory.
     void ShowCounts();
+    /// Of these, sections, score, contacts and the list.
+    void ShowTotals();
 
 private:
     void Clear();

@@ -39,19 +39,24 @@ int SectionTable::Find(std::string_view code) const {
     return 0;
 }
 
+void SectionTable::PlaceLabels(Form1& form) {
+    std::array<int, 11> rowsUnder{};
+    int i = 0;
+    for (const SectionRow& section : kSections) {
+        const int row = rowsUnder.at(static_cast<std::size_t>(section.heading))++;
+        const Place& column = HeadingLabel(form, section.heading).State().place;
+        form.Label10(++i).SetPlace(
+            {.left = column.left, .top = kFirstRow + row * kRowHeight, .width = column.width, .height = kRowHeight});
+    }
+}
+
 void SectionTable::Fill(Form1& form) {
     gSectionCount = static_cast<std::int32_t>(kSections.size());
-    std::array<int, 11> rowsUnder{};
     for (int i = 1; i <= gSectionCount; ++i) {
-        const int heading = kSections.at(static_cast<std::size_t>(i - 1)).heading;
-        const int row = rowsUnder.at(static_cast<std::size_t>(heading))++;
-        const Place& column = HeadingLabel(form, heading).State().place;
         Label& label = form.Label10(i);
         label.SetCaption(SectionCode(i));
         label.SetToolTip(SectionName(i));
         ShowNeeded(label, kBeforeFirstReload);
-        label.SetPlace(
-            {.left = column.left, .top = kFirstRow + row * kRowHeight, .width = column.width, .height = kRowHeight});
     }
 }
 

@@ -118,7 +118,9 @@ struct SectionTable {
     /// The section whose code the text is, exactly; 0 for none.
     int Find(std::string_view code) const;
 
-    /// Sets the table's size, and each label's caption, tool tip, first colour and place under its heading.
+    /// Puts each label under its heading, in the form's design.
+    static void PlaceLabels(Form1& form);
+    /// Sets the table's size, and each label's caption, tool tip and first colour.
     void Fill(Form1& form);
     void Clear();
     /// Counts one contact; true if it is the first of the section.

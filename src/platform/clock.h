@@ -19,6 +19,8 @@ struct Clock {
     virtual int MinutesToUtc() const = 0;
     /// For intervals: never goes back when the date and time are set.
     virtual Tick TickMs() const = 0;
+    /// Waits until the tick has come; no event runs meanwhile. Returns at once for a tick that is past.
+    virtual void SleepUntil(Tick tick) = 0;
 };
 
 }  // namespace tallyhut

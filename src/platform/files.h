@@ -24,10 +24,15 @@ struct Files {
     /// and the new one is on the disk when this returns. A link is followed, and the file's mode is kept. What is
     /// write-protected or no plain file is refused.
     virtual void Replace(const std::string& path, std::string_view content) = 0;
+    /// Writes the content over what the file held, from its first byte, and brings it to the disk; makes the file if
+    /// there is none. A failure leaves the file as far as it was written: for reports, never for what must not be lost.
+    virtual void Write(const std::string& path, std::string_view content) = 0;
     /// A plain copy of a file, replacing what stands at the target in one step.
     virtual void Copy(const std::string& from, const std::string& to) = 0;
     virtual bool FileExists(const std::string& path) const = 0;
     virtual bool FolderExists(const std::string& path) const = 0;
+    /// True when both paths lead to one file that is there, through links too.
+    virtual bool IsSameFile(const std::string& one, const std::string& other) const = 0;
     /// Makes the last level only; the parent must exist.
     virtual void MakeFolder(const std::string& path) = 0;
     /// The folder the program was started in.

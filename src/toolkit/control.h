@@ -92,6 +92,8 @@ struct Control {
     /// The name as it is told: "txtCall", "Label10(3)".
     std::string FullName() const;
     const ControlState& State() const { return state_; }
+    /// As the control was before the form's first load; null for one that was made later.
+    const ControlState* Design() const { return design_ ? &*design_ : nullptr; }
 
     /// Neither hidden nor in a hidden frame.
     bool IsShown() const;

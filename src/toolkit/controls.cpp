@@ -38,13 +38,21 @@ void TakeDesign(ControlState& state, std::string_view caption, const ButtonDesig
 }  // namespace
 
 Button::Button(Form& owner, std::string controlName, std::string_view caption, const ButtonDesign& design)
-    : Control{owner, ControlKind::Button, std::move(controlName)} {
+    : Button{owner, std::move(controlName), -1, caption, design} {}
+
+Button::Button(Form& owner, std::string controlName, int controlIndex, std::string_view caption,
+               const ButtonDesign& design)
+    : Control{owner, ControlKind::Button, std::move(controlName), controlIndex} {
     TakeDesign(state_, caption, design);
     state_.foreColor = kButtonText;
 }
 
 Option::Option(Form& owner, std::string controlName, std::string_view caption, const ButtonDesign& design)
-    : Control{owner, ControlKind::Option, std::move(controlName)} {
+    : Option{owner, std::move(controlName), -1, caption, design} {}
+
+Option::Option(Form& owner, std::string controlName, int controlIndex, std::string_view caption,
+               const ButtonDesign& design)
+    : Control{owner, ControlKind::Option, std::move(controlName), controlIndex} {
     TakeDesign(state_, caption, design);
 }
 
@@ -81,6 +89,11 @@ ListView::ListView(Form& owner, std::string controlName, std::vector<ListColumn>
     TakeDesign(state_, "", design);
     state_.columns = std::move(columns);
     state_.backColor = kWindowGround;
+}
+
+void ListView::SetColumns(std::vector<ListColumn> columns) {
+    state_.columns = std::move(columns);
+    Touch();
 }
 
 void ListView::SetRows(std::size_t count, CellText cells) {

@@ -77,6 +77,8 @@ struct ButtonDesign {
 
 struct Button : Control {
     Button(Form& owner, std::string controlName, std::string_view caption, const ButtonDesign& design);
+    Button(Form& owner, std::string controlName, int controlIndex, std::string_view caption,
+           const ButtonDesign& design);
 
     const std::string& Caption() const { return state_.text; }
     void SetCaption(std::string_view text) { SetTextValue(text); }
@@ -85,6 +87,8 @@ struct Button : Control {
 /// One of the choices in its frame (or on its form, outside of frames).
 struct Option : Control {
     Option(Form& owner, std::string controlName, std::string_view caption, const ButtonDesign& design);
+    Option(Form& owner, std::string controlName, int controlIndex, std::string_view caption,
+           const ButtonDesign& design);
 
     const std::string& Caption() const { return state_.text; }
     bool Value() const { return state_.chosen; }
@@ -101,6 +105,9 @@ struct CheckBox : Control {
 
 struct FrameBox : Control {
     FrameBox(Form& owner, std::string controlName, std::string_view caption, const Place& place);
+
+    const std::string& Caption() const { return state_.text; }
+    void SetCaption(std::string_view text) { SetTextValue(text); }
 };
 
 struct List : Control {
@@ -120,6 +127,7 @@ struct ListView : Control {
 
     ListView(Form& owner, std::string controlName, std::vector<ListColumn> columns, const ButtonDesign& design);
 
+    void SetColumns(std::vector<ListColumn> columns);
     /// Replaces all rows and selects none.
     void SetRows(std::size_t count, CellText cells);
     std::size_t RowCount() const { return rowCount_; }

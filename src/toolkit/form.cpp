@@ -206,6 +206,7 @@ void Form::KeepDesign() {
 
 /// Labels made at run time have no design value and stay as they are.
 void Form::RestoreDesign() {
+    place_ = {.width = design.width, .height = design.height};
     SetCaption(designCaption_);
     for (Control* control : controls_) {
         if (!control->design_) {

@@ -51,7 +51,7 @@ struct Form {
     /// Shows the form over all others and returns when it has been hidden; events run meanwhile.
     void ShowModal();
     void Hide();
-    /// Runs Form_Unload and gives every control its design value back, without handlers.
+    /// Runs Form_Unload and gives the form its design's size and every control its design value back, without handlers.
     void Unload();
     /// The close box: Form_QueryUnload may refuse, else the form unloads.
     void RequestClose();

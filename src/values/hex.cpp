@@ -1,5 +1,7 @@
 #include "values/hex.h"
 
+#include <algorithm>
+#include <cassert>
 #include <charconv>
 #include <system_error>
 
@@ -13,15 +15,38 @@ constexpr std::string_view kDigits = "0123456789ABCDEF";
 
 }  // namespace
 
+char NibbleToHex(unsigned value) {
+    assert(value < kDigits.size());
+    return kDigits[value];
+}
+
 std::string BytesToHexText(std::string_view bytes) {
     std::string text;
     text.reserve(2 * bytes.size());
     for (const char character : bytes) {
         const auto byte = static_cast<unsigned char>(character);
-        text += kDigits[byte / 16];
-        text += kDigits[byte % 16];
+        text += NibbleToHex(byte / 16U);
+        text += NibbleToHex(byte % 16U);
     }
     return text;
+}
+
+std::string BytesToHexDump(std::string_view bytes) {
+    std::string dump;
+    dump.reserve(3 * bytes.size());
+    for (const char& byte : bytes) {
+        dump += BytesToHexText({&byte, 1}) + ' ';
+    }
+    return dump;
+}
+
+std::string SpacedHexToBytes(std::string_view text) {
+    constexpr std::size_t kStep = 3;
+    std::string bytes;
+    for (; !text.empty(); text.remove_prefix(std::min(kStep, text.size()))) {
+        bytes += static_cast<char>(HexNumber(text.substr(0, 2)));
+    }
+    return bytes;
 }
 
 std::string HexToBytes(std::string_view text) {

@@ -53,6 +53,7 @@ ShownProgram::ShownProgram() {
     files.Put("/contest/Log.txt", log);
     program.form1.Form_Load = {};  // no questions
     program.sections.Fill(program.form1);
+    program.layout.LayOutMainForm();
     program.reload.mnuopen2();
     program.band.ShowBand();
     program.form1.Show();

@@ -15,6 +15,8 @@
 #include "platform/sim/dialogs.h"
 #include "platform/sim/environment.h"
 #include "platform/sim/files.h"
+#include "platform/sim/printer.h"
+#include "platform/sim/serial_port.h"
 #include "platform/sim/settings_store.h"
 
 namespace tallyhut {
@@ -39,17 +41,21 @@ struct ShownProgram {
     sim::Dialogs dialogs;
     sim::Clipboard clipboard;
     QtScreen screen;
+    sim::Printer printer;
     sim::Files files{"/contest"};
     sim::SettingsStore settings;
     sim::Environment environment;
+    sim::SerialPorts serialPorts{clock};
     Program program{{.clock = clock,
                      .pump = pump,
                      .dialogs = dialogs,
                      .clipboard = clipboard,
+                     .printer = printer,
                      .files = files,
                      .settings = settings,
                      .screen = screen,
                      .environment = environment,
+                     .serialPorts = serialPorts,
                      .dataFolder = "/data"},
                     "/contest"};
     WindowHost host{program.desk, pump};

@@ -403,6 +403,14 @@ TEST_F(EntryKeysTest, CallKeyResetsTheSizeOfThePartialList) {
     EXPECT_EQ(Main().lblDupe.State().fontSize, 9);
 }
 
+TEST_F(EntryKeysTest, SizeOfThePartialListIsScaledWithTheForm) {
+    screen.whole = {12000, 9000};
+    StartOnTime(2);
+    Main().lblDupe.SetFontSize(14);
+    Type("W");
+    EXPECT_EQ(Main().lblDupe.State().fontSize, 11.25);
+}
+
 TEST_F(EntryKeysTest, EnterCommitsFromEveryField) {
     for (const std::string_view field : {"txtNum", "txtPre", "txtCall", "txtCK", "txtSec"}) {
         files.contents.erase(kLogPath);

@@ -24,6 +24,7 @@ TEST(Options, NoneAskForTheWindowHere) {
     EXPECT_FALSE(options.help);
     EXPECT_FALSE(options.version);
     EXPECT_EQ(options.directory, std::nullopt);
+    EXPECT_FALSE(options.chooseDirectory);
     EXPECT_EQ(options.clock, std::nullopt);
     EXPECT_EQ(options.utcOffset, 0);
     EXPECT_EQ(options.screen, std::nullopt);
@@ -33,6 +34,7 @@ TEST(Options, NoneAskForTheWindowHere) {
 
 TEST(Options, FlagsStandAlone) {
     EXPECT_TRUE(ParseOptions({"--console"}).console);
+    EXPECT_TRUE(ParseOptions({"--choose-directory"}).chooseDirectory);
     EXPECT_TRUE(ParseOptions({"--help"}).help);
     EXPECT_TRUE(ParseOptions({"--version"}).version);
 }
@@ -131,8 +133,9 @@ TEST(Options, HelpIsWholeLinesAndNamesEveryOption) {
     const std::string_view usage = UsageText();
     EXPECT_TRUE(usage.starts_with("usage: tallyhut "));
     EXPECT_TRUE(usage.ends_with('\n'));
-    for (const std::string_view name : {"--directory", "--console", "--clock", "--utc-offset", "--screen", "--port",
-                                        "--parallel", "--sound", "--agw", "--seed", "--help", "--version"}) {
+    for (const std::string_view name :
+         {"--directory", "--choose-directory", "--console", "--clock", "--utc-offset", "--screen", "--port",
+          "--parallel", "--sound", "--agw", "--seed", "--help", "--version"}) {
         EXPECT_NE(usage.find(name), std::string_view::npos) << name;
     }
 }

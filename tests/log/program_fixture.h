@@ -16,7 +16,9 @@
 #include "platform/sim/environment.h"
 #include "platform/sim/event_pump.h"
 #include "platform/sim/files.h"
+#include "platform/sim/printer.h"
 #include "platform/sim/screen.h"
+#include "platform/sim/serial_port.h"
 #include "platform/sim/settings_store.h"
 
 namespace tallyhut {
@@ -72,10 +74,12 @@ struct ProgramFixture : testing::Test {
     sim::EventPump pump{clock};
     sim::Dialogs dialogs;
     sim::Clipboard clipboard;
+    sim::Printer printer;
     sim::Files files{kFolder};
     sim::SettingsStore settings;
     sim::Screen screen;
     sim::Environment environment;
+    sim::SerialPorts serialPorts{clock};
     Preferences stored;  ///< what nspref.txt holds at the start
     std::unique_ptr<Program> program;
 
@@ -112,10 +116,12 @@ struct ProgramFixture : testing::Test {
                               .pump = pump,
                               .dialogs = dialogs,
                               .clipboard = clipboard,
+                              .printer = printer,
                               .files = files,
                               .settings = settings,
                               .screen = screen,
                               .environment = environment,
+                              .serialPorts = serialPorts,
                               .dataFolder = "/data"};
         program = std::make_unique<Program>(machine, kFolder);
     }

@@ -68,7 +68,8 @@ TEST_F(StartTest, SecondProgramOnAFolderEndsAndTheFirstGoesOn) {
     sim::Clock clock2;
     sim::EventPump pump2{clock2};
     sim::Dialogs dialogs2;
-    Program second{{clock2, pump2, dialogs2, clipboard, files, settings, screen, environment}, kFolder};
+    Program second{{clock2, pump2, dialogs2, clipboard, printer, files, settings, screen, environment, serialPorts},
+                   kFolder};
     EXPECT_EQ(EndStatusOf([&] { second.Start(); }), 1);
     EXPECT_EQ(dialogs2.boxes.size(), 1U);
     Type("88aW1XX72mdc");
@@ -93,7 +94,7 @@ TEST_F(StartTest, FolderThatCannotBeWrittenIsTold) {
 }
 
 TEST_F(StartTest, MissingFolderIsTold) {
-    const Machine machine{clock, pump, dialogs, clipboard, files, settings, screen, environment};
+    const Machine machine{clock, pump, dialogs, clipboard, printer, files, settings, screen, environment, serialPorts};
     Program lost{machine, "/nowhere"};
     EXPECT_EQ(EndStatusOf([&] { lost.Start(); }), 1);
     ASSERT_EQ(dialogs.boxes.size(), 1U);

@@ -8,6 +8,7 @@
 #include <utility>
 #include <vector>
 
+#include "platform/platform_error.h"
 #include "platform/real/posix_files.h"
 #include "platform/sim/files.h"
 #include "tests/platform/failure_of.h"
@@ -65,6 +66,28 @@ TEST_P(FilesContract, LargeContentIsReadWhole) {
     const std::string content(200'000, 'x');
     files.Replace(log, content);
     EXPECT_EQ(files.Read(log), content);
+}
+
+TEST_P(FilesContract, WriteMakesTheFileAndPutsItsContentOverTheOldOne) {
+    files.Write(log, "a long first content");
+    EXPECT_EQ(files.Read(log), "a long first content");
+    files.Write(log, "short");
+    EXPECT_EQ(files.Read(log), "short");
+}
+
+TEST_P(FilesContract, WriteWhereNoFileCanStandIsRefused) {
+    files.MakeFolder(At("folder"));
+    for (const std::string& path : {At("folder"), At("nowhere/report.txt")}) {
+        EXPECT_THROW(files.Write(path, "text"), PlatformError) << path;
+    }
+}
+
+TEST_P(FilesContract, PathsOfOneFileAreKnownHoweverTheyAreWritten) {
+    files.Write(log, "A");
+    files.Write(At("other.txt"), "A");
+    EXPECT_TRUE(files.IsSameFile(log, At("../" + twin.folder.substr(twin.folder.rfind('/') + 1) + "/Log.txt")));
+    EXPECT_FALSE(files.IsSameFile(log, At("other.txt")));
+    EXPECT_FALSE(files.IsSameFile(At("none.txt"), At("none.txt")));
 }
 
 TEST_P(FilesContract, AppendMakesTheFileAndGoesOnAtItsEnd) {

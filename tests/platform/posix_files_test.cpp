@@ -83,6 +83,25 @@ TEST_F(PosixFilesTest, ReplaceBeyondTheFileSizeLimitLeavesTheOldContentAndNoOthe
     EXPECT_EQ(Names(), std::set<std::string>{"Log.txt"});
 }
 
+TEST_F(PosixFilesTest, WriteBeyondTheFileSizeLimitLeavesWhatWasWritten) {
+    files.Replace(log, "a long first content");
+    EXPECT_EQ(FailureWithFileSizeLimit(10, [&] { files.Write(log, std::string(100, 'x')); }), log + ": File too large");
+    EXPECT_EQ(files.Read(log), std::string(10, 'x'));
+}
+
+TEST_F(PosixFilesTest, WriteToAFullDiskIsTold) {
+    fs::create_symlink("/dev/full", log);
+    EXPECT_EQ(FailureOf([&] { files.Write(log, "A\r\n"); }), log + ": No space left on device");
+}
+
+TEST_F(PosixFilesTest, LinkLeadsToTheSameFile) {
+    files.Replace(log, "A");
+    fs::create_symlink(log, folder.At("link.txt"));
+    fs::create_directory_symlink(folder.Path(), folder.At("here"));
+    EXPECT_TRUE(files.IsSameFile(log, folder.At("link.txt")));
+    EXPECT_TRUE(files.IsSameFile(folder.At("here/Log.txt"), log));
+}
+
 TEST_F(PosixFilesTest, FullDiskIsTold) {
     fs::create_symlink("/dev/full", log);
     EXPECT_EQ(FailureOf([&] { files.Append(log, "A\r\n"); }), log + ": No space left on device");

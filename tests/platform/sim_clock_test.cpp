@@ -49,6 +49,14 @@ TEST(SimClock, AdvancingToAPastTickDoesNothing) {
     EXPECT_EQ(clock.TickMs(), 2'000U);
 }
 
+TEST(SimClock, SleepJumpsToItsEnd) {
+    sim::Clock clock;
+    clock.SleepUntil(99);
+    EXPECT_EQ(clock.TickMs(), 99U);
+    clock.SleepUntil(50);
+    EXPECT_EQ(clock.TickMs(), 99U);
+}
+
 TEST(SimClock, SettingTheDateAndTimeLeavesTheTick) {
     sim::Clock clock;
     clock.Advance(1'700);

@@ -40,6 +40,13 @@ TEST_F(SimFiles, EveryKindOfChangeCanFail) {
     EXPECT_TRUE(files.appends.empty());
 }
 
+TEST_F(SimFiles, FailedWriteLeavesTheFirstHalf) {
+    files.Put("/contest/report.txt", "an old report");
+    files.FailAt(1, "No space left on device");
+    EXPECT_EQ(FailureOf([&] { files.Write("report.txt", "12345678"); }), "report.txt: No space left on device");
+    EXPECT_EQ(files.Read("report.txt"), "1234");
+}
+
 TEST_F(SimFiles, ReadingAndLookingAreNoChange) {
     files.Put("/contest/Log.txt", "A");
     files.FailAt(1, "Input/output error");

@@ -73,5 +73,13 @@ TEST(SystemClock, ZoneThatIsChangedCountsFromTheNextCall) {
               "300 480 three hours back");
 }
 
+TEST(SystemClock, SleepEndsWhenTheTickHasCome) {
+    SystemClock clock;
+    const Tick start = clock.TickMs();
+    clock.SleepUntil(start + 5);
+    EXPECT_GE(clock.TickMs(), start + 5);
+    clock.SleepUntil(start);  // past: no wait
+}
+
 }  // namespace
 }  // namespace tallyhut

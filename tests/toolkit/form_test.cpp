@@ -121,6 +121,7 @@ TEST_F(FormTest, UnloadGivesEveryControlItsDesignValueWithoutHandlers) {
     Open(form);
 
     form.SetCaption("other caption");
+    form.SetFormPlace({1, 2, 3, 4});
     field.SetText("abc");
     field.Select(1, 2);
     field.SetToolTip("tip");
@@ -138,6 +139,7 @@ TEST_F(FormTest, UnloadGivesEveryControlItsDesignValueWithoutHandlers) {
     list.SelectRow(0);
     view.SetRows(3, [](std::size_t /*row*/, std::size_t /*column*/) { return "x"; });
     view.SelectRow(1);
+    view.SetColumns({{"Call", 200}, {"Ck", 50}});
     menu.SetChecked(true);
     timer.SetInterval(20);
     timer.SetTimerEnabled(true);
@@ -156,6 +158,7 @@ TEST_F(FormTest, UnloadGivesEveryControlItsDesignValueWithoutHandlers) {
 
     EXPECT_EQ(TakeEvents(), "Entry.Unload");
     EXPECT_EQ(form.Caption(), "Entry");
+    EXPECT_EQ(form.FormPlace(), (Place{.width = form.design.width, .height = form.design.height}));
     EXPECT_EQ(field.Text(), "");
     EXPECT_EQ(field.SelStart(), 0);
     EXPECT_EQ(field.SelLength(), 0);
@@ -175,6 +178,7 @@ TEST_F(FormTest, UnloadGivesEveryControlItsDesignValueWithoutHandlers) {
     EXPECT_EQ(list.Row(), -1);
     EXPECT_EQ(view.RowCount(), 0U);
     EXPECT_EQ(view.Row(), -1);
+    EXPECT_EQ(view.State().columns, (std::vector<ListColumn>{{"Call", 100}}));
     EXPECT_FALSE(menu.Checked());
     EXPECT_EQ(timer.Interval(), 500);
     EXPECT_FALSE(timer.Enabled());

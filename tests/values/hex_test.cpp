@@ -26,6 +26,29 @@ TEST(Hex, BytesBecomeTwoUpperCaseDigitsEach) {
     EXPECT_EQ(BytesToHexText("\0\n\x7F\x80"s), "000A7F80");
 }
 
+TEST(Hex, DumpHasABlankBehindEachPair) {
+    EXPECT_EQ(BytesToHexDump(""), "");
+    EXPECT_EQ(BytesToHexDump("\xFE\0\x03"s), "FE 00 03 ");
+}
+
+TEST(Hex, EveryThirdCharacterBeginsASpacedPair) {
+    const std::pair<std::string_view, std::string> cases[] = {
+        {"", ""},
+        {"FE FE 64 E0 03 FD", "\xFE\xFE\x64\xE0\x03\xFD"},
+        {"00 00 00 02 10", "\0\0\0\x02\x10"s},
+        {"FE FE ", "\xFE\xFE"},
+        {"3F 41 0", "\x3F\x41\0"s},
+        {"fe,03", "\xFE\x03"},
+        {"FEFE6403", "\xFE\xE6\x03"},  // without blanks the walk loses step: that is how it goes out
+    };
+    for (const auto& [text, bytes] : cases) {
+        EXPECT_EQ(SpacedHexToBytes(text), bytes) << text;
+    }
+    for (const std::string_view text : {"GG", " FE", "FE  03", "FE 0x 03", "-1"}) {
+        EXPECT_THROW(SpacedHexToBytes(text), ValueError) << text;
+    }
+}
+
 TEST(Hex, PairsBecomeBytes) {
     EXPECT_EQ(HexToBytes(""), "");
     EXPECT_EQ(HexToBytes("FEFE"), "\xFE\xFE");

@@ -7,9 +7,9 @@
 #include <QFileInfo>
 
 #include "forms/qt/ask_box.h"
+#include "forms/qt/dialog_loop.h"
 #include "forms/qt/text_codec.h"
 #include "forms/qt/theme.h"
-#include "toolkit/desk.h"
 
 namespace tallyhut {
 namespace {
@@ -55,70 +55,50 @@ std::string DesktopFilter(const std::string& told) {
     return FromQt(filters.isEmpty() ? ToQt(told) : filters.join(";;"));
 }
 
-QWidget* QtDialogs::Parent() {
-    desk_->pump.Collect();  // what the handler has shown so far stands under the dialog
-    return QApplication::activeWindow();
-}
-
-bool QtDialogs::Run(QDialog& dialog) {
-    bool finished = false;
-    bool accepted = false;
-    QObject::connect(&dialog, &QDialog::finished, &dialog, [&](int result) {
-        finished = true;
-        accepted = result == QDialog::Accepted;
-    });
-    dialog.setFont(DialogFont());
-    dialog.setWindowModality(Qt::ApplicationModal);
-    dialog.show();
-    dialog.raise();
-    dialog.activateWindow();
-    desk_->RunDialog([&finished] { return finished; });
-    return accepted;
-}
-
 void QtDialogs::Beep() {
     QApplication::beep();
 }
 
 Answer QtDialogs::DoShow(const MessageBox& box) {
-    AskBox dialog{box, Parent()};
-    Run(dialog);
+    AskBox dialog{box, DialogParent(*desk_)};
+    RunDialog(dialog, *desk_);
     return dialog.Chosen();
 }
 
 std::string QtDialogs::DoShow(const InputBox& box) {
-    AskBox dialog{box, Parent()};
-    return Run(dialog) ? FromQt(dialog.Entered()) : std::string{};
+    AskBox dialog{box, DialogParent(*desk_)};
+    return RunDialog(dialog, *desk_) ? FromQt(dialog.Entered()) : std::string{};
 }
 
 std::optional<std::string> QtDialogs::DoSaveFile(const FileRequest& request) {
-    QFileDialog dialog{Parent()};
+    QFileDialog dialog{DialogParent(*desk_)};
     dialog.setAcceptMode(QFileDialog::AcceptSave);
     dialog.setFileMode(QFileDialog::AnyFile);
     dialog.setOption(QFileDialog::DontConfirmOverwrite, !request.overwritePrompt);
     Prepare(dialog, request);
-    return Run(dialog) ? ChosenPath(dialog) : std::nullopt;
+    dialog.setDefaultSuffix(QFileInfo{dialog.selectedFiles().value(0)}.suffix());
+    return RunDialog(dialog, *desk_) ? ChosenPath(dialog) : std::nullopt;
 }
 
 std::optional<std::string> QtDialogs::DoOpenFile(const FileRequest& request) {
-    QFileDialog dialog{Parent()};
+    QFileDialog dialog{DialogParent(*desk_)};
     dialog.setFileMode(QFileDialog::ExistingFile);
     Prepare(dialog, request);
-    return Run(dialog) ? ChosenPath(dialog) : std::nullopt;
+    return RunDialog(dialog, *desk_) ? ChosenPath(dialog) : std::nullopt;
 }
 
 std::optional<std::string> QtDialogs::DoChooseFolder(const FileRequest& request) {
-    QFileDialog dialog{Parent()};
+    QFileDialog dialog{DialogParent(*desk_)};
     dialog.setFileMode(QFileDialog::Directory);
     dialog.setOption(QFileDialog::ShowDirsOnly);
     Prepare(dialog, request);
-    return Run(dialog) ? ChosenPath(dialog) : std::nullopt;
+    return RunDialog(dialog, *desk_) ? ChosenPath(dialog) : std::nullopt;
 }
 
 std::optional<std::int32_t> QtDialogs::DoChooseColour(std::int32_t current) {
-    QColorDialog dialog{ToQColor(current, ThemeOf(QApplication::palette())), Parent()};
+    QColorDialog dialog{ToQColor(current, ThemeOf(QApplication::palette())), DialogParent(*desk_)};
     dialog.setOption(QColorDialog::DontUseNativeDialog);
-    return Run(dialog) ? std::optional{FromQColor(dialog.currentColor())} : std::nullopt;
+    return RunDialog(dialog, *desk_) ? std::optional{FromQColor(dialog.currentColor())} : std::nullopt;
 }
 
 }  // namespace tallyhut

@@ -4,9 +4,6 @@
 
 #include "platform/dialogs.h"
 
-class QDialog;
-class QWidget;
-
 namespace tallyhut {
 
 struct Desk;
@@ -29,10 +26,6 @@ protected:
     std::optional<std::int32_t> DoChooseColour(std::int32_t current) override;
 
 private:
-    QWidget* Parent();
-    /// Runs the dialog; true when it was accepted.
-    bool Run(QDialog& dialog);
-
     Desk* desk_ = nullptr;
 };
 

@@ -65,9 +65,6 @@ QRect DefaultPlace(const Form& form, const QRect& area) {
         place.setSize(area.size());
     }
     place.moveCenter(area.center());
-    if (form.design.neverActive) {
-        place.moveTop(area.top());  // above the form that keys go to
-    }
     return place;
 }
 
@@ -331,7 +328,10 @@ void WindowHost::PutInPlace(FormView& view) {
     view.place = form.FormPlace();
     const QRect whole = QGuiApplication::primaryScreen()->geometry();
     const QRect workArea = QGuiApplication::primaryScreen()->availableGeometry();
-    const QRect wanted = IsUnplaced(form) ? DefaultPlace(form, workArea) : InPixels(view.place);
+    QRect wanted = IsUnplaced(form) ? DefaultPlace(form, workArea) : InPixels(view.place);
+    if (form.design.neverActive) {
+        wanted.moveTop(workArea.top());  // above the form that keys go to
+    }
     view.placing = true;
     if (!form.design.dialog && (CoversScreen(wanted, workArea) || CoversScreen(wanted, whole))) {
         view.window->setGeometry(workArea);
@@ -343,10 +343,11 @@ void WindowHost::PutInPlace(FormView& view) {
     view.placing = false;
 }
 
-/// The operator has moved the window or changed its size. Several such events at once are one to the form.
+/// The operator has moved the window or changed its size. Several such events at once are one to the form. A form that
+/// does nothing with its size keeps its place: the layout fits what stands there into the window.
 void WindowHost::TellPlace(FormView& view) {
     if (view.placing || view.placePending || !view.window->isVisible() || view.window->isMinimized() ||
-        IsUnplaced(view.window->TheForm())) {
+        !view.window->TheForm().Form_Resize) {
         return;
     }
     view.placePending = true;

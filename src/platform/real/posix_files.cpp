@@ -89,6 +89,18 @@ bool FlushFolder(const std::string& folder) {
     return fsync(opened.Number()) == 0 || errno == EINVAL;  // EINVAL: the file system flushes no folders
 }
 
+/// False with errno set when not all of it could be written; what could be is.
+bool WriteAll(const Descriptor& file, std::string_view content) {
+    while (!content.empty()) {
+        const ssize_t written = Write(file, content);
+        if (written < 0) {
+            return false;
+        }
+        content.remove_prefix(static_cast<std::size_t>(written));
+    }
+    return true;
+}
+
 /// A file without a name that others know, removed with its owner unless it was moved to its place.
 class TemporaryFile {
 public:
@@ -107,14 +119,7 @@ public:
     bool IsOpen() const { return file_.IsOpen(); }
 
     bool Fill(std::string_view content, mode_t mode) {
-        while (!content.empty()) {
-            const ssize_t written = Write(file_, content);
-            if (written < 0) {
-                return false;
-            }
-            content.remove_prefix(static_cast<std::size_t>(written));
-        }
-        return fchmod(file_.Number(), mode) == 0 && fsync(file_.Number()) == 0;
+        return WriteAll(file_, content) && fchmod(file_.Number(), mode) == 0 && fsync(file_.Number()) == 0;
     }
 
     bool MoveTo(const std::string& place) {
@@ -234,11 +239,17 @@ void PosixFiles::Replace(const std::string& path, std::string_view content) {
     }
 }
 
+void PosixFiles::Write(const std::string& path, std::string_view content) {
+    const Descriptor file = Open(path, O_WRONLY | O_CREAT | O_TRUNC);
+    const bool written = file.IsOpen() && WriteAll(file, content);
+    if (!written || (fsync(file.Number()) != 0 && errno != EINVAL)) {  // EINVAL: a device that holds nothing back
+        throw PathError(path, errno);
+    }
+}
+
 void PosixFiles::Copy(const std::string& from, const std::string& to) {
     const std::string content = Read(from);
-    const auto source = StatusOf(from);
-    const auto target = StatusOf(to);
-    if (source && target && source->st_dev == target->st_dev && source->st_ino == target->st_ino) {
+    if (IsSameFile(from, to)) {
         throw PathError(to, kCopyOntoItself);
     }
     Replace(to, content);
@@ -252,6 +263,12 @@ bool PosixFiles::FileExists(const std::string& path) const {
 bool PosixFiles::FolderExists(const std::string& path) const {
     const auto status = StatusOf(path);
     return status && S_ISDIR(status->st_mode);
+}
+
+bool PosixFiles::IsSameFile(const std::string& one, const std::string& other) const {
+    const auto first = StatusOf(one);
+    const auto second = StatusOf(other);
+    return first && second && first->st_dev == second->st_dev && first->st_ino == second->st_ino;
 }
 
 void PosixFiles::MakeFolder(const std::string& path) {

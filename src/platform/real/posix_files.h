@@ -15,10 +15,12 @@ struct PosixFiles : Files {
     /// Refuses a file that the user may not write, although its folder would let it be replaced, and whatever is no
     /// plain file.
     void Replace(const std::string& path, std::string_view content) override;
+    void Write(const std::string& path, std::string_view content) override;
     void Copy(const std::string& from, const std::string& to) override;
     /// True for devices too.
     bool FileExists(const std::string& path) const override;
     bool FolderExists(const std::string& path) const override;
+    bool IsSameFile(const std::string& one, const std::string& other) const override;
     void MakeFolder(const std::string& path) override;
     std::string CurrentFolder() const override;
     void CheckWritable(const std::string& folder) const override;

@@ -2,6 +2,7 @@
 
 #include <chrono>
 #include <ctime>
+#include <thread>
 
 namespace tallyhut {
 
@@ -34,6 +35,10 @@ int SystemClock::MinutesToUtc() const {
 Tick SystemClock::TickMs() const {
     const auto sinceStart = std::chrono::steady_clock::now().time_since_epoch();
     return static_cast<Tick>(std::chrono::duration_cast<std::chrono::milliseconds>(sinceStart).count());
+}
+
+void SystemClock::SleepUntil(Tick tick) {
+    std::this_thread::sleep_until(std::chrono::steady_clock::time_point{std::chrono::milliseconds{tick}});
 }
 
 }  // namespace tallyhut

@@ -10,6 +10,7 @@ struct SystemClock : Clock {
     int MinutesToUtc() const override;
     /// From the machine's start.
     Tick TickMs() const override;
+    void SleepUntil(Tick tick) override;
 };
 
 }  // namespace tallyhut

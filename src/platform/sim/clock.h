@@ -15,6 +15,8 @@ struct Clock : tallyhut::Clock {
     DateTime Now() const override;
     int MinutesToUtc() const override { return minutesToUtc; }
     Tick TickMs() const override { return tick_; }
+    /// Jumps to the tick.
+    void SleepUntil(Tick tick) override { AdvanceTo(tick); }
 
     /// Local time with milliseconds, "2026-11-07T21:04:33.000".
     std::string IsoNow() const;

@@ -106,6 +106,14 @@ void Files::Replace(const std::string& path, std::string_view content) {
     contents[place] = content;
 }
 
+void Files::Write(const std::string& path, std::string_view content) {
+    const std::string place = Whole(path);
+    if (failures_.contains(operations_ + 1) && Obstacle(place) == 0 && !folders_.contains(place)) {
+        contents[place] = content.substr(0, content.size() / 2);
+    }
+    Replace(path, content);
+}
+
 void Files::Copy(const std::string& from, const std::string& to) {
     const std::string source = Whole(from);
     const std::string target = Whole(to);
@@ -126,6 +134,10 @@ bool Files::FileExists(const std::string& path) const {
 
 bool Files::FolderExists(const std::string& path) const {
     return folders_.contains(Whole(path));
+}
+
+bool Files::IsSameFile(const std::string& one, const std::string& other) const {
+    return contents.contains(Whole(one)) && Whole(one) == Whole(other);
 }
 
 void Files::MakeFolder(const std::string& path) {

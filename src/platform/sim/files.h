@@ -18,9 +18,11 @@ struct Files : tallyhut::Files {
     std::string Read(const std::string& path) const override;
     void Append(const std::string& path, std::string_view record) override;
     void Replace(const std::string& path, std::string_view content) override;
+    void Write(const std::string& path, std::string_view content) override;
     void Copy(const std::string& from, const std::string& to) override;
     bool FileExists(const std::string& path) const override;
     bool FolderExists(const std::string& path) const override;
+    bool IsSameFile(const std::string& one, const std::string& other) const override;
     void MakeFolder(const std::string& path) override;
     std::string CurrentFolder() const override { return currentFolder_; }
     void CheckWritable(const std::string& folder) const override;
@@ -33,8 +35,8 @@ struct Files : tallyhut::Files {
     /// Puts a file there and makes the folders above it; no operation of the program.
     void Put(const std::string& path, const std::string& content);
 
-    /// Makes the nth Append, Replace, Copy or MakeFolder from now fail for the reason, leaving all as it was. 1 is the
-    /// next one.
+    /// Makes the nth Append, Replace, Write, Copy or MakeFolder from now fail for the reason, leaving all as it was; a
+    /// Write leaves the first half of what it was to write. 1 is the next one.
     void FailAt(int nth, const std::string& reason);
     /// How often one of those was asked for, also where it failed.
     int Operations() const { return operations_; }

@@ -1,0 +1,74 @@
+// What leaves the program, from a full log to its text. Writing the file is the disk's time.
+
+#include <benchmark/benchmark.h>
+
+#include "bench/full_log.h"
+#include "log/contact_log.h"
+#include "reports/adif.h"
+#include "reports/cabrillo.h"
+#include "reports/dupe_sheet.h"
+#include "reports/merged_log.h"
+
+namespace tallyhut {
+namespace {
+
+const DateTime kNow{2026, 11, 8, 21, 0, 0};
+
+struct Entry {
+    Entry() {
+        station.gOwnCall = "W9ZZZ";
+        station.gOwnPrec = "A";
+        station.gOwnCheck = "72";
+        station.gOwnSection = "IL";
+        FieldReader fields{text};
+        while (!fields.AtEnd()) {
+            log.Row(++log.gContactCount) = ReadRecord(fields);
+        }
+    }
+
+    std::string text = FullLog(ContactLog::kMostContacts, kNow);
+    ContactLog log;
+    Preferences station;
+};
+
+void CabrilloFile(benchmark::State& state) {
+    const Entry entry;
+    for (auto round : state) {
+        ColumnWriter lines;
+        WriteCabrillo({}, entry.station, entry.log, 83, kNow.year, lines);
+        benchmark::DoNotOptimize(FileText(lines.Lines()));
+    }
+}
+BENCHMARK(CabrilloFile)->Unit(benchmark::kMillisecond);
+
+void AdifFile(benchmark::State& state) {
+    const Entry entry;
+    const AdifExport details{.title = "Q7ZZQ's Tallyhut Log 4.7",
+                             .exportedAt = "11/8/2026 9:00:00 PM",
+                             .power = "100",
+                             .comment = "November Sweepstakes Contest",
+                             .phone = false};
+    for (auto round : state) {
+        benchmark::DoNotOptimize(AdifText(details, entry.log, kNow.year));
+    }
+}
+BENCHMARK(AdifFile)->Unit(benchmark::kMillisecond);
+
+void DupeSheet(benchmark::State& state) {
+    const Entry entry;
+    for (auto round : state) {
+        benchmark::DoNotOptimize(FileText(DupeFile(CallsByArea(entry.log), 83)));
+    }
+}
+BENCHMARK(DupeSheet)->Unit(benchmark::kMillisecond);
+
+void LogReport(benchmark::State& state) {
+    const Entry entry;
+    for (auto round : state) {
+        benchmark::DoNotOptimize(FileText(LogReportFile(MergeLog(entry.text, "", 83))));
+    }
+}
+BENCHMARK(LogReport)->Unit(benchmark::kMillisecond);
+
+}  // namespace
+}  // namespace tallyhut

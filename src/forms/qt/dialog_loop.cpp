@@ -1,0 +1,32 @@
+#include "forms/qt/dialog_loop.h"
+
+#include <QApplication>
+#include <QDialog>
+
+#include "forms/qt/ask_box.h"
+#include "toolkit/desk.h"
+
+namespace tallyhut {
+
+QWidget* DialogParent(Desk& desk) {
+    desk.pump.Collect();
+    return QApplication::activeWindow();
+}
+
+bool RunDialog(QDialog& dialog, Desk& desk) {
+    bool finished = false;
+    bool accepted = false;
+    QObject::connect(&dialog, &QDialog::finished, &dialog, [&](int result) {
+        finished = true;
+        accepted = result == QDialog::Accepted;
+    });
+    dialog.setFont(DialogFont());
+    dialog.setWindowModality(Qt::ApplicationModal);
+    dialog.show();
+    dialog.raise();
+    dialog.activateWindow();
+    desk.RunDialog([&finished] { return finished; });
+    return accepted;
+}
+
+}  // namespace tallyhut

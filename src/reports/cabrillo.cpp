@@ -1,0 +1,109 @@
+#include "reports/cabrillo.h"
+
+#include <array>
+
+#include "reports/report_text.h"
+#include "values/format.h"
+
+namespace tallyhut {
+namespace {
+
+struct BandEdge {
+    std::string_view band;
+    std::string_view kilohertz;  ///< the lower edge, 5 wide
+};
+
+/// The sponsor's robot wants the band and not the frequency, so the contact's own frequency plays no part.
+constexpr std::array kBandEdges{
+    BandEdge{"160", " 1800"}, BandEdge{"80", " 3500"}, BandEdge{"40", " 7000"},
+    BandEdge{"20", "14000"},  BandEdge{"15", "21000"}, BandEdge{"10", "28000"},
+};
+
+std::string_view FrequencyField(std::string_view band) {
+    for (const BandEdge& edge : kBandEdges) {
+        if (edge.band == band) {
+            return edge.kilohertz;
+        }
+    }
+    return "";
+}
+
+std::string_view ModeWord(const Preferences& station) {
+    return station.gContestMode == 1 ? "PH" : "CW";
+}
+
+/// The section stands before the contest, as it always has in these files.
+void WriteStation(const CabrilloEntry& entry, const Preferences& station, ColumnWriter& lines) {
+    lines.Line("START-OF-LOG: 3.0");
+    lines.Line("CREATED-BY: " + entry.createdBy);
+    lines.Line("ARRL-SECTION: " + station.gOwnSection);
+    lines.Line(station.gContestMode == 1 ? "CONTEST: ARRL-SS-SSB" : "CONTEST: ARRL-SS-CW");
+    lines.Line("CALLSIGN: " + station.gOwnCall);
+}
+
+void WriteCategories(const CabrilloEntry& entry, const Preferences& station, ColumnWriter& lines) {
+    if (!entry.categoryOperator.empty()) {
+        lines.Text("CATEGORY-OPERATOR: ").Line(entry.categoryOperator);
+    }
+    lines.Line("CATEGORY-TRANSMITTER: ONE");
+    lines.Line("CATEGORY-BAND: ALL");
+    lines.Text("CATEGORY-POWER: ").Line(entry.power);
+    lines.Text("CATEGORY-ASSISTED: ").Line(entry.assisted ? "ASSISTED" : "NON-ASSISTED");
+    lines.Text("CATEGORY-MODE: ").Line(ModeWord(station));
+    lines.Text("CATEGORY-STATION: ").Line(entry.schoolClub ? "SCHOOL" : "FIXED");
+}
+
+void WriteEntrant(const CabrilloEntry& entry, const Preferences& station, ColumnWriter& lines) {
+    lines.Line("OPERATORS: " + (entry.operators.empty() ? station.gOwnCall : entry.operators));
+    lines.Line("CLUB: " + entry.club);
+    lines.Line("NAME: " + entry.name);
+    lines.Line("ADDRESS: " + entry.addressLine1);
+    lines.Line("ADDRESS: " + entry.addressLine2);
+    if (!entry.eMail.empty()) {
+        lines.Line("ADDRESS: (e-mail) " + entry.eMail);
+    }
+    lines.Line("SOAPBOX: " + entry.soapbox);
+}
+
+std::string ThreeWide(const std::string& section) {
+    return section.size() == 2 ? section + ' ' : section;
+}
+
+void WriteContact(const Contact& contact, const Preferences& station, int presentYear, ColumnWriter& lines) {
+    lines.Text("QSO:");
+    lines.At(6, FrequencyField(contact.Bnd));
+    lines.At(12, ModeWord(station));
+    lines.At(15, FormatDateText(contact.Date, "yyyy-mm-dd", presentYear));
+    lines.At(26, HoursAndMinutes(contact.Time));
+    lines.At(31, station.gOwnCall);
+    lines.EndingAt(45, contact.Ns);
+    lines.At(47, station.gOwnPrec);
+    lines.At(49, station.gOwnCheck);
+    lines.At(52, station.gOwnSection);
+    lines.At(56, contact.Call);
+    lines.EndingAt(70, contact.Nr);
+    lines.At(72, contact.P);
+    lines.At(74, contact.Ck);
+    lines.At(77, ThreeWide(contact.Sec));
+    lines.EndLine();
+}
+
+}  // namespace
+
+std::int32_t ClaimedScore(std::int32_t contacts, int sectionsWorked) {
+    return ToInt32(static_cast<double>(contacts) * sectionsWorked * 2);
+}
+
+void WriteCabrillo(const CabrilloEntry& entry, const Preferences& station, const ContactLog& log, int sectionsWorked,
+                   int presentYear, ColumnWriter& lines) {
+    WriteStation(entry, station, lines);
+    WriteCategories(entry, station, lines);
+    lines.Line("CLAIMED-SCORE: " + PlainText(ClaimedScore(log.gContactCount, sectionsWorked)));
+    WriteEntrant(entry, station, lines);
+    for (std::int32_t n = 1; n <= log.gContactCount; ++n) {
+        WriteContact(log.Row(n), station, presentYear, lines);
+    }
+    lines.Line("END-OF-LOG:");
+}
+
+}  // namespace tallyhut

@@ -1,0 +1,39 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "log/contact_log.h"
+#include "log/preferences.h"
+#include "reports/column_writer.h"
+
+namespace tallyhut {
+
+/// What the entry's head says beside the station and the log. The texts are the values of their lines.
+struct CabrilloEntry {
+    std::string createdBy;
+    std::string_view categoryOperator;  ///< empty leaves the line out
+    std::string_view power;
+    bool assisted = false;
+    bool schoolClub = false;
+    std::string operators;  ///< empty for the own call
+    std::string club;
+    std::string name;
+    std::string addressLine1;
+    std::string addressLine2;
+    std::string eMail;  ///< empty leaves the line out
+    std::string soapbox;
+};
+
+/// The whole entry file, Cabrillo 3.0, line by line, contacts in the order of the log.
+///
+/// @param lines  takes the lines; where the claimed score fails, those before it stand there
+/// @param presentYear  of a contact's date that has no year
+/// Throws ValueError when the claimed score is beyond 32 bits.
+void WriteCabrillo(const CabrilloEntry& entry, const Preferences& station, const ContactLog& log, int sectionsWorked,
+                   int presentYear, ColumnWriter& lines);
+
+/// Contacts times sections times 2; throws ValueError beyond 32 bits.
+std::int32_t ClaimedScore(std::int32_t contacts, int sectionsWorked);
+
+}  // namespace tallyhut

@@ -1,0 +1,31 @@
+#pragma once
+
+#include "forms/Form1.h"
+#include "log/contact_log.h"
+#include "log/preferences.h"
+#include "platform/files.h"
+#include "support/directories.h"
+#include "toolkit/desk.h"
+#include "values/format.h"
+
+namespace tallyhut {
+
+/// The ways of the log into other programs. None of them changes it.
+struct LogExports {
+    Form1& form;
+    Desk& desk;
+    const Directories& directories;
+    const Preferences& preferences;
+    const ContactLog& log;
+    Files& files;
+    std::string_view shortDate = kShortDate;  ///< the machine's picture of a date
+
+    /// The whole log as ADIF, in a file that the operator chooses.
+    void expADIF_Click();
+    /// The whole log for the general-purpose logger. Throws PlatformError.
+    void mnuExport_Click();
+    /// What the list shows, for a spreadsheet.
+    void mnuCopyListtoClipboard_Click();
+};
+
+}  // namespace tallyhut

@@ -1,0 +1,40 @@
+#pragma once
+
+#include <functional>
+
+#include "log/log_reload.h"
+#include "log/message_line.h"
+#include "platform/printer.h"
+#include "reports/merged_log.h"
+
+namespace tallyhut {
+
+/// The log and the dupe sheet as they went to the sponsor on paper, as files in the working directory and printed. The
+/// reports of the log read the files and count anew on the way; whatever fails ends a report silently, and everything
+/// is then as it was before.
+struct PaperReports {
+    Form1& form;
+    Desk& desk;
+    const Directories& directories;
+    ContactLog& log;
+    SectionTable& sections;
+    const Preferences& preferences;
+    const LogFile& logFile;
+    LogReload& reload;
+    MessageLine& message;
+    Printer& printer;
+
+    void WriteDupeFile();
+    void PrintDupeSheet();
+    void WriteLogFile();
+    void PrintLog();
+
+private:
+    /// Warns, runs the report, and blanks the message line.
+    void Run(const std::function<void()>& report);
+    std::vector<std::string> SortedCalls();
+    MergedLog Merged() const;
+    void TakeOver(const MergedLog& merged);
+};
+
+}  // namespace tallyhut

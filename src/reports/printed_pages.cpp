@@ -1,0 +1,52 @@
+#include "reports/printed_pages.h"
+
+#include "platform/platform_error.h"
+
+namespace tallyhut {
+
+void PageBreaker::Item(const std::vector<std::string>& lines) {
+    PrintedPage& page = pages_.back();
+    if (headDue_) {
+        page = head_;
+        headDue_ = false;
+    }
+    page.insert(page.end(), lines.begin(), lines.end());
+    if (page.size() >= linesPerPage_) {
+        pages_.emplace_back();
+        headDue_ = true;
+    }
+}
+
+void PageBreaker::Tail(const std::vector<std::string>& lines) {
+    pages_.back().insert(pages_.back().end(), lines.begin(), lines.end());
+}
+
+std::vector<PrintedPage> PageBreaker::Pages() const {
+    const bool lastIsEmpty = pages_.size() > 1 && pages_.back().empty();
+    return {pages_.begin(), pages_.end() - (lastIsEmpty ? 1 : 0)};
+}
+
+bool PrintPages(Printer& printer, const std::string& title, const std::vector<PrintedPage>& pages,
+                int firstLinePoints) {
+    if (!printer.Begin(title)) {
+        return false;
+    }
+    try {
+        int points = firstLinePoints;
+        for (const PrintedPage& page : pages) {
+            if (&page != &pages.front()) {
+                printer.NewPage();
+            }
+            for (const std::string& line : page) {
+                printer.Line(line, points);
+                points = kPrintPoints;
+            }
+        }
+        return printer.End();
+    } catch (const PlatformError&) {
+        printer.Abort();
+        throw;
+    }
+}
+
+}  // namespace tallyhut

@@ -1,0 +1,36 @@
+#include "rig/frequency_test.h"
+
+#include "platform/platform_error.h"
+#include "rig/typed_frequency.h"
+#include "values/hex.h"
+#include "values/text.h"
+#include "values/value_error.h"
+
+namespace tallyhut {
+
+void FrequencyTest::Open() {
+    form.ShowModal();
+    form.Unload();
+}
+
+void FrequencyTest::Command1_Click() {
+    const std::string command = Trim(form.Text1.Text());
+    try {
+        comComm1.Write(form.Check1.Value() ? SpacedHexToBytes(command) : command);
+    } catch (const PlatformError&) {  // the radio's silence tells
+    } catch (const ValueError&) {
+    }
+}
+
+/// A text that is no number tunes nothing.
+void FrequencyTest::Command2_Click() {
+    if (std::optional<float> frequency = TypedFrequency(form.Text2.Text())) {
+        commands.ChangeFrequency(*frequency);
+    }
+}
+
+void FrequencyTest::cmdClose_Click() {
+    form.Hide();
+}
+
+}  // namespace tallyhut

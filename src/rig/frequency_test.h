@@ -1,0 +1,24 @@
+#pragma once
+
+#include "forms/frmFrequencyTest.h"
+#include "rig/rig_commands.h"
+
+namespace tallyhut {
+
+/// Tries commands on the radio while it is polled; what comes back shows on the radio's form. Failures are silent but
+/// for what ChangeFrequency tells.
+struct FrequencyTest {
+    frmFrequencyTest& form;
+    RigCommands& commands;
+    SerialPort& comComm1;
+
+    /// Shows the form; returns when it has been closed.
+    void Open();
+    /// Sends the raw command.
+    void Command1_Click();
+    /// Tunes.
+    void Command2_Click();
+    void cmdClose_Click();
+};
+
+}  // namespace tallyhut

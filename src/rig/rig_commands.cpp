@@ -1,0 +1,121 @@
+#include "rig/rig_commands.h"
+
+#include "platform/platform_error.h"
+#include "values/value_error.h"
+
+namespace tallyhut {
+
+void RigCommands::ChangeFrequency(float& Frequency) {
+    if (!form.tmrGetData.Enabled()) {
+        return;
+    }
+    form.tmrGetData.SetTimerEnabled(false);
+    try {
+        if (RigNamed(preferences.gRigName).link != RigLink::Files) {
+            comComm1.ReadAll();
+        }
+        state.RxBuffer.clear();
+        std::string modeOfPlan;
+        ChangeMode(Frequency, modeOfPlan);
+        WaitOutputDrained();
+        SendFrequency(Frequency);
+        WaitOutputDrained();
+        form.tmrGetData.SetTimerEnabled(true);
+    } catch (const PlatformError& failure) {
+        Report("Error Changing Frequency", failure.what());
+    } catch (const ValueError& failure) {
+        Report("Error Changing Frequency", failure.what());
+    }
+}
+
+/// Another radio may be chosen while events run: each step asks anew.
+void RigCommands::SendFrequency(float& Frequency) {
+    for (const int pause : RigNamed(preferences.gRigName).pausesMs) {
+        if (pause > 0) {
+            DelayMs(pause);
+        }
+    }
+    const RigRow& rig = RigNamed(preferences.gRigName);
+    if (rig.link == RigLink::Files) {
+        pegasus.WritePegasusFile(Frequency, state.RigMode);
+    } else if (rig.frequencyCommand != nullptr) {
+        comComm1.Write(rig.frequencyCommand(
+            {.frequency = Frequency, .frequencyString = settings.frequencyString, .vfoDigit = state.VfoDigit}));
+    }
+}
+
+void RigCommands::ChangeMode(const float& Frequency, std::string& Mode) {
+    if (RigNamed(preferences.gRigName).link == RigLink::None) {
+        return;
+    }
+    try {
+        if (Mode.empty()) {
+            Mode = ModeForFrequency(modePlan, Frequency);
+        }
+        if (!Mode.empty()) {
+            constexpr int kPauseMs = 99;
+            desk.RunPending();
+            WaitOutputDrained();
+            DelayMs(kPauseMs);
+            SendMode(Mode);
+        }
+        WaitOutputDrained();
+    } catch (const PlatformError& failure) {
+        Report("Error Changing Mode", Mode + ' ' + failure.what());
+    } catch (const ValueError& failure) {
+        Report("Error Changing Mode", Mode + ' ' + failure.what());
+    }
+}
+
+void RigCommands::SendMode(const std::string& mode) {
+    const ModeCommand command = RigNamed(preferences.gRigName).modeCommand;
+    if (command == nullptr) {
+        return;
+    }
+    const std::string bytes =
+        command({.mode = mode, .frequencyString = settings.frequencyString, .modeString = settings.modeString});
+    if (!bytes.empty()) {
+        comComm1.Write(bytes);
+    }
+}
+
+void RigCommands::LoadModePlan() {
+    modePlan.clear();
+    try {
+        modePlan = ModePlanOf(files.Read(WorkingFile(directories, "BandPlan.txt")));
+    } catch (const PlatformError&) {
+        // Without a plan frequencies are set all the same.
+    }
+}
+
+void RigCommands::WaitOutputDrained() {
+    constexpr Tick kLongestMs = 2000;
+    const Tick limit = desk.clock.TickMs() + kLongestMs;
+    for (;;) {
+        desk.RunPending();
+        const Tick now = desk.clock.TickMs();
+        if (comComm1.OutputCount() < 1 || now >= limit) {
+            return;
+        }
+        desk.clock.SleepUntil(now + 1);
+    }
+}
+
+void RigCommands::DelayMs(int Milliseconds) {
+    // The tick counts in 32 bits here. Close to where it wraps the pause is left out.
+    constexpr Tick kWrap = Tick{1} << 32U;
+    constexpr Tick kMargin = 2000;
+    desk.RunPending();
+    const auto pause = static_cast<Tick>(Milliseconds);
+    const Tick now = desk.clock.TickMs();
+    if (now % kWrap + pause <= kWrap - kMargin) {
+        desk.clock.SleepUntil(now + pause);
+    }
+    desk.RunPending();
+}
+
+void RigCommands::Report(const std::string& title, const std::string& text) {
+    desk.dialogs.Show(MessageBox{.title = title, .text = text, .buttons = Buttons::OK, .icon = Icon::Exclamation});
+}
+
+}  // namespace tallyhut

@@ -1,0 +1,40 @@
+#pragma once
+
+#include "forms/RigControlfrm.h"
+#include "log/preferences.h"
+#include "platform/serial_port.h"
+#include "rig/band_conversion.h"
+#include "rig/pegasus_files.h"
+#include "rig/rig_settings.h"
+#include "rig/rig_state.h"
+#include "rig/rig_table.h"
+
+namespace tallyhut {
+
+/// Asks the radio for frequency and mode, and decodes what has come back: one tick sends, the next one reads what the
+/// port holds. Nothing is carried from one read to the next, and nothing is waited for: a lost or broken reply costs
+/// one poll.
+struct RigPoll {
+    RigControlfrm& form;
+    RigState& state;
+    const RigSettings& settings;
+    const Preferences& preferences;
+    SerialPort& comComm1;
+    PegasusFiles& pegasus;
+    BandConversion& conversion;
+
+    /// Silent: a failure ends the tick, and the next one tries again.
+    void tmrGetData_Elapsed();
+
+private:
+    void Send();
+    void SendRequest(const RequestManner& manner, const std::string& text);
+    void Read(const RigRow& rig);
+    void Decode(const RigRow& rig);
+    void Run(RigDecoder decoder);
+    void Take(const RigReading& reading);
+    void ModeFromFrequency();
+    void Show();
+};
+
+}  // namespace tallyhut

@@ -1,0 +1,262 @@
+#include "rig/rig_setup.h"
+
+#include <algorithm>
+
+#include "platform/platform_error.h"
+#include "rig/option_groups.h"
+#include "toolkit/running.h"
+#include "values/number.h"
+#include "values/text.h"
+
+namespace tallyhut {
+namespace {
+
+constexpr const char* kFileName = "RigCntrl.txt";
+constexpr std::string_view kNoResponse = "No Response";
+
+const MessageBox kInvalidPortBox{
+    .title = "Invalid Comm Settings.",
+    .text =
+        "The comm port that you selected for rig interface is either in use, invalid or the settings that you have "
+        "selected are invalid.  Please select another combination or choose None for your rig selection.",
+    .buttons = Buttons::OK,
+    .icon = Icon::Exclamation};
+
+const MessageBox kNotPollingBox{
+    .title = "You must be polling your rig to test this function.",
+    .text =
+        "You must be polling your rig to test this function.  Please select your rig type and click the Test "
+        "command button.",
+    .buttons = Buttons::OK,
+    .icon = Icon::Exclamation};
+
+std::vector<std::string> RigNames() {
+    std::vector<std::string> names;
+    names.reserve(kRigs.size());
+    for (const RigRow& rig : kRigs) {
+        names.emplace_back(rig.name);
+    }
+    return names;
+}
+
+}  // namespace
+
+const RigRow& RigSetup::Rig() const {
+    return RigNamed(preferences.gRigName);
+}
+
+void RigSetup::RigControlfrm_Load() {
+    form.List1.SetItems(RigNames());
+    {
+        const Running loading{FormLoading};
+        ReadRigSettings();
+        commands.LoadModePlan();
+    }
+    state.VfoDigit = RigState::kNoVfoYet;
+}
+
+void RigSetup::ReadRigSettings() {
+    try {
+        ShowRecord(ReadRigRecord(files.Read(WorkingFile(directories, kFileName))));
+    } catch (const PlatformError&) {
+        ShowRecord({});  // no file yet
+    }
+}
+
+void RigSetup::ShowRecord(const RigRecord& record) {
+    settings = record.settings;
+    form.chkConvToHex.SetValue(record.convertToHex == 1);
+    form.chkFrequency.SetValue(record.useFrequency == 1);
+    Choose(form, kModeByOptions, PlainText(record.modeBy));
+    form.txtFreq.SetText(record.settings.frequencyString);
+    form.txtMode.SetText(record.settings.modeString);
+    if (!record.rigName.empty()) {
+        preferences.gRigName = record.rigName;
+        const std::vector<std::string>& rigs = form.List1.Items();
+        const auto row = std::ranges::find(rigs, record.rigName);
+        form.List1.SelectRow(row == rigs.end() ? -1 : static_cast<int>(row - rigs.begin()));
+        form.chkConvToHex.SetVisible(Rig().choosesConversion);
+        form.Label10.SetVisible(Rig().addressHint == AddressHint::WhenClickedOrLoaded);
+    }
+    const int port = settings.commPort - 1;
+    if (port >= form.optComm.First() && port <= form.optComm.Last()) {
+        form.optComm(port).SetValue(true);
+    }
+    Choose(form, kBaudOptions, TrimEnd(settings.baud));
+    Choose(form, kParityOptions, settings.parity);
+    Choose(form, kDataOptions, settings.dataBits);
+    Choose(form, kStopOptions, settings.stopBits);
+    Choose(form, kPowerOptions, settings.power);
+    Choose(form, kPollOptions, settings.pollRate);
+}
+
+void RigSetup::WriteRigSettings() {
+    const RigRecord record{.settings = settings,
+                           .rigName = preferences.gRigName,
+                           .convertToHex = static_cast<std::uint8_t>(form.chkConvToHex.Value()),
+                           .useFrequency = static_cast<std::uint8_t>(form.chkFrequency.Value()),
+                           .modeBy = ToByte(TrimmedNumber(Chosen(form, kModeByOptions)))};
+    files.Replace(WorkingFile(directories, kFileName), WriteRigRecord(record));
+}
+
+void RigSetup::List1_Click() {
+    const int row = form.List1.Row();
+    if (FormLoading || row < 0) {
+        return;
+    }
+    Command2_Click();
+    preferences.gRigName = form.List1.Items().at(static_cast<std::size_t>(row));
+    form.txtFreq.SetText("");
+    form.txtMode.SetText("");
+    form.chkConvToHex.SetValue(false);
+    form.chkConvToHex.SetVisible(false);
+    form.Label10.SetVisible(false);
+    const RigRow& rig = Rig();
+    Choose(form, kBaudOptions, rig.serial.baud);
+    Choose(form, kDataOptions, rig.serial.dataBits);
+    Choose(form, kStopOptions, rig.serial.stopBits);
+    Choose(form, kParityOptions, rig.serial.parity);
+    form.txtFreq.SetText(rig.frequencyString);
+    form.txtMode.SetText(rig.modeString);
+    form.chkConvToHex.SetValue(rig.convertsToHex);
+    form.chkConvToHex.SetVisible(rig.choosesConversion);
+    form.Label10.SetVisible(rig.addressHint != AddressHint::Never);
+}
+
+void RigSetup::txtFreq_Change() {
+    settings.frequencyString = form.txtFreq.Text();
+}
+
+void RigSetup::txtMode_Change() {
+    settings.modeString = form.txtMode.Text();
+}
+
+void RigSetup::Command1_Click() {
+    if (Rig().link != RigLink::None) {
+        form.lblMode.SetCaption(kNoResponse);
+        form.lblFreq.SetCaption(kNoResponse);
+        ShowPolling(true);
+        state.RigMode.clear();
+    }
+    CommitForm();
+    if (Rig().link == RigLink::None) {
+        return;
+    }
+    if (Rig().link == RigLink::Port) {
+        OpenRigPort();
+    }
+    if (comComm1.IsOpen() || Rig().link == RigLink::Files) {
+        poll.tmrGetData_Elapsed();
+        StartPolling();
+    } else {
+        form.tmrGetData.SetTimerEnabled(false);  // a repeated test may have found the port gone
+        ShowPolling(false);
+    }
+}
+
+void RigSetup::CommitForm() {
+    for (int i = form.optComm.First(); i <= form.optComm.Last(); ++i) {
+        if (form.optComm(i).Value()) {
+            settings.commPort = static_cast<std::uint8_t>(i + 1);
+        }
+    }
+    settings.baud = BaudText(Chosen(form, kBaudOptions));
+    settings.parity = Chosen(form, kParityOptions);
+    settings.dataBits = Chosen(form, kDataOptions);
+    settings.stopBits = Chosen(form, kStopOptions);
+    settings.portSettings = PortSettings(settings);
+    settings.power = Chosen(form, kPowerOptions);
+    settings.pollRate = Chosen(form, kPollOptions);
+}
+
+void RigSetup::OpenRigPort() {
+    try {
+        TryOpen(Rig());
+    } catch (const PlatformError&) {
+        desk.dialogs.Show(kInvalidPortBox);
+        if (!form.IsVisible()) {
+            form.ShowModal();
+        }
+    }
+}
+
+void RigSetup::TryOpen(const RigRow& rig) {
+    comComm1.Close();
+    comComm1.SetNumber(settings.commPort);
+    if (rig.rtsHandshake) {  // no radio takes it back: it stays until the program ends
+        comComm1.SetHandshake(Handshake::Rts);
+    }
+    comComm1.SetSettings(settings.portSettings);
+    comComm1.SetDtr(false);
+    comComm1.SetRts(false);
+    comComm1.Open();
+    if (settings.power == "R") {
+        comComm1.SetRts(true);
+    } else if (settings.power == "D") {
+        comComm1.SetDtr(true);
+    }
+    if (!rig.greeting.empty()) {
+        comComm1.Write(rig.greeting);
+    }
+}
+
+void RigSetup::StartPolling() {
+    const auto* rate = std::ranges::find(kPollRates, settings.pollRate, &PollRate::letter);
+    if (rate != kPollRates.end()) {
+        form.tmrGetData.SetInterval(rate->intervalMs);
+    }
+    form.tmrGetData.SetTimerEnabled(true);
+}
+
+void RigSetup::ShowPolling(bool polling) {
+    form.Command2.SetVisible(polling);
+    form.Label2.SetVisible(polling);
+}
+
+void RigSetup::Command2_Click() {
+    form.lblMode.SetCaption("");
+    form.lblFreq.SetCaption("");
+    form.lblUnProcess.SetCaption("");
+    form.tmrGetData.SetTimerEnabled(false);
+    ShowPolling(false);
+    comComm1.Close();
+}
+
+void RigSetup::Command3_Click() {
+    if (!form.tmrGetData.Enabled()) {
+        desk.dialogs.Show(kNotPollingBox);
+        return;
+    }
+    openFrequencyTest();
+}
+
+void RigSetup::Command4_Click() {
+    desk.clipboard.SetText(form.lblUnProcess.Caption());
+}
+
+void RigSetup::cmdDone_Click() {
+    if (Rig().link != RigLink::None) {
+        Command1_Click();
+    }
+    preferencesFile.SavePref();
+    WriteRigSettings();
+    form.Hide();
+}
+
+void RigSetup::RigControlfrm_Unload() {
+    SayFarewell();
+    comComm1.Close();
+}
+
+void RigSetup::SayFarewell() {
+    if (Rig().farewell.empty() || !comComm1.IsOpen()) {
+        return;
+    }
+    try {
+        comComm1.Write(Rig().farewell);
+    } catch (const PlatformError&) {
+        // A radio that is gone needs no farewell.
+    }
+}
+
+}  // namespace tallyhut

@@ -1,0 +1,63 @@
+#pragma once
+
+#include <functional>
+
+#include "forms/RigControlfrm.h"
+#include "log/preferences_file.h"
+#include "rig/rig_commands.h"
+#include "rig/rig_poll.h"
+
+namespace tallyhut {
+
+/// The radio's form: its settings and their file, opening and closing the port, starting and ending the poll.
+struct RigSetup {
+    RigControlfrm& form;
+    RigState& state;
+    RigSettings& settings;
+    Preferences& preferences;
+    PreferencesFile& preferencesFile;
+    RigPoll& poll;
+    RigCommands& commands;
+    SerialPort& comComm1;
+    Files& files;
+    const Directories& directories;
+    Desk& desk;
+
+    /// Shows the form on which commands are tried out; returns when it is closed.
+    std::function<void()> openFrequencyTest = [] {};
+
+    bool FormLoading = false;  ///< a row that is selected meanwhile brings no defaults
+
+    void RigControlfrm_Load();
+    void RigControlfrm_Unload();
+    void List1_Click();
+    void txtFreq_Change();
+    void txtMode_Change();
+    /// Test: commits the form to the settings and starts the poll. At start-up with the form hidden.
+    void Command1_Click();
+    /// End Test.
+    void Command2_Click();
+    /// Change Frequency.
+    void Command3_Click();
+    /// Copies what came back.
+    void Command4_Click();
+    /// Tests again, saves and hides. Throws PlatformError when the settings cannot be saved.
+    void cmdDone_Click();
+
+    /// What the file lacks or what is damaged in it keeps the form's values.
+    void ReadRigSettings();
+    void WriteRigSettings();
+    /// A failure is told in a box, and the form shown where it is hidden.
+    void OpenRigPort();
+    void StartPolling();
+
+private:
+    const RigRow& Rig() const;
+    void ShowRecord(const RigRecord& record);
+    void CommitForm();
+    void TryOpen(const RigRow& rig);
+    void ShowPolling(bool polling);
+    void SayFarewell();
+};
+
+}  // namespace tallyhut

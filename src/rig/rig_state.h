@@ -1,0 +1,20 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+namespace tallyhut {
+
+/// What the poll knows of the radio.
+struct RigState {
+    static constexpr std::uint8_t kNoVfoYet = 10;
+
+    std::string RxBuffer;        ///< what the last read took from the port; empty outside a read tick
+    float RigFrequency = 0;      ///< MHz; 0 before any reply
+    std::string RigMode;         ///< empty after Test until a reply
+    std::uint8_t ReadPhase = 0;  ///< 1: the next tick reads, else it sends
+    std::uint8_t ModeTurn = 0;   ///< of radios that alternate: 1 when the frequency was asked for last
+    std::uint8_t VfoDigit = kNoVfoYet;
+};
+
+}  // namespace tallyhut

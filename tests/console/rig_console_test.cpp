@@ -1,0 +1,73 @@
+#include <gtest/gtest.h>
+
+#include <algorithm>
+
+#include "tests/console/console_driver.h"
+
+namespace tallyhut {
+namespace {
+
+using Lines = std::vector<std::string>;
+
+struct RigConsoleTest : testing::Test {
+    ContestFolder folder;
+    ConsoleDriver program{folder.Path(), {"--clock", ConsoleDriver::kStart, "--port", "1=sim"}};
+
+    /// The events of a kind among what a command printed.
+    static Lines Events(const Lines& printed, const std::string& kind) {
+        Lines events;
+        std::ranges::copy_if(printed, std::back_inserter(events), [&kind](const std::string& line) {
+            return line.starts_with("{\"event\":\"" + kind + "\"");
+        });
+        return events;
+    }
+    void PollKenwood() {
+        program.Do("key Ctrl+R");
+        program.Do("pick List1 4");
+        program.Do("click cmdDone");
+    }
+};
+
+TEST_F(RigConsoleTest, BandAndContactFollowTheRadio) {
+    PollKenwood();
+    program.Do("rx 1 464130303031343230303030303B4D44333B");
+    program.Do("advance 250");
+    EXPECT_EQ(program.Get("$RigFrequency"), "14.2");
+    EXPECT_EQ(program.Get("$RigMode"), R"("CW")");
+    EXPECT_EQ(program.Get("Label30"), R"("20")");
+    program.LogContact("88aw1xx72mdc");
+    EXPECT_EQ(folder.Read("Log.txt"),
+              "\"1\",\"88\",\"A\",\"W1XX\",\"72\",\"MDC\",\"2026/11/07\",\"21:04:33\",\"20\",\"14.200\"\r\n");
+}
+
+TEST_F(RigConsoleTest, TestOpensThePortAndAsksAtOnce) {
+    program.Do("key Ctrl+R");
+    program.Do("pick List1 4");
+    const Lines printed = program.Do("click Command1");
+    EXPECT_EQ(Events(printed, "port"), Lines{R"({"event":"port","port":1,"state":"open","settings":"4800,N,8,2",)"
+                                             R"("handshake":"none","at":"2026-11-07T21:04:33.000"})"});
+    EXPECT_EQ(Events(printed, "tx"),
+              (Lines{R"({"event":"tx","port":1,"hex":"46413B","at":"2026-11-07T21:04:33.000"})",
+                     R"({"event":"tx","port":1,"hex":"4D443B","at":"2026-11-07T21:04:33.000"})"}));
+    EXPECT_EQ(program.Get("RigControlfrm.lblFreq"), R"("No Response")");
+}
+
+TEST_F(RigConsoleTest, AnsweringRadioIsReadAgainAndAgain) {
+    program.Do("reply 1 46413B 464130303032313330303030303B 30");
+    PollKenwood();
+    program.Do("advance 1000");
+    EXPECT_EQ(program.Get("$gFrq"), R"("21.300")");
+    EXPECT_EQ(program.Get("$gBand"), R"("15")");
+}
+
+TEST_F(RigConsoleTest, ClosingTheWindowTellsTheRadio) {
+    program.Do("key Ctrl+R");
+    program.Do("pick List1 10");
+    program.Do("click Command1");
+    const Lines sent = Events(program.Do("close Form1"), "tx");
+    EXPECT_EQ(sent, Lines{R"({"event":"tx","port":1,"hex":"0000000080","at":"2026-11-07T21:04:33.000"})"});
+    EXPECT_EQ(program.Wait(), 0);
+}
+
+}  // namespace
+}  // namespace tallyhut

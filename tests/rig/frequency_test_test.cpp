@@ -1,0 +1,103 @@
+#include "tests/rig/rig_fixture.h"
+
+namespace tallyhut {
+namespace {
+
+struct FrequencyTestTest : RigFixture {
+    frmFrequencyTest& Dialog() { return program->frequencyTestForm; }
+
+    /// Opens the form from the radio's, does the steps there, and closes it.
+    void InForm(std::string_view rig, const std::function<void()>& steps) {
+        StartPolling(rig);
+        pump.OnWait([this, steps] {
+            Line().TakeSent();
+            steps();
+            TheDesk().PostClick(Dialog().cmdClose, kLeftButton);
+        });
+        Click(Rig().Command3);
+        EXPECT_FALSE(Dialog().IsLoaded());
+    }
+    std::string SentBy(Button& button) {
+        Line().TakeSent();
+        Click(button);
+        return BytesToHexText(Line().TakeSent());
+    }
+};
+
+TEST_F(FrequencyTestTest, StartsWithItsExamples) {
+    InForm("Kenwood", [this] {
+        EXPECT_TRUE(Dialog().IsModal());
+        EXPECT_EQ(Dialog().Caption(), "Test Change Frequency Function");
+        EXPECT_EQ(Dialog().Text1.Text(), "FA00028475000;");
+        EXPECT_EQ(Dialog().Text2.Text(), "28.475");
+        EXPECT_FALSE(Dialog().Check1.Value());
+    });
+}
+
+TEST_F(FrequencyTestTest, CommandGoesOutAsTrimmedText) {
+    InForm("Other", [this] {
+        Dialog().Text1.SetText("  FA;IF; ");
+        EXPECT_EQ(SentBy(Dialog().Command1), BytesToHexText("FA;IF;"));
+    });
+}
+
+TEST_F(FrequencyTestTest, PairsGoOutAsBytes) {
+    InForm("Other", [this] {
+        Dialog().Check1.SetValue(true);
+        Dialog().Text1.SetText("FE FE 64 E0 03 FD");
+        EXPECT_EQ(SentBy(Dialog().Command1), "FEFE64E003FD");
+    });
+}
+
+// Every third character begins a pair, whatever stands between.
+TEST_F(FrequencyTestTest, PairsWithoutBlanksGoOutWrong) {
+    InForm("Other", [this] {
+        Dialog().Check1.SetValue(true);
+        Dialog().Text1.SetText("FEFE64E0");
+        EXPECT_EQ(SentBy(Dialog().Command1), "FEE6E0");
+    });
+}
+
+TEST_F(FrequencyTestTest, PairThatIsNotHexadecimalSendsNothingAndSaysNothing) {
+    InForm("Other", [this] {
+        Dialog().Check1.SetValue(true);
+        Dialog().Text1.SetText("FE XX 03");
+        EXPECT_EQ(SentBy(Dialog().Command1), "");
+    });
+    EXPECT_TRUE(dialogs.boxes.empty());
+}
+
+TEST_F(FrequencyTestTest, FrequencyTunesTheRadio) {
+    InForm("Kenwood", [this] {
+        Dialog().Text2.SetText("14.2");
+        EXPECT_NE(SentBy(Dialog().Command2).find(BytesToHexText("FA00014200000;")), std::string::npos);
+    });
+}
+
+TEST_F(FrequencyTestTest, RadioWithoutAFrequencyCommandGetsNothing) {
+    InForm("Other", [this] {
+        Dialog().Text2.SetText("14.2");
+        EXPECT_EQ(SentBy(Dialog().Command2), "");
+    });
+}
+
+TEST_F(FrequencyTestTest, TextThatIsNoFrequencyIsLeftAlone) {
+    InForm("Kenwood", [this] {
+        for (const std::string& text : {std::string{"fast"}, std::string{}, std::string(60, '9')}) {
+            Dialog().Text2.SetText(text);
+            EXPECT_EQ(SentBy(Dialog().Command2).find(BytesToHexText("FA0")), std::string::npos) << text;
+        }
+    });
+    EXPECT_TRUE(dialogs.boxes.empty());
+}
+
+TEST_F(FrequencyTestTest, PulledCableIsNotTold) {
+    InForm("Kenwood", [this] {
+        Line().Unplug();
+        Click(Dialog().Command1);
+    });
+    EXPECT_TRUE(dialogs.boxes.empty());
+}
+
+}  // namespace
+}  // namespace tallyhut

@@ -31,6 +31,13 @@ double Middle(const Place& place) {
     return place.top + place.height / 2;
 }
 
+/// On the line of the field, and not far from it on either side.
+bool IsBeside(const Place& caption, const Place& field) {
+    constexpr double kNear = 3;  // times the field's height
+    const double gap = std::max(field.left - caption.left - caption.width, caption.left - field.left - field.width);
+    return std::abs(Middle(field) - Middle(caption)) < field.height / 4 && gap < kNear * field.height;
+}
+
 bool IsField(const Control& control) {
     return control.kind == ControlKind::TextBox && !control.State().multiLine;
 }
@@ -194,14 +201,13 @@ Place GenericLayout::PlaceOf(const Control& control) const {
         return state.place;
     }
     const auto onItsLine = std::ranges::find_if(widgets_, [&state](const ControlWidget* other) {
-        const Place& field = other->Logical().State().place;
-        return IsField(other->Logical()) && std::abs(Middle(field) - Middle(state.place)) < field.height / 4;
+        return IsField(other->Logical()) && IsBeside(state.place, other->Logical().State().place);
     });
     if (onItsLine == widgets_.end()) {
         return state.place;
     }
     const Place& field = (*onItsLine)->Logical().State().place;
-    return {state.place.left, field.top, state.place.width, field.height};
+    return {state.place.left, Middle(field) - state.place.height / 2, state.place.width, state.place.height};
 }
 
 /// A text box is called by the label to its left or above it.

@@ -28,7 +28,7 @@ private:
     std::pair<Stretch, Stretch> Fit(double pointPixels, const QSize& room);
     double SmallestText() const;
     Look LookOf(const Control& control, double pointPixels) const;
-    /// The control's place in the design. A caption on the line of the field beside it stands exactly on it.
+    /// The control's place in the design. A caption on the line of a field stands exactly on it.
     Place PlaceOf(const Control& control) const;
     QString SpokenName(const Control& control) const;
 

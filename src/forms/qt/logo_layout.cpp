@@ -72,7 +72,7 @@ void LogoLayout::Arrange() {
     picture_->setFixedSize(window_.height() - 2 * margin, window_.height() - 2 * margin);
     for (ControlWidget* widget : widgets_) {
         Look look;
-        look.pixels = unit * widget->Logical().State().fontSize / 17.5;
+        look.pixels = unit * widget->Logical().State().fontSize / 20;
         look.bold = widget == widgets_.front();
         look.quiet = !look.bold;
         widget->SetLook(look);

@@ -4,6 +4,7 @@
 #include <QApplication>
 
 #include "app/program.h"
+#include "forms/qt/logo_layout.h"
 #include "forms/qt/program_style.h"
 #include "forms/qt/qt_clipboard.h"
 #include "forms/qt/qt_dialogs.h"
@@ -26,6 +27,8 @@ int RunWindow(int& argc, char** argv, const Options& options, const std::string&
     QApplication::setApplicationName("tallyhut");
     QApplication::setQuitOnLastWindowClosed(false);
     QApplication::setStyle(new ProgramStyle);
+    QApplication::setWindowIcon(LogoIcon());
+    QApplication::setDesktopFileName("tallyhut");
     QAccessible::setRootObject(&application);  // else done by the loop that never runs here
 
     SystemClock clock;

@@ -102,6 +102,7 @@ Form1::Form1(Desk& owner)
               .tabStop = false}},
       Label11{*this, "Label11", "UTC", {.place = {6150, 330, 600, 180}}},
       lblutctime{*this, "lblutctime", "", {.place = {6150, 510, 1700, 480}, .fontSize = 18}},
+      lblLocalTime{*this, "lblLocalTime", "Local", {.place = {7800, 330, 600, 180}}},
       lblCurTime{*this, "lblCurTime", "", {.place = {7800, 510, 1000, 330}, .fontSize = 14}},
       Label16{*this, "Label16", "", {.place = {8850, 510, 500, 330}}},
       Label12{*this, "Label12", " Total Op Time", {.place = {6150, 1080, 1200, 180}}},

@@ -40,6 +40,7 @@ struct Form1 : Form {
     // Clocks, operating time, band.
     Label Label11;
     Label lblutctime;
+    Label lblLocalTime;
     Label lblCurTime;
     Label Label16;  ///< AM or PM of the local time
     Label Label12;

@@ -11,7 +11,7 @@ namespace {
 constexpr double kFirstRow = 180;
 constexpr double kRow = 390;
 constexpr double kLabelDrop = 60;
-constexpr Colour kWarning = 0x0000FF;
+constexpr Colour kWarning = 0x0000C0;  // a red that can be read on a light form
 constexpr std::string_view kDoubleQuote = "\"";
 
 constexpr std::array<std::string_view, 9> kFieldCaptions{"Num Sent", "Num Rec", "Precedence", "Callsign", "Check",

@@ -11,11 +11,11 @@ struct frmQ7ZZQLogo : Form {
         : Form{owner,
                "frmQ7ZZQLogo",
                "Tallyhut Log",
-               {.width = 3600, .height = 1800, .dialog = true, .neverActive = true}} {}
+               {.width = 3600, .height = 1500, .dialog = true, .neverActive = true}} {}
 
-    Label lblName{*this, "lblName", "Tallyhut Log", {.place = {300, 300, 3000, 600}, .fontSize = 24}};
+    Label lblName{*this, "lblName", "Tallyhut Log", {.place = {1350, 300, 2100, 480}, .fontSize = 22}};
     Label lblPurpose{
-        *this, "lblPurpose", "ARRL November Sweepstakes", {.place = {300, 1050, 3000, 300}, .fontSize = 12}};
+        *this, "lblPurpose", "ARRL November Sweepstakes", {.place = {1350, 840, 2100, 300}, .fontSize = 12}};
     Timer Timer1{*this, "Timer1", 3'000, true};
 };
 

@@ -47,7 +47,7 @@ void Commit::ValidateSection() {
 void Commit::TallySection() {
     const int section = sections.Find(form.txtSec.Text());
     if (section != 0 && sections.Count(section)) {
-        form.Label10(section).SetForeColor(preferences.gColorWorked);
+        ShowWorked(form.Label10(section), preferences.gColorWorked);
     }
 }
 

@@ -46,7 +46,7 @@ void LogReload::Clear() {
     log.gContactCount = 0;
     sections.Clear();
     for (int i = 1; i <= sections.gSectionCount; ++i) {
-        form.Label10(i).SetForeColor(preferences.gColorNeeded);
+        ShowNeeded(form.Label10(i), preferences.gColorNeeded);
     }
 }
 
@@ -64,7 +64,7 @@ void LogReload::ReadAll() {
 void LogReload::CountSection(const Contact& contact) {
     const int section = sections.Find(contact.Sec);
     if (section != 0 && sections.Count(section)) {
-        form.Label10(section).SetForeColor(preferences.gColorWorked);
+        ShowWorked(form.Label10(section), preferences.gColorWorked);
     }
 }
 

@@ -14,7 +14,21 @@ const Label& HeadingLabel(const Form1& form, int heading) {
     return *labels.at(static_cast<std::size_t>(heading));
 }
 
+void ShowState(Label& section, Colour colour, bool needed) {
+    section.SetForeColor(colour);
+    section.SetBold(needed);
+    section.SetUnderlined(false);  // a spot is marked anew where it is noticed
+}
+
 }  // namespace
+
+void ShowNeeded(Label& section, Colour colour) {
+    ShowState(section, colour, true);
+}
+
+void ShowWorked(Label& section, Colour colour) {
+    ShowState(section, colour, false);
+}
 
 int SectionTable::Find(std::string_view code) const {
     for (int i = 1; i <= gSectionCount; ++i) {
@@ -42,7 +56,7 @@ void SectionTable::Fill(Form1& form) {
         Label& label = form.Label10(i);
         label.SetCaption(SectionCode(i));
         label.SetToolTip(SectionName(i));
-        label.SetForeColor(kBeforeFirstReload);
+        ShowNeeded(label, kBeforeFirstReload);
     }
 }
 

@@ -102,6 +102,11 @@ inline constexpr std::array<SectionRow, 83> kSections{{
     {"GTA", "Greater Toronto Area", 10},
 }};
 
+/// The state of a section on its label, told by more than the colour: needed is bold, worked is not.
+/// Neither is underlined: that is how a needed section that is spotted is told.
+void ShowNeeded(Label& section, Colour colour);
+void ShowWorked(Label& section, Colour colour);
+
 /// Contacts by section. Section i, from 1 to gSectionCount, is entry i of SectionQsos.
 struct SectionTable {
     std::int32_t gSectionCount = 0;  ///< 83 once the table has been filled at the start

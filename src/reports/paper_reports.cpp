@@ -91,7 +91,11 @@ void PaperReports::TakeOver(const MergedLog& merged) {
     sections = merged.sections;
     for (int i = 1; i <= sections.gSectionCount; ++i) {
         const bool worked = sections.SectionQsos.at(static_cast<std::size_t>(i)) > 0;
-        form.Label10(i).SetForeColor(worked ? kReportWorked : kReportNeeded);
+        if (worked) {
+            ShowWorked(form.Label10(i), kReportWorked);
+        } else {
+            ShowNeeded(form.Label10(i), kReportNeeded);
+        }
     }
     reload.ShowTotals();
 }

@@ -114,6 +114,20 @@ void Control::SetFontSize(double points) {
     Touch();
 }
 
+void Control::SetBold(bool bold) {
+    if (state_.bold != bold) {
+        state_.bold = bold;
+        Touch();
+    }
+}
+
+void Control::SetUnderlined(bool underlined) {
+    if (state_.underlined != underlined) {
+        state_.underlined = underlined;
+        Touch();
+    }
+}
+
 void Control::SetTabIndex(int position) {
     state_.tabIndex = position;
     Touch();

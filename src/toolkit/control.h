@@ -46,6 +46,8 @@ struct ControlState {
     Colour foreColor = kWindowText;
     Colour backColor = kButtonFace;
     double fontSize = 9;  ///< points
+    bool bold = false;
+    bool underlined = false;
     bool tabStop = false;
     int tabIndex = 0;
     Place place;
@@ -110,6 +112,8 @@ struct Control {
     void SetForeColor(Colour colour);
     void SetBackColor(Colour colour);
     void SetFontSize(double points);
+    void SetBold(bool bold);
+    void SetUnderlined(bool underlined);
     void SetTabIndex(int position);
     void SetPlace(const Place& place);
     /// The frame that the control lies in; hidden with it. Options in one frame are a group.

@@ -132,8 +132,8 @@ MenuEntry::MenuEntry(Form& owner, std::string controlName, std::string_view capt
     form.menus_.push_back(this);
 }
 
-MenuEntry::MenuEntry(MenuEntry& above, std::string controlName, std::string_view caption)
-    : Control{above.form, ControlKind::Menu, std::move(controlName)}, above_{&above} {
+MenuEntry::MenuEntry(MenuEntry& above, std::string controlName, std::string_view caption, std::string shortcut)
+    : Control{above.form, ControlKind::Menu, std::move(controlName)}, shortcut_{std::move(shortcut)}, above_{&above} {
     state_.text = caption;
     above.entries_.push_back(this);
 }

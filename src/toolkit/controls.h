@@ -151,9 +151,11 @@ private:
 struct MenuEntry : Control {
     /// A top-level entry of the form's menu bar.
     MenuEntry(Form& owner, std::string controlName, std::string_view caption);
-    MenuEntry(MenuEntry& above, std::string controlName, std::string_view caption);
+    /// The shortcut ("Ctrl+W") is only told beside the caption: the key itself is the form's.
+    MenuEntry(MenuEntry& above, std::string controlName, std::string_view caption, std::string shortcut = {});
 
     const std::string& Caption() const { return state_.text; }
+    const std::string& Shortcut() const { return shortcut_; }
     bool Checked() const { return state_.chosen; }
     /// Runs no handler: a check mark is a picture of a state, not the state.
     void SetChecked(bool checked);
@@ -161,6 +163,7 @@ struct MenuEntry : Control {
     const std::vector<MenuEntry*>& Entries() const { return entries_; }
 
 private:
+    std::string shortcut_;
     MenuEntry* above_ = nullptr;
     std::vector<MenuEntry*> entries_;
 };

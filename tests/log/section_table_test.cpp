@@ -139,6 +139,17 @@ TEST_F(SectionTableTest, CodeIsFoundExactlyAndAtItsOwnRow) {
     }
 }
 
+TEST_F(SectionTableTest, NeededIsBoldAndWorkedIsNot) {
+    Start();
+    const int section = program->sections.Find("CT");
+    EXPECT_TRUE(Main().Label10(section).State().bold);
+    Work("CT");
+    EXPECT_FALSE(Main().Label10(section).State().bold);
+    EXPECT_TRUE(Main().Label10(program->sections.Find("ME")).State().bold);
+    program->reload.mnuopen2();
+    EXPECT_FALSE(Main().Label10(section).State().bold);
+}
+
 TEST_F(SectionTableTest, LabelHasTheCodeTheNameAndAPlaceUnderItsHeading) {
     Start();
     const Form1& form = Main();

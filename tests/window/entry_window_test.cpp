@@ -16,6 +16,19 @@ std::string MakeFolder() {
     return mkdtemp(name.data()) == nullptr ? "" : name;
 }
 
+std::string ContentOf(const std::filesystem::path& file) {
+    std::ifstream in{file, std::ios::binary};
+    std::ostringstream content;
+    content << in.rdbuf();
+    return content.str();
+}
+
+/// Where the first rows of the contacts are on a screen of 1280 by 800.
+struct Area {
+    int x, y, width, height;
+};
+constexpr Area kList{20, 352, 580, 60};
+
 struct EntryWindowTest : testing::Test {
     std::string folder = MakeFolder();
     WindowDriver window{folder};
@@ -28,12 +41,7 @@ struct EntryWindowTest : testing::Test {
         std::filesystem::remove_all(folder, ignored);
     }
 
-    std::string Log() const {
-        std::ifstream in{folder + "/Log.txt", std::ios::binary};
-        std::ostringstream content;
-        content << in.rdbuf();
-        return content.str();
-    }
+    std::string Log() const { return ContentOf(folder + "/Log.txt"); }
     /// The exchanges of the log without their moments: "88 A W1XX 72 MDC".
     bool LogHolds(const std::string& fields) const { return Log().find(fields) != std::string::npos; }
 };
@@ -54,6 +62,58 @@ TEST_F(EntryWindowTest, ADuplicateTurnsTheMessageLineRed) {
     EXPECT_LT(window.CountPixels("#ff0000"), 1000);
     window.Type("5bw1xx7");
     EXPECT_TRUE(Eventually([this] { return window.CountPixels("#ff0000") > 10'000; }));
+}
+
+TEST_F(EntryWindowTest, AContactIsSeenInTheListOfRecentOnes) {
+    const auto firstRow = [this] { return window.PictureOf(kList.x, kList.y, kList.width, kList.height); };
+    const std::string empty = firstRow();
+    window.Type("88aw1xx72mdc");
+    EXPECT_EQ(firstRow(), empty);
+    window.Press("Return");
+    EXPECT_TRUE(Eventually([&] { return firstRow() != empty; }));
+}
+
+TEST_F(EntryWindowTest, ARightClickInTheListEditsTheContact) {
+    window.Type("88aw1xx72mdc");
+    window.Press("Return");
+    ASSERT_TRUE(Eventually([this] { return LogHolds("W1XX"); }));
+    window.Click(kList.x + 20, kList.y + 10, 3);
+    window.AnswerWindow("Edit Contact Entry", "Tab Tab Tab");
+    window.Press("End BackSpace z Return");
+    EXPECT_TRUE(Eventually([this] { return LogHolds(R"("1","88","A","W1XZ","72","MDC",)"); })) << Log();
+    window.AnswerWindow("Q7ZZQ", "");
+    window.Type("89bk1ab73ct");
+    window.Press("Return");
+    EXPECT_TRUE(Eventually([this] { return LogHolds(R"("2","89","B","K1AB","73","CT",)"); })) << Log();
+}
+
+TEST_F(EntryWindowTest, TheFormFollowsTheSizeOfItsWindow) {
+    window.Type("88aw1xx72mdc");
+    window.Press("Return");
+    window.Type("5bw1xx7");
+    ASSERT_TRUE(Eventually([this] { return window.CountPixels("#ff0000") > 10'000; }));
+    const int wide = window.CountPixels("#ff0000");
+    window.ResizeWindow("Q7ZZQ", 800, 500);
+    EXPECT_TRUE(Eventually([&] {
+        const int narrow = window.CountPixels("#ff0000");
+        return narrow > wide / 4 && narrow < wide * 2 / 3;
+    }));
+    window.Type("89bk1ab73ct");
+    window.Press("Return");
+    EXPECT_TRUE(Eventually([this] { return LogHolds(R"("2","89","B","K1AB","73","CT",)"); })) << Log();
+}
+
+TEST_F(EntryWindowTest, TheCloseBoxMakesABackupAndEnds) {
+    window.Type("88aw1xx72mdc");
+    window.Press("Return");
+    ASSERT_TRUE(Eventually([this] { return LogHolds("W1XX"); }));
+    window.CloseWindow("Q7ZZQ");
+    EXPECT_EQ(window.Wait(), 0);
+    int backups = 0;
+    for (const auto& entry : std::filesystem::recursive_directory_iterator{folder}) {
+        backups += entry.path().parent_path().filename() == "BACKUP" && ContentOf(entry.path()) == Log() ? 1 : 0;
+    }
+    EXPECT_EQ(backups, 1);
 }
 
 TEST_F(EntryWindowTest, TheTabOrderMenuOpensByKeyboard) {

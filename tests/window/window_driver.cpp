@@ -1,5 +1,6 @@
 #include "tests/window/window_driver.h"
 
+#include <X11/Xlib.h>
 #include <fcntl.h>
 #include <sys/prctl.h>
 #include <sys/stat.h>
@@ -107,15 +108,17 @@ WindowDriver::WindowDriver(const std::string& folder, const std::string& screenS
     AnswerWindow("Q7ZZQ", "");
 }
 
-/// Waits for a window of that title and gives it the keyboard: there is no window manager here that would.
+std::string WindowDriver::Find(const std::string& title) const {
+    return Run("xdotool search --onlyvisible --name '" + title + "' 2>/dev/null | head -n 1 | tr -d '\\n'");
+}
+
 void WindowDriver::AnswerWindow(const std::string& title, const std::string& keys) {
-    const std::string search = "xdotool search --onlyvisible --name '" + title + "' 2>/dev/null";
-    if (!Eventually([&] { return !Run(search).empty(); })) {
+    if (!Eventually([&] { return !Find(title).empty(); })) {
         KeepScreenshot("no window " + title);
         EndAll();
         throw std::runtime_error{"no window comes up: " + title};
     }
-    Run("xdotool windowfocus --sync $(" + search + " | head -n 1)");
+    Run("xdotool windowfocus --sync " + Find(title));
     if (!keys.empty()) {
         Press(keys);
     }
@@ -163,8 +166,41 @@ std::string WindowDriver::PixelAt(int x, int y) const {
 }
 
 int WindowDriver::CountPixels(const std::string& colour) const {
-    const std::string text = Run("import -silent -window root -depth 8 txt:- | grep -ci '" + colour + "'");
-    return std::atoi(text.c_str());
+    const std::string pixels = Run("import -silent -window root -depth 8 rgb:-");
+    std::string wanted;
+    for (const std::size_t at : {1, 3, 5}) {
+        wanted += static_cast<char>(std::stoi(colour.substr(at, 2), nullptr, 16));
+    }
+    int count = 0;
+    for (std::size_t at = 0; at + wanted.size() <= pixels.size(); at += wanted.size()) {
+        count += pixels.compare(at, wanted.size(), wanted) == 0 ? 1 : 0;
+    }
+    return count;
+}
+
+std::string WindowDriver::PictureOf(int x, int y, int width, int height) const {
+    const std::string size = std::to_string(width) + 'x' + std::to_string(height);
+    const std::string at = '+' + std::to_string(x) + '+' + std::to_string(y);
+    return Run("import -silent -window root -crop " + size + at + " -depth 8 rgb:- | md5sum");
+}
+
+void WindowDriver::CloseWindow(const std::string& title) const {
+    Display* display = XOpenDisplay(display_.c_str());
+    if (display == nullptr) {
+        throw std::runtime_error{"no connection to " + display_};
+    }
+    XEvent message{};
+    message.xclient.type = ClientMessage;
+    message.xclient.window = std::strtoul(Find(title).c_str(), nullptr, 10);
+    message.xclient.message_type = XInternAtom(display, "WM_PROTOCOLS", False);
+    message.xclient.format = 32;
+    message.xclient.data.l[0] = static_cast<long>(XInternAtom(display, "WM_DELETE_WINDOW", False));
+    XSendEvent(display, message.xclient.window, False, NoEventMask, &message);
+    XCloseDisplay(display);
+}
+
+void WindowDriver::ResizeWindow(const std::string& title, int width, int height) const {
+    Run("xdotool windowsize --sync " + Find(title) + ' ' + std::to_string(width) + ' ' + std::to_string(height));
 }
 
 void WindowDriver::Signal(int signal) const {

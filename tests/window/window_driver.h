@@ -24,8 +24,15 @@ public:
     void Click(int x, int y, int button = 1) const;
     /// The colour of a pixel as "#rrggbb".
     std::string PixelAt(int x, int y) const;
+    /// What a part of the screen looks like; equal texts are equal pictures.
+    std::string PictureOf(int x, int y, int width, int height) const;
     /// How many pixels of the screen have the colour "#rrggbb".
     int CountPixels(const std::string& colour) const;
+    /// Waits for a window of that title, gives it the keyboard, as there is nothing here that would, and presses keys.
+    void AnswerWindow(const std::string& title, const std::string& keys);
+    /// Asks the window to close, as a click on its close box does.
+    void CloseWindow(const std::string& title) const;
+    void ResizeWindow(const std::string& title, int width, int height) const;
     void Signal(int signal) const;
     int Wait();
     /// Keeps a picture of the screen for whoever looks into a failure.
@@ -33,7 +40,8 @@ public:
 
 private:
     std::string Run(const std::string& command) const;
-    void AnswerWindow(const std::string& title, const std::string& keys);
+    /// The number of the window that bears the title, as text.
+    std::string Find(const std::string& title) const;
     void EndAll();
 
     pid_t screen_ = -1;

@@ -66,6 +66,11 @@ ButtonWidget::ButtonWidget(Control& control, const OperatorInput& input, QWidget
     setAutoDefault(false);
 }
 
+QSize ButtonWidget::Needed(int /*width*/) const {
+    const QSize caption = fontMetrics().size(Qt::TextShowMnemonic, text());
+    return {caption.width() + fontMetrics().averageCharWidth(), caption.height() + 2};
+}
+
 OptionWidget::OptionWidget(Control& control, const OperatorInput& input, QWidget* parent)
     : ClickableWidget{control, input, parent} {}
 

@@ -27,6 +27,8 @@ private:
 class ButtonWidget : public ClickableWidget<QPushButton> {
 public:
     ButtonWidget(Control& control, const OperatorInput& input, QWidget* parent);
+
+    QSize Needed(int width) const override;
 };
 
 class OptionWidget : public ClickableWidget<QRadioButton> {

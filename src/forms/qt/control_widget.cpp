@@ -1,6 +1,10 @@
 #include "forms/qt/control_widget.h"
 
+#include <QAccessible>
 #include <QFontDatabase>
+#include <QGuiApplication>
+#include <QScreen>
+#include <algorithm>
 
 #include "forms/qt/button_widgets.h"
 #include "forms/qt/label_widget.h"
@@ -15,16 +19,15 @@
 namespace tallyhut {
 namespace {
 
-QString WithoutMnemonic(QString caption) {
-    return caption.remove('&').trimmed();
-}
-
+/// Never empty: a control that tells nothing of itself has its own name at least.
 QString SpokenName(const Control& control, const Look& look) {
-    if (!look.spokenName.isEmpty()) {
-        return look.spokenName;
+    const ControlState& state = control.State();
+    const QString own = control.kind == ControlKind::TextBox ? QString{} : CaptionText(state.text);
+    const QString spoken = (look.spokenName + ' ' + own).simplified();
+    if (!spoken.isEmpty()) {
+        return spoken;
     }
-    const bool captioned = control.kind != ControlKind::TextBox && !control.State().text.empty();
-    return captioned ? WithoutMnemonic(ToQt(control.State().text)) : ToQt(control.State().toolTip);
+    return state.toolTip.empty() ? ToQt(control.FullName()) : ToQt(state.toolTip);
 }
 
 }  // namespace
@@ -32,9 +35,26 @@ QString SpokenName(const Control& control, const Look& look) {
 QFont FontOf(const Look& look) {
     QFont font = look.data ? QFontDatabase::systemFont(QFontDatabase::FixedFont)
                            : QFontDatabase::systemFont(QFontDatabase::GeneralFont);
-    font.setPixelSize(std::max(1, qRound(look.pixels)));
+    // In points, which unlike pixels have fractions: small text on a magnified screen needs them.
+    constexpr double kPointsPerInch = 72;
+    const double dotsPerInch = QGuiApplication::primaryScreen()->logicalDotsPerInchY();
+    font.setPointSizeF(std::max(look.pixels, 1.0) * kPointsPerInch / dotsPerInch);
     font.setBold(look.bold);
     return font;
+}
+
+QString CaptionText(std::string_view caption) {
+    QString text = ToQt(caption);
+    constexpr QChar kPlaceholder{QChar::Null};
+    text.replace("&&", kPlaceholder).remove('&').replace(kPlaceholder, '&');
+    return WithoutFill(text);
+}
+
+QString WithoutFill(QString text) {
+    while (text.endsWith('.') || text.endsWith(' ')) {
+        text.chop(1);
+    }
+    return text.trimmed();
 }
 
 QString PlainToolTip(const std::string& text) {
@@ -52,11 +72,26 @@ void ControlWidget::Sync() {
     widget.setEnabled(state.enabled);
     const QString toolTip = PlainToolTip(state.toolTip);
     widget.setToolTip(toolTip);
-    widget.setAccessibleName(SpokenName(control_, TheLook()));
-    widget.setAccessibleDescription(toolTip);
+    TellName();
+    if (widget.accessibleDescription() != toolTip) {
+        widget.setAccessibleDescription(toolTip);
+    }
     if (const bool marked = HasLogicalFocus(); IsFocusMarked(widget) != marked) {
         widget.setProperty(kFocusMark, marked);
         widget.update();
+    }
+}
+
+void ControlWidget::TellName() {
+    QWidget& widget = Widget();
+    const QString name = SpokenName(control_, TheLook());
+    if (widget.accessibleName() == name) {
+        return;
+    }
+    widget.setAccessibleName(name);  // which tells the new name to whoever listens
+    if (TheLook().announced && widget.isVisible() && !CaptionText(control_.State().text).isEmpty()) {
+        QAccessibleEvent alert{&widget, QAccessible::Alert};
+        QAccessible::updateAccessibility(&alert);
     }
 }
 

@@ -19,8 +19,9 @@ struct Look {
     bool boxed = false;    ///< on a ground of its own, like a field
     bool wrapped = false;  ///< text that does not fit goes on in the next line
     Qt::Alignment alignment = Qt::AlignLeft | Qt::AlignVCenter;
-    QColor ground;       ///< what lies under the widget; invalid: the panel
-    QString spokenName;  ///< for screen readers; empty: the caption or the tool tip
+    QColor ground;           ///< what lies under the widget; invalid: the panel
+    QString spokenName;      ///< for screen readers, before the control's own text; may be empty
+    bool announced = false;  ///< a screen reader is told when the text changes
 
     bool operator==(const Look&) const = default;
 };
@@ -41,6 +42,8 @@ public:
     virtual QWidget& Widget() = 0;
     void Sync();
     void SetLook(const Look& look);
+    /// The room in which all of it can be read in its look; a text that wraps is told by the width of its lines.
+    virtual QSize Needed(int width) const = 0;
     Control& Logical() const { return control_; }
 
 protected:
@@ -53,6 +56,8 @@ protected:
     bool HasLogicalFocus() const;
 
 private:
+    void TellName();
+
     Control& control_;
     const OperatorInput& input_;
     std::optional<Look> look_;
@@ -71,10 +76,16 @@ public:
     }
 
     QWidget& Widget() override { return *this; }
+    QSize Needed(int /*width*/) const override { return QtWidget::sizeHint().expandedTo({0, 0}); }
 
 protected:
     void ShowLook() override { this->setFont(FontOf(TheLook())); }
 };
+
+/// Without the blanks and dots that push a text to its place in a proportional font.
+QString WithoutFill(QString text);
+/// What a caption says: without them and without the mark of its access key.
+QString CaptionText(std::string_view caption);
 
 /// A tool tip that is not taken for a marked-up text.
 QString PlainToolTip(const std::string& text);

@@ -2,12 +2,16 @@
 
 #include <QGridLayout>
 #include <QHBoxLayout>
+#include <QLabel>
 #include <QPainter>
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <functional>
 #include <string_view>
+#include <utility>
 
+#include "forms/qt/picture_widgets.h"
 #include "forms/qt/program_style.h"
 #include "forms/qt/rows_widget.h"
 #include "forms/qt/text_codec.h"
@@ -33,13 +37,15 @@ constexpr Style kTitle{.text = 1.05, .height = 1.9, .bold = true};
 constexpr Style kField{.text = 2.35, .height = 3.7, .data = true, .bold = true};
 constexpr Style kSmallField{.text = 1.1, .height = 1.9, .data = true};
 constexpr Style kButton{.text = 0.95, .height = 1.75};
+constexpr Style kClear{.text = 0.95, .height = 3.7};
+constexpr Style kSmallButton{.text = 0.9, .height = 1.6};
 constexpr Style kBigButton{.text = 1.1, .height = 2.9};
-constexpr Style kSending{.text = 1.7, .height = 2.2, .data = true, .bold = true};
+constexpr Style kSending{.text = 1.55, .height = 2.2, .data = true, .bold = true};
 constexpr Style kMessage{.text = 1.5, .height = 2.9, .trimmed = false, .boxed = true, .wrapped = true};
 constexpr Style kDupes{.text = 1.15, .height = 4.1, .data = true, .trimmed = false, .boxed = true, .wrapped = true};
-constexpr Style kBigClock{.text = 2.6, .height = 3.1, .data = true, .bold = true};
-constexpr Style kClock{.text = 1.9, .height = 3.1, .data = true};
-constexpr Style kAmPm{.text = 1.2, .height = 3.1, .data = true};
+constexpr Style kBigClock{.text = 2.6, .height = 3.3, .data = true, .bold = true};
+constexpr Style kClock{.text = 1.9, .height = 3.3, .data = true};
+constexpr Style kAmPm{.text = 1.2, .height = 3.3, .data = true};
 constexpr Style kDuration{.text = 1.6, .height = 2.1, .data = true};
 constexpr Style kBand{.text = 2.4, .height = 2.9, .data = true, .bold = true};
 constexpr Style kContacts{.height = 0, .data = true};
@@ -48,6 +54,8 @@ constexpr Style kSection{.height = 0, .data = true};
 constexpr Style kScoreCaption{.height = 0};
 constexpr Style kScore{.text = 1.15, .height = 0, .data = true, .right = true};
 constexpr Style kTotalScore{.text = 1.15, .height = 0, .data = true, .bold = true, .right = true};
+constexpr Style kSpot{.height = 0, .data = true};
+constexpr Style kSpotLabel{.height = 0, .data = true, .right = true};
 constexpr Style kUnknown{.text = 1, .height = 2};
 
 /// Where a control stands in its part, and how.
@@ -63,20 +71,20 @@ struct Row {
 };
 
 constexpr std::array kRows{
-    Row{"lblSending", Part::Sending, 0, 0, 1, kCaption, 5},
-    Row{"lblNumCurCon", Part::Sending, 0, 1, 1, kSending, 4},
+    Row{"lblSending", Part::Sending, 0, 0, 1, kCaption, 4.6},
+    Row{"lblNumCurCon", Part::Sending, 0, 1, 1, kSending, 4.9},
     Row{"lblStation(0)", Part::Sending, 0, 2, 1, kCaption, 1.5},
-    Row{"Label1", Part::Sending, 0, 3, 1, kSending, 1.5},
-    Row{"lblStation(1)", Part::Sending, 0, 4, 1, kCaption, 2},
-    Row{"Label2", Part::Sending, 0, 5, 1, kSending, 7},
+    Row{"Label1", Part::Sending, 0, 3, 1, kSending, 2.9},
+    Row{"lblStation(1)", Part::Sending, 0, 4, 1, kCaption, 2.3},
+    Row{"Label2", Part::Sending, 0, 5, 1, kSending, 9.2},
     Row{"lblStation(2)", Part::Sending, 0, 6, 1, kCaption, 1.5},
-    Row{"Label3", Part::Sending, 0, 7, 1, kSending, 2.5},
+    Row{"Label3", Part::Sending, 0, 7, 1, kSending, 2.2},
     Row{"lblStation(3)", Part::Sending, 0, 8, 1, kCaption, 2},
-    Row{"Label4", Part::Sending, 0, 9, 1, kSending, 4},
-    Row{"lblPostConTime", Part::Sending, 0, 11, 1, kCaption, 2},
-    Row{"txtPostConTime", Part::Sending, 0, 12, 1, kSmallField, 4, "Time"},
-    Row{"lblPostConDate", Part::Sending, 0, 13, 1, kCaption, 2},
-    Row{"txtPostConDate", Part::Sending, 0, 14, 1, kSmallField, 7, "Date"},
+    Row{"Label4", Part::Sending, 0, 9, 1, kSending, 3.8},
+    Row{"lblPostConTime", Part::Sending, 0, 11, 1, kCaption, 2.8},
+    Row{"txtPostConTime", Part::Sending, 0, 12, 1, kSmallField, 4},
+    Row{"lblPostConDate", Part::Sending, 0, 13, 1, kCaption, 2.8},
+    Row{"txtPostConDate", Part::Sending, 0, 14, 1, kSmallField, 7},
 
     Row{"lblEntryHeading(1)", Part::Entry, 0, 0, 1, kCaption},
     Row{"lblEntryHeading(2)", Part::Entry, 0, 1, 1, kCaption},
@@ -88,16 +96,17 @@ constexpr std::array kRows{
     Row{"txtCall", Part::Entry, 1, 2, 1, kField, 18, "Call"},
     Row{"txtCK", Part::Entry, 1, 3, 1, kField, 4, "Check"},
     Row{"txtSec", Part::Entry, 1, 4, 1, kField, 7, "Section"},
-    Row{"cmdClear", Part::Entry, 1, 5, 1, kButton, 4.5},
-    Row{"cmdDup", Part::Entry, 2, 5, 1, kButton, 4.5},
+    Row{"cmdClear", Part::Entry, 1, 5, 1, kClear, 4.5},
 
-    Row{"lblDialog", Part::Message, 0, 0, 1, kMessage},
+    Row{"lblDialog", Part::Message, 0, 0, 2, kMessage, 0, "Message"},
     Row{"lblPossDup", Part::Message, 1, 0, 1, kCaption},
-    Row{"lblDupe", Part::Message, 2, 0, 1, kDupes},
+    Row{"cmdDup", Part::Message, 1, 1, 1, kSmallButton, 4.5},
+    Row{"lblDupe", Part::Message, 2, 0, 2, kDupes},
 
     Row{"Label11", Part::Clock, 0, 0, 1, kCaption},
+    Row{"lblLocalTime", Part::Clock, 0, 1, 2, kCaption},
     Row{"lblutctime", Part::Clock, 1, 0, 1, kBigClock, 13},
-    Row{"lblCurTime", Part::Clock, 1, 1, 1, kClock, 6.2},
+    Row{"lblCurTime", Part::Clock, 1, 1, 1, kClock, 9.5},
     Row{"Label16", Part::Clock, 1, 2, 1, kAmPm, 2.5},
     Row{"Label12", Part::Clock, 2, 0, 1, kCaption},
     Row{"lblttrack", Part::Clock, 3, 0, 1, kDuration, 8},
@@ -127,12 +136,12 @@ constexpr std::array kRows{
     Row{"lblSecCA", Part::Sections, 0, 10, 1, kGridHeading},
 
     // Two halves side by side: a value stands near its caption.
-    Row{"lblScoreCaption(1)", Part::Score, 0, 0, 1, kScoreCaption, 12},
-    Row{"lblScoreCaption(2)", Part::Score, 1, 0, 1, kScoreCaption, 12},
-    Row{"lblScoreCaption(3)", Part::Score, 2, 0, 1, kScoreCaption, 12},
-    Row{"lblScoreCaption(4)", Part::Score, 0, 3, 1, kScoreCaption, 12},
-    Row{"lblScoreCaption(5)", Part::Score, 1, 3, 1, kScoreCaption, 12},
-    Row{"lblScoreCaption(6)", Part::Score, 2, 3, 1, kScoreCaption, 12},
+    Row{"lblScoreCaption(1)", Part::Score, 0, 0, 1, kScoreCaption, 12.6},
+    Row{"lblScoreCaption(2)", Part::Score, 1, 0, 1, kScoreCaption, 12.6},
+    Row{"lblScoreCaption(3)", Part::Score, 2, 0, 1, kScoreCaption, 12.6},
+    Row{"lblScoreCaption(4)", Part::Score, 0, 3, 1, kScoreCaption, 12.6},
+    Row{"lblScoreCaption(5)", Part::Score, 1, 3, 1, kScoreCaption, 12.6},
+    Row{"lblScoreCaption(6)", Part::Score, 2, 3, 1, kScoreCaption, 12.6},
     Row{"lblTotCon", Part::Score, 0, 1, 1, kScore, 5},
     Row{"lblTotSec", Part::Score, 1, 1, 1, kScore, 5},
     Row{"lblsectogo", Part::Score, 2, 1, 1, kScore, 5},
@@ -140,6 +149,52 @@ constexpr std::array kRows{
     Row{"lblAQSO60", Part::Score, 1, 4, 1, kScore, 5},
     Row{"lblAQSO20", Part::Score, 2, 4, 1, kScore, 5},
 };
+
+/// Captions, and what they stand beside or above.
+struct CaptionOf {
+    std::string_view caption;
+    std::string_view control;
+};
+
+constexpr std::array kCaptions{
+    CaptionOf{"lblSending", "lblNumCurCon"},
+    CaptionOf{"lblStation(0)", "Label1"},
+    CaptionOf{"lblStation(1)", "Label2"},
+    CaptionOf{"lblStation(2)", "Label3"},
+    CaptionOf{"lblStation(3)", "Label4"},
+    CaptionOf{"lblPostConTime", "txtPostConTime"},
+    CaptionOf{"lblPostConDate", "txtPostConDate"},
+    CaptionOf{"lblEntryHeading(1)", "txtNum"},
+    CaptionOf{"lblEntryHeading(2)", "txtPre"},
+    CaptionOf{"lblEntryHeading(3)", "txtCall"},
+    CaptionOf{"lblEntryHeading(4)", "txtCK"},
+    CaptionOf{"lblEntryHeading(5)", "txtSec"},
+    CaptionOf{"lblPossDup", "lblDupe"},
+    CaptionOf{"lblPossDup", "cmdDup"},
+    CaptionOf{"Label11", "lblutctime"},
+    CaptionOf{"lblLocalTime", "lblCurTime"},
+    CaptionOf{"lblLocalTime", "Label16"},
+    CaptionOf{"Label12", "lblttrack"},
+    CaptionOf{"Label14", "lbltimeon"},
+    CaptionOf{"lblBandSwitch", "Label30"},
+    CaptionOf{"lblRecentContacts", "ListView1"},
+    CaptionOf{"lblRecentContacts", "cmdList"},
+    CaptionOf{"lblScoreCaption(1)", "lblTotCon"},
+    CaptionOf{"lblScoreCaption(2)", "lblTotSec"},
+    CaptionOf{"lblScoreCaption(3)", "lblsectogo"},
+    CaptionOf{"lblScoreCaption(4)", "lblTotScore"},
+    CaptionOf{"lblScoreCaption(5)", "lblAQSO60"},
+    CaptionOf{"lblScoreCaption(6)", "lblAQSO20"},
+};
+
+/// What a screen reader is told of as soon as it changes.
+constexpr std::array<std::string_view, 2> kAnnounced{"lblDialog", "cmdLogOn"};
+
+/// The picture of the spots, or their list.
+constexpr std::array<std::string_view, 5> kSpotControls{"lblDX", "LineDX", "lblFreqSpot", "lblDXSpot", "txtDX"};
+constexpr std::string_view kSpotMap = "lblDX";
+constexpr std::string_view kSpotOnMap = "lblDXSpot";
+constexpr std::string_view kSpotList = "txtDX";
 
 /// How the columns of a part share the room that is over.
 struct Stretch {
@@ -149,16 +204,17 @@ struct Stretch {
 };
 
 constexpr std::array kStretches{
-    Stretch{Part::Sending, 10, 1}, Stretch{Part::Entry, 0, 110},      Stretch{Part::Entry, 1, 60},
-    Stretch{Part::Entry, 2, 290},  Stretch{Part::Entry, 3, 80},       Stretch{Part::Entry, 4, 120},
-    Stretch{Part::Entry, 5, 62},   Stretch{Part::Clock, 0, 55},       Stretch{Part::Clock, 1, 20},
-    Stretch{Part::Clock, 2, 25},   Stretch{Part::ContactsHead, 1, 1}, Stretch{Part::SectionsHead, 0, 1},
-    Stretch{Part::Score, 0, 3},    Stretch{Part::Score, 1, 2},        Stretch{Part::Score, 2, 1},
-    Stretch{Part::Score, 3, 3},    Stretch{Part::Score, 4, 2},
+    Stretch{Part::Sending, 10, 1},     Stretch{Part::Entry, 0, 110}, Stretch{Part::Entry, 1, 60},
+    Stretch{Part::Entry, 2, 290},      Stretch{Part::Entry, 3, 80},  Stretch{Part::Entry, 4, 120},
+    Stretch{Part::Entry, 5, 62},       Stretch{Part::Message, 0, 1}, Stretch{Part::Clock, 0, 55},
+    Stretch{Part::Clock, 1, 20},       Stretch{Part::Clock, 2, 25},  Stretch{Part::ContactsHead, 1, 1},
+    Stretch{Part::SectionsHead, 0, 1}, Stretch{Part::Score, 0, 3},   Stretch{Part::Score, 1, 2},
+    Stretch{Part::Score, 2, 1},        Stretch{Part::Score, 3, 3},   Stretch{Part::Score, 4, 2},
 };
 
 constexpr std::string_view kSectionLabels = "Label10";
 constexpr int kSectionColumns = 11;
+constexpr double kLastHeadingWidth = 4.6;  ///< a word, where the others are a figure
 
 const Row* RowOf(const Control& control) {
     const std::string name = control.FullName();
@@ -170,9 +226,33 @@ bool IsSection(const Control& control) {
     return control.name == kSectionLabels && control.index >= 0;
 }
 
+bool IsSpotControl(const Control& control) {
+    return std::ranges::find(kSpotControls, control.name) != kSpotControls.end();
+}
+
+/// What stands before a control's own text for those who do not see where it is.
+QString SpokenName(const Control& control) {
+    const ControlState& state = control.State();
+    if (IsSection(control)) {
+        const char* kind = state.underlined ? ", needed and spotted: " : state.bold ? ", needed: " : ", worked: ";
+        return ToQt(state.toolTip) + kind;
+    }
+    const Row* row = RowOf(control);
+    if (row != nullptr && *row->spokenName != '\0') {
+        return row->spokenName;
+    }
+    const std::string name = control.FullName();
+    const auto* const found = std::ranges::find(kCaptions, std::string_view{name}, &CaptionOf::control);
+    const Control* caption = found == kCaptions.end() ? nullptr : control.form.Find(found->caption);
+    return caption == nullptr ? QString{} : CaptionText(caption->State().text);
+}
+
 Part PartOf(const Control& control) {
     if (IsSection(control)) {
         return Part::Sections;
+    }
+    if (IsSpotControl(control)) {
+        return Part::Spots;
     }
     const Row* row = RowOf(control);
     return row == nullptr ? Part::Extra : row->part;
@@ -181,6 +261,9 @@ Part PartOf(const Control& control) {
 const Style& StyleOf(const Control& control) {
     if (IsSection(control)) {
         return kSection;
+    }
+    if (IsSpotControl(control)) {
+        return control.name == kSpotOnMap ? kSpotLabel : kSpot;
     }
     const Row* row = RowOf(control);
     return row == nullptr ? kUnknown : row->style;
@@ -197,14 +280,20 @@ Look PlainLookOf(const Control& control, double base) {
     look.boxed = style.boxed;
     look.wrapped = style.wrapped;
     look.alignment = (style.right ? Qt::AlignRight : Qt::AlignLeft) | Qt::AlignVCenter;
-    const Row* row = RowOf(control);
-    if (IsSection(control)) {
-        look.spokenName = ToQt(control.State().toolTip + ' ' + control.State().text);
-    } else if (row != nullptr) {
-        look.spokenName = row->spokenName;
-    }
+    look.spokenName = SpokenName(control);
+    look.announced = std::ranges::find(kAnnounced, control.name) != kAnnounced.end();
     return look;
 }
+
+/// Of the strip with the spots.
+constexpr double kSpotMapWidth = 15;
+constexpr double kSpotListWidth = 24;
+
+constexpr QSize kSmallestWindow{300, 176};  // 30 percent of a small screen
+
+/// The window's size in units of plain text's: what all of the form takes.
+constexpr double kWidthInText = 98;
+constexpr double kHeightInText = 61;
 
 /// What the present controls ask of the columns of their parts.
 std::map<std::pair<Part, int>, double> ColumnWidths(const std::vector<ControlWidget*>& widgets) {
@@ -232,10 +321,12 @@ protected:
     }
 };
 
-/// Holds the grid of a part; painted where it has a ground of its own.
+/// Holds the controls of a part; painted where it has a ground of its own.
 class PartHolder : public QWidget {
 public:
     explicit PartHolder(QWidget* parent) : QWidget{parent} {}
+
+    std::function<void()> resized;
 
     void SetGround(const QColor& ground) {
         ground_ = ground;
@@ -249,18 +340,20 @@ protected:
             DrawBox(painter, rect(), ground_, ground_, 0);
         }
     }
+    void resizeEvent(QResizeEvent* /*event*/) override {
+        if (resized) {
+            resized();
+        }
+    }
 
 private:
     QColor ground_;
 };
 
-constexpr double kSmallestBase = 11;
-constexpr double kLargestBase = 44;
-
 }  // namespace
 
 Form1Layout::Form1Layout(QWidget& window, FormMenus& menus) : window_{window}, menus_{menus} {
-    window_.setMinimumSize(480, 360);
+    window_.setMinimumSize(kSmallestWindow);
     Build();
 }
 
@@ -294,6 +387,13 @@ void Form1Layout::Build() {
     AddGrid(Part::Contacts, *contacts->parentWidget(), *contacts, 1);
     auto* right = new QVBoxLayout;
     bottom->addLayout(right, 51);
+    QVBoxLayout* spots = panel(*bottom, 0);
+    spotsPanel_ = spots->parentWidget();
+    auto* room = new PartHolder{spotsPanel_};
+    room->SetGround(DarkSheet());
+    room->resized = [this] { PlaceSpots(); };
+    spots->addWidget(room, 1);
+    spotsRoom_ = room;
     QVBoxLayout* sections = panel(*right, 82);
     AddGrid(Part::SectionsHead, *sections->parentWidget(), *sections, 0);
     AddGrid(Part::Sections, *sections->parentWidget(), *sections, 1);
@@ -310,7 +410,6 @@ void Form1Layout::Build() {
         grids_.at(stretch.part)->setColumnStretch(stretch.column, stretch.share);
     }
     for (int column = 0; column < kSectionColumns; ++column) {
-        // The last heading is a word.
         grids_.at(Part::Sections)->setColumnStretch(column, column + 1 < kSectionColumns ? 10 : 13);
     }
 }
@@ -324,21 +423,27 @@ void Form1Layout::AddGrid(Part part, QWidget& panel, QBoxLayout& into, int stret
 }
 
 QWidget& Form1Layout::ParentOf(const Control& control) {
+    if (IsSpotControl(control)) {
+        return *spotsRoom_;
+    }
     return *grids_.at(PartOf(control))->parentWidget();
 }
 
 void Form1Layout::Add(ControlWidget& widget) {
     widgets_.push_back(&widget);
     const Control& control = widget.Logical();
+    parts_[PartOf(control)].push_back(&widget);
     QWidget& shown = widget.Widget();
     const bool fills = StyleOf(control).height <= 0;
     QSizePolicy policy{QSizePolicy::Ignored, fills ? QSizePolicy::Ignored : QSizePolicy::Fixed};
     policy.setRetainSizeWhenHidden(true);
     shown.setSizePolicy(policy);
     if (const Row* row = RowOf(control)) {
-        // The fields stand beside two buttons, one above the other.
-        const int rows = row->part == Part::Entry && row->row == 1 && row->column < 5 ? 2 : 1;
-        grids_.at(row->part)->addWidget(&shown, row->row, row->column, rows, row->columns);
+        grids_.at(row->part)->addWidget(&shown, row->row, row->column, 1, row->columns);
+    } else if (IsSpotControl(control)) {
+        if (control.name == kSpotMap) {
+            shown.lower();
+        }
     } else if (!IsSection(control)) {
         QGridLayout& extra = *grids_.at(Part::Extra);
         constexpr int kInARow = 8;
@@ -349,11 +454,15 @@ void Form1Layout::Add(ControlWidget& widget) {
 
 void Form1Layout::Remove(ControlWidget& widget) {
     std::erase(widgets_, &widget);
+    std::erase(parts_[PartOf(widget.Logical())], &widget);
     sectionPlaces_.erase(&widget.Logical());
 }
 
 void Form1Layout::Changed(ControlWidget& widget) {
     const Control& control = widget.Logical();
+    if (IsSpotControl(control)) {
+        spotsStale_ = true;
+    }
     if (IsSection(control)) {
         widget.SetLook(LookOf(control, Base()));  // the spoken name may be another
         const auto known = sectionPlaces_.find(&control);
@@ -361,12 +470,62 @@ void Form1Layout::Changed(ControlWidget& widget) {
     }
 }
 
+/// Screen readers are told which caption belongs to which control.
+void Form1Layout::TieCaptions() {
+    const auto widgetOf = [this](std::string_view name) -> QWidget* {
+        const auto found = std::ranges::find_if(
+            widgets_, [name](const ControlWidget* widget) { return widget->Logical().FullName() == name; });
+        return found == widgets_.end() ? nullptr : &(*found)->Widget();
+    };
+    for (const CaptionOf& row : kCaptions) {
+        auto* caption = qobject_cast<QLabel*>(widgetOf(row.caption));
+        if (caption != nullptr && caption->buddy() == nullptr) {
+            caption->setBuddy(widgetOf(row.control));
+        }
+    }
+}
+
 void Form1Layout::Settle() {
+    if (!std::exchange(captionsTied_, true)) {
+        TieCaptions();
+    }
     if (sectionsStale_) {
         PlaceSections();
     }
     ChooseSectionsGround();
     ShowPartsInUse();
+    if (spotsStale_ && !spotsPanel_->isHidden()) {
+        PlaceSpots();
+    }
+}
+
+/// The picture of the spots is drawn to the logical size of its frame; here the frame fills the strip, and all else
+/// stands in it as it does in the picture. The list fills the strip.
+void Form1Layout::PlaceSpots() {
+    spotsStale_ = false;
+    const std::vector<ControlWidget*>& spots = parts_[Part::Spots];
+    const auto map =
+        std::ranges::find_if(spots, [](const ControlWidget* widget) { return widget->Logical().name == kSpotMap; });
+    const Place frame = map == spots.end() ? Place{} : (*map)->Logical().State().place;
+    const double x = spotsRoom_->width() / std::max(frame.width, 1.0);
+    const double y = spotsRoom_->height() / std::max(frame.height, 1.0);
+    for (ControlWidget* widget : spots) {
+        const Control& control = widget->Logical();
+        widget->SetLook(LookOf(control, Base()));
+        const ControlState& state = control.State();
+        const bool fills = control.name == kSpotMap || control.name == kSpotList;
+        QRectF box{(state.place.left - frame.left) * x, (state.place.top - frame.top) * y, state.place.width * x,
+                   state.place.height * y};
+        if (control.kind == ControlKind::Line) {
+            constexpr double kHalf = LineWidget::kWidth / 2.0;
+            box = QRectF{QPointF{(std::min(state.x1, state.x2) - frame.left) * x,
+                                 (std::min(state.y1, state.y2) - frame.top) * y},
+                         QPointF{(std::max(state.x1, state.x2) - frame.left) * x,
+                                 (std::max(state.y1, state.y2) - frame.top) * y}}
+                      .adjusted(-kHalf, -kHalf, kHalf, kHalf);
+        }
+        widget->Widget().setGeometry(fills ? spotsRoom_->rect() : box.toAlignedRect());
+    }
 }
 
 /// The log puts each section's label below the heading of its column, the columns by the left edge and the rows by the
@@ -376,12 +535,12 @@ void Form1Layout::PlaceSections() {
     sectionPlaces_.clear();
     std::vector<const Control*> headings;
     std::vector<ControlWidget*> sections;
-    for (ControlWidget* widget : widgets_) {
+    for (ControlWidget* widget : parts_[Part::Sections]) {
         const Control& control = widget->Logical();
         if (IsSection(control)) {
             sections.push_back(widget);
             sectionPlaces_[&control] = control.State().place;
-        } else if (PartOf(control) == Part::Sections) {
+        } else {
             headings.push_back(&control);
         }
     }
@@ -420,10 +579,8 @@ void Form1Layout::ChooseSectionsGround() {
     }
     sectionsGround_ = ground;
     static_cast<PartHolder*>(grids_.at(Part::Sections)->parentWidget())->SetGround(ground);
-    for (ControlWidget* widget : widgets_) {
-        if (PartOf(widget->Logical()) == Part::Sections) {
-            widget->SetLook(LookOf(widget->Logical(), Base()));
-        }
+    for (ControlWidget* widget : parts_[Part::Sections]) {
+        widget->SetLook(LookOf(widget->Logical(), Base()));
     }
 }
 
@@ -431,22 +588,26 @@ Look Form1Layout::LookOf(const Control& control, double base) const {
     Look look = PlainLookOf(control, base);
     if (PartOf(control) == Part::Sections) {
         look.ground = sectionsGround_;
+    } else if (PartOf(control) == Part::Spots) {
+        look.ground = DarkSheet();
     }
     return look;
 }
 
 void Form1Layout::ShowPartsInUse() {
-    const auto inUse = [this](Part part) {
-        return std::ranges::any_of(widgets_, [part](const ControlWidget* widget) {
-            return PartOf(widget->Logical()) == part && widget->Logical().IsShown();
-        });
-    };
+    const auto isShown = [](const ControlWidget* widget) { return widget->Logical().IsShown(); };
+    const auto inUse = [this, &isShown](Part part) { return std::ranges::any_of(parts_[part], isShown); };
     clockPanel_->setVisible(inUse(Part::Clock));
     extraPanel_->setVisible(inUse(Part::Extra));
+    const bool list = std::ranges::any_of(parts_[Part::Spots], [](const ControlWidget* widget) {
+        return widget->Logical().name == kSpotList && widget->Logical().IsShown();
+    });
+    spotsPanel_->setFixedWidth(qRound(Base() * (list ? kSpotListWidth : kSpotMapWidth)));
+    spotsPanel_->setVisible(inUse(Part::Spots));
 }
 
 double Form1Layout::Base() const {
-    return std::clamp(std::min(window_.width() / 98.0, window_.height() / 61.0), kSmallestBase, kLargestBase);
+    return std::min(window_.width() / kWidthInText, window_.height() / kHeightInText);
 }
 
 void Form1Layout::Arrange() {
@@ -471,9 +632,11 @@ void Form1Layout::Arrange() {
         grid->setHorizontalSpacing(qRound(base * 0.6));
     }
     menus_.SetTextSize(base);
+    spotsStale_ = true;
     for (const auto& [column, width] : ColumnWidths(widgets_)) {
         grids_.at(column.first)->setColumnMinimumWidth(column.second, qRound(width * base));
     }
+    grids_.at(Part::Sections)->setColumnMinimumWidth(kSectionColumns - 1, qRound(kLastHeadingWidth * base));
     for (ControlWidget* widget : widgets_) {
         const Control& control = widget->Logical();
         const Style& style = StyleOf(control);

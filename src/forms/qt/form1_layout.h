@@ -12,7 +12,7 @@ class QBoxLayout;
 namespace tallyhut {
 
 /// The parts of the main form's window, each a grid of its own.
-enum class Part { Sending, Entry, Message, Clock, ContactsHead, Contacts, SectionsHead, Sections, Score, Extra };
+enum class Part { Sending, Entry, Message, Clock, ContactsHead, Contacts, SectionsHead, Sections, Score, Spots, Extra };
 
 /// The main form's window: the entry row and its message line first, then clocks, contacts, sections and score. Where
 /// each control stands is a row of a table; one that the table does not know stands in a row at the bottom.
@@ -31,6 +31,8 @@ private:
     void Build();
     void AddGrid(Part part, QWidget& panel, QBoxLayout& into, int stretch);
     void PlaceSections();
+    void PlaceSpots();
+    void TieCaptions();
     void ShowPartsInUse();
     /// A ground on which the told colours of the sections can be read: the panel's own, or a light or dark sheet.
     void ChooseSectionsGround();
@@ -43,9 +45,14 @@ private:
     std::map<Part, QGridLayout*> grids_;
     std::vector<QWidget*> panels_;
     std::vector<ControlWidget*> widgets_;
+    std::map<Part, std::vector<ControlWidget*>> parts_;  ///< the same, by the part that each is in
     std::vector<QBoxLayout*> boxes_;
     QWidget* clockPanel_ = nullptr;
     QWidget* extraPanel_ = nullptr;
+    QWidget* spotsPanel_ = nullptr;
+    QWidget* spotsRoom_ = nullptr;
+    bool spotsStale_ = true;
+    bool captionsTied_ = false;
     std::map<const Control*, Place> sectionPlaces_;  ///< as they were when the grid was laid out
     bool sectionsStale_ = true;
     QColor sectionsGround_;  ///< invalid: the panel's own

@@ -63,7 +63,9 @@ void FormMenus::Sync(MenuEntry& entry) {
     }
     QAction& action = *found->second;
     const ControlState& state = entry.State();
-    action.setText(ToQt(state.text));
+    const QString keys = ToQt(entry.Shortcut());
+    action.setText(ToQt(state.text) +
+                   (keys.isEmpty() ? QString{} : '\t' + keys));  // told, not taken: the form sees to it
     action.setVisible(state.visible);
     action.setEnabled(state.enabled);
     action.setCheckable(state.chosen);

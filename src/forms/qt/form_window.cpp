@@ -9,11 +9,8 @@ namespace tallyhut {
 namespace {
 
 Qt::WindowFlags FlagsOf(const Form& form) {
-    Qt::WindowFlags flags = Qt::Window;
-    if (form.design.neverActive) {
-        flags |= Qt::WindowDoesNotAcceptFocus;
-    }
-    return flags;
+    return form.design.neverActive ? Qt::SplashScreen | Qt::FramelessWindowHint | Qt::WindowDoesNotAcceptFocus
+                                   : Qt::Window;
 }
 
 void Tell(const std::function<void()>& outlet) {

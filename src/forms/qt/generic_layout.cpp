@@ -1,5 +1,7 @@
 #include "forms/qt/generic_layout.h"
 
+#include <QApplication>
+#include <QScrollArea>
 #include <algorithm>
 #include <cmath>
 
@@ -11,19 +13,70 @@ namespace tallyhut {
 namespace {
 
 constexpr double kPixelsPerPoint = 4.0 / 3.0;
-constexpr double kSmallestText = 9;
 constexpr double kMenuPoints = 9;
+constexpr double kSmallestText = 9;  ///< pixels of the screen itself
+/// Text becomes smaller by these steps, down to this share, before a form scrolls.
+constexpr double kTextStep = 0.94;
+constexpr double kLeastText = 0.6;
 /// Forms that scale their own text do it at most by this much; see their load.
 constexpr double kLargestTextRatio = 1.5;
+/// Design units of a line of text, for each point of its size.
+constexpr double kLinePerPoint = 26;
 
 bool IsWithin(double value, double from, double size) {
     return value >= from && value <= from + size;
 }
 
+double Middle(const Place& place) {
+    return place.top + place.height / 2;
+}
+
+/// On the line of the field, and not far from it on either side.
+bool IsBeside(const Place& caption, const Place& field) {
+    constexpr double kNear = 3;  // times the field's height
+    const double gap = std::max(field.left - caption.left - caption.width, caption.left - field.left - field.width);
+    return std::abs(Middle(field) - Middle(caption)) < field.height / 4 && gap < kNear * field.height;
+}
+
+bool IsField(const Control& control) {
+    return control.kind == ControlKind::TextBox && !control.State().multiLine;
+}
+
+/// Text follows its form up to the largest ratio, and from there on more slowly: on a large screen it is read from no
+/// farther away.
+double TextGrowth(double growth) {
+    constexpr double kBeyond = 0.6;
+    return std::min(growth, kLargestTextRatio) + std::max(growth - kLargestTextRatio, 0.0) * kBeyond;
+}
+
+/// How far the form has scaled its own text.
+double TextRatio(const Form& form) {
+    return std::clamp(form.FormPlace().width / form.design.width, 1.0, kLargestTextRatio);
+}
+
+bool IsOneLine(const Control& control) {
+    const ControlState& state = control.State();
+    const Form& form = control.form;
+    const double designHeight = state.place.height * form.design.height / form.FormPlace().height;
+    constexpr double kLines = 1.8;
+    return designHeight < kLines * kLinePerPoint * state.fontSize / TextRatio(form);
+}
+
 }  // namespace
 
 GenericLayout::GenericLayout(Form& form, QWidget& window, FormMenus& menus)
-    : form_{form}, window_{window}, menus_{menus}, canvas_{new QWidget{&window}} {}
+    : form_{form}, window_{window}, menus_{menus}, scroll_{new QScrollArea{&window}}, canvas_{new QWidget} {
+    scroll_->setFrameShape(QFrame::NoFrame);
+    scroll_->setFocusPolicy(Qt::NoFocus);
+    scroll_->setWidget(canvas_);
+    scroll_->viewport()->setAutoFillBackground(false);
+    canvas_->setAutoFillBackground(false);
+    QObject::connect(qApp, &QApplication::focusChanged, scroll_, [this](QWidget* /*before*/, QWidget* now) {
+        if (now != nullptr && canvas_->isAncestorOf(now)) {
+            scroll_->ensureWidgetVisible(now);
+        }
+    });
+}
 
 QWidget& GenericLayout::ParentOf(const Control& /*control*/) {
     return *canvas_;
@@ -36,63 +89,125 @@ void GenericLayout::Add(ControlWidget& widget) {
         widget.Widget().stackUnder(&(*first)->Widget());
     }
     widgets_.push_back(&widget);
+    stale_ = true;
 }
 
 void GenericLayout::Remove(ControlWidget& widget) {
     std::erase(widgets_, &widget);
+    stale_ = true;
 }
 
 void GenericLayout::Changed(ControlWidget& widget) {
-    Put(widget, PresentScale());
+    const Control& control = widget.Logical();
+    const auto known = std::ranges::find(arranged_, &control, &std::pair<const Control*, Place>::first);
+    const QSize size = widget.Widget().size();
+    const QSize need = widget.Needed(size.width());
+    stale_ = stale_ || known == arranged_.end() || known->second != PlaceOf(control) || need.width() > size.width() ||
+             need.height() > size.height();
+}
+
+void GenericLayout::Settle() {
+    if (stale_) {
+        Arrange();
+    }
 }
 
 void GenericLayout::Arrange() {
+    stale_ = false;
+    const double designPixels = form_.design.width / kUnitsPerPixel;
+    const double designLines = form_.design.height / kUnitsPerPixel;
+    const double growth = std::min(window_.width() / designPixels, window_.height() / designLines);
     int top = 0;
     if (QMenuBar* bar = menus_.Bar()) {
-        menus_.SetTextSize(std::max(kMenuPoints * PresentScale().text, kSmallestText));
+        menus_.SetTextSize(std::max(kMenuPoints * kPixelsPerPoint * TextGrowth(growth), SmallestText()));
         top = bar->sizeHint().height();
         bar->setGeometry(0, 0, window_.width(), top);
     }
-    canvas_->setGeometry(0, top, window_.width(), window_.height() - top);
-    const Scale scale = PresentScale();
+    const QSize room{window_.width(), window_.height() - top};
+    scroll_->setGeometry(0, top, room.width(), room.height());
+
+    const double wanted = kPixelsPerPoint * TextGrowth(growth) / TextRatio(form_);
+    const auto fits = [&room](const std::pair<Stretch, Stretch>& fit) {
+        return fit.first.Whole() <= room.width() + 1 && fit.second.Whole() <= room.height() + 1;
+    };
+    std::pair<Stretch, Stretch> fit = Fit(wanted, room);
+    for (double share = kTextStep; !fits(fit) && share > kLeastText; share *= kTextStep) {
+        fit = Fit(wanted * share, room);
+    }
+    const auto& [x, y] = fit;
+    canvas_->resize(std::max(room.width(), static_cast<int>(x.Whole())),
+                    std::max(room.height(), static_cast<int>(y.Whole())));
+    // What the design leaves over stands around it.
+    const double left = (canvas_->width() - x.Whole()) / 2;
+    const double above = (canvas_->height() - y.Whole()) / 2;
+    arranged_.clear();
     for (ControlWidget* widget : widgets_) {
-        Put(*widget, scale);
+        const Place design = PlaceOf(widget->Logical());
+        arranged_.emplace_back(&widget->Logical(), design);
+        const int edge = widget->Logical().kind == ControlKind::Line ? LineWidget::kWidth : 0;
+        const QRect box{QPoint{qRound(left + x.At(design.left)), qRound(above + y.At(design.top))},
+                        QPoint{qRound(left + x.At(design.left + design.width)) - 1,
+                               qRound(above + y.At(design.top + design.height)) - 1}};
+        widget->Widget().setGeometry(box.adjusted(-edge / 2, -edge / 2, edge - edge / 2, edge - edge / 2));
     }
 }
 
-/// The form's place tells how far its controls have been scaled already; the window's size what is left to do.
-GenericLayout::Scale GenericLayout::PresentScale() const {
+std::pair<Stretch, Stretch> GenericLayout::Fit(double pointPixels, const QSize& room) {
     const Place& place = form_.FormPlace();
-    Scale scale;
-    scale.x = canvas_->width() / std::max(place.width, 1.0);
-    scale.y = canvas_->height() / std::max(place.height, 1.0);
-    const double textRatio = std::clamp(place.width / form_.design.width, 1.0, kLargestTextRatio);
-    const double designPixels = form_.design.width / kUnitsPerPixel;
-    const double designLines = form_.design.height / kUnitsPerPixel;
-    const double growth = std::min(canvas_->width() / designPixels, canvas_->height() / designLines);
-    scale.text = kPixelsPerPoint * growth / textRatio;
-    return scale;
+    std::vector<Span> columns;
+    std::vector<Span> rows;
+    for (ControlWidget* widget : widgets_) {
+        const Control& control = widget->Logical();
+        const Place design = PlaceOf(control);
+        widget->SetLook(LookOf(control, pointPixels));
+        const double widest = design.width / place.width * room.width() * kLargestTextRatio;
+        const double need = control.kind == ControlKind::Line ? 0 : widget->Needed(0).width();
+        columns.push_back({design.left, design.left + design.width, std::min(need, widest)});
+    }
+    Stretch x = Stretch::Into(room.width(), columns, place.width);
+    for (ControlWidget* widget : widgets_) {
+        const Control& control = widget->Logical();
+        const Place design = PlaceOf(control);
+        const int width = static_cast<int>(x.At(design.left + design.width) - x.At(design.left));
+        const double need = control.kind == ControlKind::Line ? 0 : widget->Needed(width).height();
+        rows.push_back({design.top, design.top + design.height, need});
+    }
+    Stretch y = Stretch::Into(room.height(), rows, place.height);
+    return {std::move(x), std::move(y)};
 }
 
-void GenericLayout::Put(ControlWidget& widget, const Scale& scale) const {
-    const Control& control = widget.Logical();
-    const ControlState& state = control.State();
-    Place place = state.place;
-    int edge = 0;
-    if (control.kind == ControlKind::Line) {
-        place = {std::min(state.x1, state.x2), std::min(state.y1, state.y2), std::abs(state.x2 - state.x1),
-                 std::abs(state.y2 - state.y1)};
-        edge = LineWidget::kWidth;
-    }
-    const QRectF box{place.left * scale.x, place.top * scale.y, place.width * scale.x, place.height * scale.y};
-    widget.Widget().setGeometry(box.toRect().adjusted(-edge / 2, -edge / 2, edge - edge / 2, edge - edge / 2));
+double GenericLayout::SmallestText() const {
+    return kSmallestText / window_.devicePixelRatioF();
+}
+
+Look GenericLayout::LookOf(const Control& control, double pointPixels) const {
     Look look;
-    look.pixels = std::max(state.fontSize * scale.text, kSmallestText);
-    look.wrapped = control.kind == ControlKind::Label;
-    const bool oneLine = place.height < 2 * look.pixels * 1.2 / scale.y;
-    look.alignment = Qt::AlignLeft | (oneLine ? Qt::AlignVCenter : Qt::AlignTop);
+    look.pixels = std::max(control.State().fontSize * pointPixels, SmallestText());
+    const bool oneLine = IsOneLine(control);
+    look.wrapped = control.kind == ControlKind::Label && !oneLine;
+    look.trimmed = control.kind == ControlKind::Label && oneLine;
+    look.alignment = Qt::AlignLeft | (oneLine || control.kind != ControlKind::Label ? Qt::AlignVCenter : Qt::AlignTop);
     look.spokenName = SpokenName(control);
-    widget.SetLook(look);
+    return look;
+}
+
+Place GenericLayout::PlaceOf(const Control& control) const {
+    const ControlState& state = control.State();
+    if (control.kind == ControlKind::Line) {
+        return {std::min(state.x1, state.x2), std::min(state.y1, state.y2), std::abs(state.x2 - state.x1),
+                std::abs(state.y2 - state.y1)};
+    }
+    if (control.kind != ControlKind::Label || !IsOneLine(control)) {
+        return state.place;
+    }
+    const auto onItsLine = std::ranges::find_if(widgets_, [&state](const ControlWidget* other) {
+        return IsField(other->Logical()) && IsBeside(state.place, other->Logical().State().place);
+    });
+    if (onItsLine == widgets_.end()) {
+        return state.place;
+    }
+    const Place& field = (*onItsLine)->Logical().State().place;
+    return {state.place.left, Middle(field) - state.place.height / 2, state.place.width, state.place.height};
 }
 
 /// A text box is called by the label to its left or above it.
@@ -117,7 +232,7 @@ QString GenericLayout::SpokenName(const Control& control) const {
             nearest = &label;
         }
     }
-    return nearest == nullptr ? QString{} : ToQt(nearest->State().text).remove('&').trimmed();
+    return nearest == nullptr ? QString{} : CaptionText(nearest->State().text);
 }
 
 }  // namespace tallyhut

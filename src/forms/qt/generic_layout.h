@@ -4,10 +4,14 @@
 
 #include "forms/qt/form_layout.h"
 #include "forms/qt/form_menus.h"
+#include "forms/qt/stretch.h"
+
+class QScrollArea;
 
 namespace tallyhut {
 
-/// Puts every control where its form says, scaled with the window. Text grows with it.
+/// Puts every control where its form says, scaled with the window, and moves the design apart where a text needs more
+/// room than its place has. Text grows with the window; where the window is too small for readable text, it scrolls.
 class GenericLayout : public FormLayout {
 public:
     GenericLayout(Form& form, QWidget& window, FormMenus& menus);
@@ -16,23 +20,26 @@ public:
     void Add(ControlWidget& widget) override;
     void Remove(ControlWidget& widget) override;
     void Changed(ControlWidget& widget) override;
+    void Settle() override;
     void Arrange() override;
 
 private:
-    struct Scale {
-        double x = 1;
-        double y = 1;
-        double text = 1;  ///< pixels of a point
-    };
-    Scale PresentScale() const;
-    void Put(ControlWidget& widget, const Scale& scale) const;
+    /// Gives all controls their text in this size (pixels of a point), and returns how the design lies in the window.
+    std::pair<Stretch, Stretch> Fit(double pointPixels, const QSize& room);
+    double SmallestText() const;
+    Look LookOf(const Control& control, double pointPixels) const;
+    /// The control's place in the design. A caption on the line of a field stands exactly on it.
+    Place PlaceOf(const Control& control) const;
     QString SpokenName(const Control& control) const;
 
     Form& form_;
     QWidget& window_;
     FormMenus& menus_;
+    QScrollArea* scroll_;
     QWidget* canvas_;
     std::vector<ControlWidget*> widgets_;
+    std::vector<std::pair<const Control*, Place>> arranged_;  ///< the places that the last arrangement is made of
+    bool stale_ = true;
 };
 
 }  // namespace tallyhut

@@ -11,14 +11,12 @@ namespace tallyhut {
 namespace {
 
 constexpr int kChipSide = 3;
+constexpr int kEndless = 100'000;
 constexpr double kSmallestShare = 0.6;  ///< of the look's size of text
 
-/// Without the blanks and dots that push a text to its place in a proportional font.
-QString Trimmed(QString text) {
-    while (text.endsWith('.') || text.endsWith(' ')) {
-        text.chop(1);
-    }
-    return text.trimmed();
+/// Between the edge of a label on a ground of its own and its text.
+int SideOf(const Look& look) {
+    return qRound(look.pixels * 0.5);
 }
 
 }  // namespace
@@ -33,9 +31,40 @@ QSize LabelWidget::sizeHint() const {
     return {metrics.averageCharWidth() * 4, metrics.height()};
 }
 
+QSize LabelWidget::Needed(int width) const {
+    const QFontMetrics metrics{FullFont()};
+    const int side = TheLook().boxed ? 2 * SideOf(TheLook()) : 0;
+    const int lines = TheLook().wrapped ? std::max(width - side, 1) : kEndless;
+    const QSize text = metrics.boundingRect(QRect{0, 0, lines, kEndless}, Flags(), drawn_).size();
+    const int height = Wraps() ? text.height() : metrics.tightBoundingRect("\u00C9g").height();
+    return {TheLook().wrapped && width == 0 ? 0 : text.width() + side, height};
+}
+
+bool LabelWidget::Wraps() const {
+    return TheLook().wrapped || drawn_.contains('\n');
+}
+
+QFont LabelWidget::FullFont() const {
+    QFont font = FontOf(TheLook());
+    font.setBold(font.bold() || Logical().State().bold);
+    font.setUnderline(Logical().State().underlined);
+    return font;
+}
+
+int LabelWidget::Flags() const {
+    int flags = static_cast<int>(TheLook().alignment.toInt());
+    if (TheLook().wrapped) {
+        flags |= Qt::TextWordWrap;
+    }
+    if (AccessKeyOf(Logical().State().text) != 0) {
+        flags |= Qt::TextShowMnemonic;
+    }
+    return flags;
+}
+
 void LabelWidget::ShowState() {
     const QString whole = ToQt(Logical().State().text);
-    drawn_ = TheLook().trimmed ? Trimmed(whole) : whole;
+    drawn_ = TheLook().trimmed ? WithoutFill(whole) : whole;
     if (text() != whole) {
         setText(whole);
     }
@@ -68,13 +97,14 @@ LabelWidget::Colours LabelWidget::ColoursOf(const Theme& theme) const {
     return colours;
 }
 
-QFont LabelWidget::FittingFont(const QSize& room, int flags) const {
-    QFont font = FontOf(TheLook());
-    const int smallest = qRound(TheLook().pixels * kSmallestShare);
-    for (int pixels = font.pixelSize(); pixels > smallest; --pixels) {
-        font.setPixelSize(pixels);
-        const QSize size = QFontMetrics{font}.boundingRect(QRect{{0, 0}, room}, flags, drawn_).size();
-        if (size.width() <= room.width() && size.height() <= room.height()) {
+QFont LabelWidget::FittingFont(const QSize& room) const {
+    QFont font = FullFont();
+    const double full = font.pointSizeF();
+    constexpr double kStep = 0.05;
+    for (double share = 1; share > kSmallestShare; share -= kStep) {
+        font.setPointSizeF(full * share);
+        const QSize size = QFontMetrics{font}.boundingRect(QRect{{0, 0}, room}, Flags(), drawn_).size();
+        if (size.width() <= room.width() && (!Wraps() || size.height() <= room.height())) {
             break;
         }
     }
@@ -90,23 +120,16 @@ void LabelWidget::paintEvent(QPaintEvent* /*event*/) {
         DrawBox(painter, room, colours.ground, colours.ground, 0);
     }
     if (TheLook().boxed) {
-        const int side = qRound(TheLook().pixels * 0.5);
+        const int side = SideOf(TheLook());
         room.adjust(side, 0, -side, 0);
     }
     if (drawn_.trimmed().isEmpty()) {
         return;
     }
-    int flags = static_cast<int>(TheLook().alignment.toInt());
-    if (TheLook().wrapped) {
-        flags |= Qt::TextWordWrap;
-    }
-    if (AccessKeyOf(Logical().State().text) != 0) {
-        flags |= Qt::TextShowMnemonic;
-    }
-    painter.setFont(FittingFont(room.size(), flags));
-    const bool wraps = TheLook().wrapped || drawn_.contains('\n');
+    const int flags = Flags();
+    painter.setFont(FittingFont(room.size()));
     const QString fitting =
-        wraps ? drawn_ : painter.fontMetrics().elidedText(drawn_, Qt::ElideRight, room.width(), flags);
+        Wraps() ? drawn_ : painter.fontMetrics().elidedText(drawn_, Qt::ElideRight, room.width(), flags);
     if (colours.chip) {
         const QRect text = painter.fontMetrics().boundingRect(room, flags, fitting);
         DrawBox(painter, text.adjusted(-kChipSide, 0, kChipSide, 0), colours.ground, colours.ground, 0);

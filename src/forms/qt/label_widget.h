@@ -14,6 +14,7 @@ public:
 
     QSize sizeHint() const override;
     QSize minimumSizeHint() const override { return {0, 0}; }
+    QSize Needed(int width) const override;
 
 protected:
     void ShowState() override;
@@ -29,8 +30,12 @@ private:
         bool chip = false;  ///< the ground is only there for the text to be read, and no larger than it
     };
     Colours ColoursOf(const Theme& theme) const;
+    bool Wraps() const;
+    QFont FullFont() const;
+    /// How the text is laid, as flags of the painter.
+    int Flags() const;
     /// The largest font, from the look's downwards, in which the text fits.
-    QFont FittingFont(const QSize& room, int flags) const;
+    QFont FittingFont(const QSize& room) const;
 
     QString drawn_;
     bool movePending_ = false;

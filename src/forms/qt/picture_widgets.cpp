@@ -11,6 +11,11 @@ namespace tallyhut {
 FrameWidget::FrameWidget(Control& control, const OperatorInput& input, QWidget* parent)
     : WidgetOf{control, input, parent} {}
 
+/// Its caption; what lies in it asks for itself.
+QSize FrameWidget::Needed(int /*width*/) const {
+    return {fontMetrics().horizontalAdvance(title() + "MM"), fontMetrics().height() * 2};
+}
+
 void FrameWidget::ShowState() {
     setTitle(ToQt(Logical().State().text));
 }
@@ -72,7 +77,9 @@ void LineWidget::paintEvent(QPaintEvent* /*event*/) {
     const QRectF box = QRectF{rect()}.adjusted(kWidth / 2.0, kWidth / 2.0, -kWidth / 2.0, -kWidth / 2.0);
     QPainter painter{this};
     painter.setRenderHint(QPainter::Antialiasing);
-    painter.setPen(QPen{ToQColor(state.foreColor, ThemeOf(palette())), kWidth});
+    const QColor& ground = TheLook().ground;
+    const bool plain = state.foreColor < 0 && ground.isValid();
+    painter.setPen(QPen{plain ? TextOn(ground) : ToQColor(state.foreColor, ThemeOf(palette())), kWidth});
     painter.drawLine(rising ? box.bottomLeft() : box.topLeft(), rising ? box.topRight() : box.bottomRight());
 }
 

@@ -14,6 +14,8 @@ class FrameWidget : public WidgetOf<QGroupBox> {
 public:
     FrameWidget(Control& control, const OperatorInput& input, QWidget* parent);
 
+    QSize Needed(int width) const override;
+
 protected:
     void ShowState() override;
     void mousePressEvent(QMouseEvent* event) override;

@@ -40,6 +40,25 @@ void DrawButton(const QStyleOption& option, QPainter& painter, const QWidget* wi
     DrawBox(painter, option.rect, fill, focused ? theme.accent : theme.edge, focused ? FocusEdge(option) : kEdge);
 }
 
+/// A ring that can be seen in a dark window, too, and a dot in it.
+void DrawChoice(const QStyleOption& option, QPainter& painter) {
+    const Theme theme = ThemeOf(option.palette);
+    const double size = std::min(option.rect.width(), option.rect.height()) - 1;
+    const QRectF ring{option.rect.x() + 0.5, option.rect.y() + 0.5, size, size};
+    painter.save();
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(theme.quietText);
+    painter.setBrush(theme.field);
+    painter.drawEllipse(ring);
+    if (option.state.testFlag(QStyle::State_On)) {
+        const double inset = size * 0.27;
+        painter.setPen(Qt::NoPen);
+        painter.setBrush(theme.text);
+        painter.drawEllipse(ring.adjusted(inset, inset, -inset, -inset));
+    }
+    painter.restore();
+}
+
 void DrawHeading(const QStyleOption& option, QPainter& painter) {
     const Theme theme = ThemeOf(option.palette);
     painter.fillRect(option.rect, theme.stripe);
@@ -104,6 +123,8 @@ void ProgramStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* o
         DrawField(*option, *painter, widget);
     } else if (element == PE_PanelButtonCommand) {
         DrawButton(*option, *painter, widget);
+    } else if (element == PE_IndicatorRadioButton) {
+        DrawChoice(*option, *painter);
     } else if (element == PE_FrameFocusRect && widget != nullptr && widget->inherits("QPushButton")) {
         return;  // the edge shows it
     } else {

@@ -123,6 +123,11 @@ void RowsWidget::SetRowsInView(int count) {
     SpreadRows();
 }
 
+QSize RowsWidget::Needed(int /*width*/) const {
+    constexpr int kFewest = 2;
+    return {0, kFewest * fontMetrics().height() * 3 / 2 + (header()->isHidden() ? 0 : header()->height())};
+}
+
 void RowsWidget::SpreadRows() {
     if (rowsInView_ <= 0) {
         return;
@@ -182,10 +187,14 @@ void RowsWidget::SpreadColumns() {
 
 void RowsWidget::paintEvent(QPaintEvent* event) {
     QTreeView::paintEvent(event);
+    const Theme theme = ThemeOf(parentWidget()->palette());
+    QPainter painter{viewport()};
     if (IsFocusMarked(*this)) {
-        QPainter painter{viewport()};
-        painter.setPen(QPen{ThemeOf(palette()).accent, 2});
+        painter.setPen(QPen{theme.accent, 2});
         painter.drawRect(viewport()->rect().adjusted(1, 1, -1, -1));
+    } else if (AsListView(Logical()) == nullptr) {
+        painter.setPen(theme.edge);
+        painter.drawRect(viewport()->rect().adjusted(0, 0, -1, -1));
     }
 }
 

@@ -36,6 +36,8 @@ public:
 
     /// Sets the rows so far apart that this many fill the list, as far as that can be read well.
     void SetRowsInView(int count);
+    /// For two rows and the heading: more of them scroll.
+    QSize Needed(int width) const override;
 
 protected:
     void ShowState() override;

@@ -154,6 +154,17 @@ QSize FieldWidget::minimumSizeHint() const {
     return sizeHint();
 }
 
+QSize FieldWidget::Needed(int /*width*/) const {
+    constexpr int kEdges = 4;
+    constexpr int kSome = 3;
+    constexpr int kFewest = 2;
+    const int limit = box_.State().maxLength;
+    const int characters = limit > 0 ? std::min(limit, kSome) : kFewest;
+    const QMargins margins = textMargins();
+    const int inside = fontMetrics().horizontalAdvance('W') * characters;
+    return {inside + margins.left() + margins.right(), fontMetrics().height() + kEdges};
+}
+
 void FieldWidget::ShowState() {
     const ControlState& state = box_.State();
     showing_ = true;
@@ -164,8 +175,10 @@ void FieldWidget::ShowState() {
     const int begin = shown_.Shown(state.selStart);
     const int end = shown_.Shown(state.selStart + state.selLength);
     if (begin == end) {
-        deselect();
-        setCursorPosition(begin);
+        if (hasSelectedText() || cursorPosition() != begin) {  // else what is being composed would be lost
+            deselect();
+            setCursorPosition(begin);
+        }
     } else if (state.caretAtStart) {
         setSelection(end, begin - end);
     } else {
@@ -222,6 +235,10 @@ PageWidget::PageWidget(TextBox& box, const OperatorInput& input, QWidget* parent
             mouse_.Replace(toPlainText());
         }
     });
+}
+
+QSize PageWidget::Needed(int /*width*/) const {
+    return {0, fontMetrics().height() * 5 / 2};
 }
 
 void PageWidget::ShowState() {

@@ -40,6 +40,8 @@ public:
 
     QSize sizeHint() const override;
     QSize minimumSizeHint() const override;
+    /// For the first few characters that the control takes: a longer text moves along.
+    QSize Needed(int width) const override;
 
 protected:
     void ShowState() override;
@@ -63,6 +65,9 @@ private:
 class PageWidget : public WidgetOf<QPlainTextEdit> {
 public:
     PageWidget(TextBox& box, const OperatorInput& input, QWidget* parent);
+
+    /// For two lines: a longer text scrolls.
+    QSize Needed(int width) const override;
 
 protected:
     void ShowState() override;

@@ -7,6 +7,10 @@
 namespace tallyhut {
 namespace {
 
+/// Calmer than white and black, and just far enough from them for a pure blue, a pure yellow and their like.
+constexpr QColor kLightSheet{0xB9, 0xBE, 0xC4};
+constexpr QColor kDarkSheet{0x1C, 0x22, 0x28};
+
 double LinearLight(double channel) {
     return channel <= 0.03928 ? channel / 12.92 : std::pow((channel + 0.055) / 1.055, 2.4);
 }
@@ -36,18 +40,19 @@ Theme ThemeOf(const QPalette& palette) {
     const QColor text = palette.color(QPalette::Active, QPalette::Text);
     Theme theme;
     theme.dark = Luminance(window) < Luminance(palette.color(QPalette::Active, QPalette::WindowText));
-    theme.panel = theme.dark ? Mixed(base, QColor{Qt::white}, 0.94) : base;
-    theme.ground = theme.dark ? Mixed(base, QColor{Qt::black}, 0.75) : Mixed(window, QColor{0xE6, 0xEC, 0xF1}, 0.5);
-    theme.text = text;
-    theme.quietText = MadeReadable(Mixed(text, theme.panel, 0.62), theme.panel);
-    theme.edge = Mixed(text, theme.panel, 0.17);
-    theme.stripe = Mixed(text, theme.panel, 0.035);
-    theme.field = Mixed(text, theme.panel, theme.dark ? 0.08 : 0.045);
+    // A panel is a little less than the brightest, which is left for the field that keys go to.
+    theme.panel = Mixed(base, theme.dark ? Qt::white : Qt::black, theme.dark ? 0.94 : 0.975);
+    theme.ground = theme.dark ? Mixed(base, Qt::black, 0.75) : Mixed(window, QColor{0xDC, 0xE4, 0xEB}, 0.35);
+    theme.text = Contrast(text, theme.panel) >= kReadableContrast ? text : TextOn(theme.panel);
+    theme.quietText = MadeReadable(Mixed(theme.text, theme.panel, 0.62), theme.panel);
+    theme.edge = Mixed(theme.text, theme.panel, 0.17);
+    theme.stripe = Mixed(theme.text, theme.panel, 0.035);
+    theme.field = Mixed(theme.text, theme.panel, theme.dark ? 0.08 : 0.045);
     theme.focusField = theme.dark ? QColor{0xF4, 0xF8, 0xFC} : QColor{Qt::white};
     theme.focusText = Qt::black;
     theme.accent = MadeReadable(QColor{0x15, 0x65, 0xC0}, theme.panel);
-    theme.button = Mixed(text, theme.panel, theme.dark ? 0.14 : 0.08);
-    theme.buttonText = text;
+    theme.button = Mixed(theme.text, theme.panel, theme.dark ? 0.14 : 0.08);
+    theme.buttonText = theme.text;
     return theme;
 }
 
@@ -84,13 +89,17 @@ QColor GroundFor(const QColor& text, const QColor& ground) {
     if (Contrast(text, ground) >= kReadableContrast) {
         return ground;
     }
-    constexpr std::array kSheets{QColor{0xC8, 0xCD, 0xD2}, QColor{0x1C, 0x22, 0x28}};  // calmer than white and black
+    constexpr std::array kSheets{kLightSheet, kDarkSheet};
     for (const QColor& sheet : kSheets) {
         if (Contrast(text, sheet) >= kReadableContrast) {
             return sheet;
         }
     }
     return TextOn(text);
+}
+
+QColor DarkSheet() {
+    return kDarkSheet;
 }
 
 QColor Mixed(const QColor& one, const QColor& other, double share) {

@@ -39,6 +39,9 @@ QColor TextOn(const QColor& ground);
 /// The ground itself, if the text can be read on it, or else a light or a dark one.
 QColor GroundFor(const QColor& text, const QColor& ground);
 
+/// A dark ground on which light colours can be read, in a light window, too.
+QColor DarkSheet();
+
 /// `share` of the one colour and the rest of the other.
 QColor Mixed(const QColor& one, const QColor& other, double share);
 

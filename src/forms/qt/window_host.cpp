@@ -6,7 +6,9 @@
 #include <QScreen>
 #include <QTimer>
 #include <algorithm>
+#include <iterator>
 #include <utility>
+#include <vector>
 
 #include "forms/qt/form_layout.h"
 #include "forms/qt/form_menus.h"
@@ -77,6 +79,11 @@ Place InUnits(const QRect& pixels) {
             pixels.height() * kUnitsPerPixel};
 }
 
+bool StepsThroughAll(const QKeyEvent& press) {
+    return press.modifiers().testFlag(Qt::ControlModifier) &&
+           (press.key() == Qt::Key_Tab || press.key() == Qt::Key_Backtab);
+}
+
 /// The form whose window a widget is in; null for those of dialogs and menus.
 Form* FormOf(QObject* object) {
     if (!object->isWidgetType()) {
@@ -139,16 +146,51 @@ bool WindowHost::eventFilter(QObject* watched, QEvent* event) {
         return false;
     }
     if (event->type() == QEvent::KeyPress) {
-        if (const auto key = KeyFromEvent(*static_cast<QKeyEvent*>(event))) {
+        if (StepsThroughAll(*static_cast<QKeyEvent*>(event))) {
+            const bool backwards = static_cast<QKeyEvent*>(event)->modifiers().testFlag(Qt::ShiftModifier);
+            input_.Do([this, backwards] { FocusNext(backwards); });
+        } else if (const auto key = KeyFromEvent(*static_cast<QKeyEvent*>(event))) {
             input_.Press(*key);
         }
     } else if (event->type() == QEvent::InputMethod) {
-        for (const Key& key : KeysFromText(static_cast<QInputMethodEvent*>(event)->commitString())) {
+        auto& composed = *static_cast<QInputMethodEvent*>(event);
+        for (const Key& key : KeysFromText(composed.commitString())) {
             input_.Press(key);
         }
+        composed.setCommitString({});
+        return false;  // the widget shows what is still being composed
     }
     event->accept();
     return true;
+}
+
+/// Tab itself visits what the program calls a tab stop. So that nothing is out of a keyboard's reach, Ctrl+Tab visits
+/// all that can have the focus, in reading order.
+void WindowHost::FocusNext(bool backwards) {
+    Form* form = desk_.Active();
+    const auto view = views_.find(form);
+    if (view == views_.end()) {
+        return;
+    }
+    const auto cornerOf = [&view](const Control* control) {
+        const QWidget& widget = view->second->widgets.at(control)->Widget();
+        const QPoint corner = widget.mapTo(widget.window(), QPoint{});
+        return std::pair{corner.y(), corner.x()};
+    };
+    std::vector<Control*> stops;
+    std::ranges::copy_if(form->Controls(), std::back_inserter(stops), [&view](const Control* control) {
+        return control->CanTakeFocus() && view->second->widgets.contains(control);
+    });
+    if (stops.empty()) {
+        return;
+    }
+    std::ranges::stable_sort(stops, {}, cornerOf);
+    if (backwards) {
+        std::ranges::reverse(stops);
+    }
+    const auto present = std::ranges::find(stops, form->Focus());
+    const bool wraps = present == stops.end() || present + 1 == stops.end();
+    (wraps ? stops.front() : *(present + 1))->SetFocus();
 }
 
 void WindowHost::Flush() {
@@ -256,6 +298,7 @@ void WindowHost::SyncForm(Form& form) {
     FormView& view = ViewOf(form);
     FormWindow& window = *view.window;
     window.setWindowTitle(TitleOf(form));
+    window.setAccessibleName(TitleOf(form));
     PutInPlace(view);
     if (form.IsMinimised()) {
         if (!window.isMinimized()) {
@@ -285,7 +328,10 @@ void WindowHost::PutInPlace(FormView& view) {
     view.place = form.FormPlace();
     const QRect whole = QGuiApplication::primaryScreen()->geometry();
     const QRect workArea = QGuiApplication::primaryScreen()->availableGeometry();
-    const QRect wanted = IsUnplaced(form) ? DefaultPlace(form, workArea) : InPixels(view.place);
+    QRect wanted = IsUnplaced(form) ? DefaultPlace(form, workArea) : InPixels(view.place);
+    if (form.design.neverActive) {
+        wanted.moveTop(workArea.top());  // above the form that keys go to
+    }
     view.placing = true;
     if (!form.design.dialog && (CoversScreen(wanted, workArea) || CoversScreen(wanted, whole))) {
         view.window->setGeometry(workArea);

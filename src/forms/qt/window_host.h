@@ -42,6 +42,7 @@ private:
     void SyncForm(Form& form);
     static void SyncFocus(const FormView& view);
     void SyncActive();
+    void FocusNext(bool backwards);
     void MarkFocus();
     FormView& ViewOf(Form& form);
     void AddWidget(FormView& view, Control& control);

@@ -1,0 +1,105 @@
+#include "forms/qt/theme.h"
+
+#include <gtest/gtest.h>
+
+#include <array>
+
+#include "forms/Form1.h"
+#include "log/preferences.h"
+
+namespace tallyhut {
+namespace {
+
+QPalette LightDesktop() {
+    return QPalette{QColor{0xEF, 0xEF, 0xEF}};
+}
+
+QPalette DarkDesktop() {
+    QPalette palette{QColor{0x31, 0x36, 0x3B}, QColor{0x2A, 0x2E, 0x32}};
+    palette.setColor(QPalette::Base, QColor{0x1B, 0x1E, 0x20});
+    palette.setColor(QPalette::Text, QColor{0xFC, 0xFC, 0xFC});
+    palette.setColor(QPalette::WindowText, QColor{0xFC, 0xFC, 0xFC});
+    return palette;
+}
+
+struct ThemeTest : testing::TestWithParam<bool> {
+    Theme theme = ThemeOf(GetParam() ? DarkDesktop() : LightDesktop());
+};
+
+INSTANTIATE_TEST_SUITE_P(Desktops, ThemeTest, testing::Bool(),
+                         [](const auto& test) { return test.param ? "Dark" : "Light"; });
+
+/// The colours that the program tells with a meaning: message grounds, section texts, spots.
+constexpr std::array<Colour, 9> kToldTexts{0xFF0000, 0x000080, 0x008000, 0x00FF00, 0x80FFFF,
+                                           0xFFFFFF, 0xC0C0C0, 0x0000FF, 0x000000};
+constexpr std::array<Colour, 4> kToldGrounds{kDialogNormal, kDialogDupe, 0xFFFFC0, 0xC0FFFF};
+
+TEST(Contrast, IsThatOfTheStandard) {
+    EXPECT_DOUBLE_EQ(Contrast(Qt::black, Qt::white), 21);
+    EXPECT_DOUBLE_EQ(Contrast(Qt::white, Qt::white), 1);
+    EXPECT_NEAR(Contrast(QColor{0x77, 0x77, 0x77}, Qt::white), 4.48, 0.01);
+}
+
+TEST_P(ThemeTest, KnowsADarkDesktop) {
+    EXPECT_EQ(theme.dark, GetParam());
+}
+
+TEST_P(ThemeTest, TextIsReadableOnEveryGroundThatItStandsOn) {
+    for (const QColor& ground : {theme.panel, theme.stripe, theme.field, theme.button}) {
+        EXPECT_GE(Contrast(theme.text, ground), kReadableContrast) << ground.name().toStdString();
+    }
+    EXPECT_GE(Contrast(theme.quietText, theme.panel), kReadableContrast);
+    EXPECT_GE(Contrast(theme.focusText, theme.focusField), kReadableContrast);
+    EXPECT_GE(Contrast(theme.buttonText, theme.button), kReadableContrast);
+    EXPECT_GE(Contrast(TextOn(theme.accent), theme.accent), kReadableContrast);
+}
+
+TEST_P(ThemeTest, TheFieldThatKeysGoToIsTheBrightest) {
+    for (const QColor& other : {theme.ground, theme.panel, theme.stripe, theme.field, theme.button,
+                                GroundFor(QColor{0, 0, 255}, theme.panel)}) {
+        EXPECT_GT(Contrast(theme.focusField, Qt::black), Contrast(other, Qt::black)) << other.name().toStdString();
+    }
+}
+
+TEST_P(ThemeTest, ToldTextHasAGroundOnWhichItCanBeRead) {
+    for (const Colour told : kToldTexts) {
+        const QColor text = ToQColor(told, theme);
+        EXPECT_GE(Contrast(text, GroundFor(text, theme.panel)), kReadableContrast) << std::hex << told;
+    }
+}
+
+TEST_P(ThemeTest, SoHasEveryColourThatAnOperatorCanChoose) {
+    constexpr int kStep = 0x11;
+    for (int red = 0; red <= 0xFF; red += kStep) {
+        for (int green = 0; green <= 0xFF; green += kStep) {
+            for (int blue = 0; blue <= 0xFF; blue += kStep) {
+                const QColor text{red, green, blue};
+                ASSERT_GE(Contrast(text, GroundFor(text, theme.panel)), kReadableContrast) << text.name().toStdString();
+            }
+        }
+    }
+}
+
+TEST_P(ThemeTest, ToldGroundHasATextThatCanBeReadOnIt) {
+    for (const Colour told : kToldGrounds) {
+        const QColor ground = ToQColor(told, theme);
+        EXPECT_GE(Contrast(TextOn(ground), ground), kReadableContrast) << std::hex << told;
+    }
+}
+
+TEST_P(ThemeTest, SpotColoursAreReadableOnTheSheetOfTheBandMap) {
+    for (const Colour told : {0x80FFFF, 0xFFFFFF, 0xC0C0C0}) {
+        EXPECT_GE(Contrast(ToQColor(told, theme), DarkSheet()), kReadableContrast) << std::hex << told;
+    }
+}
+
+TEST(Theme, ToldColoursKeepTheirValues) {
+    const Theme theme = ThemeOf(LightDesktop());
+    EXPECT_EQ(ToQColor(kDialogDupe, theme), (QColor{255, 0, 0}));
+    EXPECT_EQ(ToQColor(kDialogNormal, theme), (QColor{0, 0xC0, 0xC0}));
+    EXPECT_EQ(ToQColor(Preferences{}.gColorWorked, theme), (QColor{0, 0, 255}));
+    EXPECT_EQ(FromQColor(QColor{1, 2, 3}), 0x030201);
+}
+
+}  // namespace
+}  // namespace tallyhut

@@ -1,0 +1,343 @@
+// What must hold for every window of the program, whatever the size and the scale of the screen: the tests run once for
+// each of them.
+
+#include <gtest/gtest.h>
+
+#include <QAccessible>
+#include <QScreen>
+#include <QScrollArea>
+#include <QScrollBar>
+#include <map>
+#include <memory>
+
+#include "forms/qt/control_widget.h"
+#include "tests/forms/shown_program.h"
+
+namespace tallyhut {
+namespace {
+
+QRect InWindow(QWidget& widget) {
+    return {widget.mapTo(widget.window(), QPoint{}), widget.size()};
+}
+
+std::string Text(const QRect& rect) {
+    return std::to_string(rect.x()) + ',' + std::to_string(rect.y()) + ' ' + std::to_string(rect.width()) + 'x' +
+           std::to_string(rect.height());
+}
+
+std::vector<ControlWidget*> ShownControls(const QWidget& window) {
+    std::vector<ControlWidget*> controls;
+    for (QWidget* widget : window.findChildren<QWidget*>()) {
+        auto* control = dynamic_cast<ControlWidget*>(widget);
+        if (control != nullptr && widget->isVisible()) {
+            controls.push_back(control);
+        }
+    }
+    return controls;
+}
+
+/// A text that changes is drawn smaller where it is long; all others have their full room.
+bool MayShrink(const Control& control) {
+    return control.name == "lblDialog" || control.name == "lblDupe";
+}
+
+bool LiesUnderOthers(const Control& control) {
+    return control.kind == ControlKind::Frame || control.kind == ControlKind::Line || control.name == "lblDX";
+}
+
+struct WindowWalkTest : testing::Test {
+    ShownProgram shown;
+    Program& program = shown.program;
+
+    void FillStation() {
+        program.form1.Label1.SetCaption("A");
+        program.form1.Label2.SetCaption("VE1OP/3XX");
+        program.form1.Label3.SetCaption("72");
+        program.form1.Label4.SetCaption("MAR");
+        program.form1.Timer2.Elapsed();
+        program.form1.txtCall.SetText("");
+        shown.Type("88aw9zzz");
+    }
+
+    void CheckFits(Form& form) {
+        QWidget& window = shown.WindowOf(form);
+        for (ControlWidget* control : ShownControls(window)) {
+            QWidget& widget = control->Widget();
+            const std::string name = form.name + '.' + control->Logical().FullName();
+            const QRect place = InWindow(widget);
+            EXPECT_TRUE(window.rect().contains(place))
+                << name << " at " << Text(place) << " in " << Text(window.rect());
+            if (!MayShrink(control->Logical())) {
+                const QSize need = control->Needed(widget.width());
+                EXPECT_LE(need.width(), widget.width()) << name;
+                EXPECT_LE(need.height(), widget.height() + 1) << name;
+            }
+        }
+    }
+
+    void CheckApart(Form& form) {
+        const std::vector<ControlWidget*> controls = ShownControls(shown.WindowOf(form));
+        for (auto one = controls.begin(); one != controls.end(); ++one) {
+            for (auto other = one + 1; other != controls.end(); ++other) {
+                if (LiesUnderOthers((*one)->Logical()) || LiesUnderOthers((*other)->Logical())) {
+                    continue;
+                }
+                EXPECT_FALSE(InWindow((*one)->Widget()).intersects(InWindow((*other)->Widget())))
+                    << form.name << ": " << (*one)->Logical().FullName() << " lies on "
+                    << (*other)->Logical().FullName();
+            }
+        }
+    }
+
+    void Check(Form& form, const std::string& state = "") {
+        shown.Settle();
+        CheckFits(form);
+        CheckApart(form);
+        if (HasFailure() || qEnvironmentVariableIsSet("TALLYHUT_KEEP_SCREENSHOTS")) {
+            shown.KeepScreenshot(form, form.name + state);
+        }
+    }
+};
+
+TEST_F(WindowWalkTest, NothingOfTheMainFormIsCutOrLiesOnAnother) {
+    FillStation();
+    Check(program.form1);
+}
+
+TEST_F(WindowWalkTest, NorWithEverythingShown) {
+    FillStation();
+    Form1& form = program.form1;
+    for (Control* control : {static_cast<Control*>(&form.lblPostConTime), static_cast<Control*>(&form.txtPostConTime),
+                             static_cast<Control*>(&form.lblPostConDate), static_cast<Control*>(&form.txtPostConDate),
+                             static_cast<Control*>(&form.cmdEdit), static_cast<Control*>(&form.cmdDelete)}) {
+        control->SetVisible(true);
+    }
+    program.time.cmdLogOn_Click();
+    form.lblDialog.SetCaption("Duplicate VE1OP/3XX MAR 11/07 21:04:33 ON 160  Rec#  10999  Serial Rcvd: 10999");
+    form.lblDialog.SetBackColor(kDialogDupe);
+    form.lblDupe.SetCaption(
+        "  West Central Florida   Total = 1234\r\n  160 = 200   80 = 200   40 = 200   20 = 200   15 "
+        "= 200   10 = 234\r\n  Recent Spot: W4ZZZ/MM  -  14.0123  -  21:04");
+    form.lblTotCon.SetCaption("10999");
+    form.lblTotScore.SetCaption("1825834");
+    form.cmdList.SetCaption("All");
+    Check(form, "-full");
+}
+
+TEST_F(WindowWalkTest, NothingOfADialogIsCutOrLiesOnAnother) {
+    program.form1.ListView1.SelectRow(1);
+    for (Form* form : program.desk.Forms()) {
+        if (form->design.dialog && !form->Controls().empty()) {
+            shown.Show(*form);
+            Check(*form);
+            form->Hide();
+        }
+    }
+}
+
+TEST_F(WindowWalkTest, TheWarningsOfTheEditFormMoveNothing) {
+    program.form1.ListView1.SelectRow(1);
+    frmEditCon& form = program.editForm;
+    QWidget& window = shown.Show(form);
+    std::map<const ControlWidget*, QRect> before;
+    for (ControlWidget* control : ShownControls(window)) {
+        before[control] = InWindow(control->Widget());
+    }
+    form.Label1.SetVisible(true);
+    form.Label2.SetVisible(true);
+    form.cmdDeleteDupe.SetVisible(true);
+    Check(form, "-warnings");
+    for (ControlWidget* control : ShownControls(window)) {
+        const auto found = before.find(control);
+        EXPECT_TRUE(found == before.end() || found->second == InWindow(control->Widget()))
+            << control->Logical().FullName();
+    }
+}
+
+TEST_F(WindowWalkTest, TypingMovesNothingOnTheMainForm) {
+    QWidget& window = shown.WindowOf(program.form1);
+    std::map<const ControlWidget*, QRect> before;
+    for (ControlWidget* control : ShownControls(window)) {
+        before[control] = InWindow(control->Widget());
+    }
+    program.time.cmdLogOn_Click();
+    shown.Type("88aw4an");
+    shown.Settle();
+    for (ControlWidget* control : ShownControls(window)) {
+        EXPECT_EQ(Text(before.at(control)), Text(InWindow(control->Widget()))) << control->Logical().FullName();
+    }
+}
+
+/// A form as full as a form gets, of all kinds of controls.
+struct DenseForm : Form {
+    explicit DenseForm(Desk& owner, bool scaledByItself = false)
+        : Form{owner, "frmDense", "Dense", {.width = 9000, .height = 6600}},
+          captions{0, kRows - 1,
+                   [this](int i) {
+                       return std::make_unique<Label>(*this, "lblField", i, "Number of sections " + std::to_string(i),
+                                                      LabelDesign{.place = {180, Top(i) + 45, 1900, 225}});
+                   }},
+          fields{0, kRows - 1, [this](int i) {
+                     return std::make_unique<TextBox>(
+                         *this, "txtField" + std::to_string(i),
+                         TextBoxDesign{.place = {2160, Top(i), 1500, 315}, .tabIndex = i + 1});
+                 }} {
+        for (int i = 0; i < 4; ++i) {
+            options.push_back(std::make_unique<Option>(
+                *this, "optPower" + std::to_string(i), "Operator power " + std::to_string(i),
+                ButtonDesign{.place = {4140, 480 + i * 315.0, 1800, 285}, .tabIndex = 40 + i}));
+            options.back()->PutInto(frame);
+        }
+        SetFormPlace({0, 0, design.width, design.height});
+        if (scaledByItself) {
+            ScaleLikeTheProgram();
+        }
+    }
+
+    static constexpr int kRows = 16;
+    static double Top(int row) { return 180 + row * 360.0; }
+
+    /// Twice the design in each direction, and text by as much as forms let it grow.
+    void ScaleLikeTheProgram() {
+        SetFormPlace({0, 0, design.width * 2, design.height * 2});
+        for (Control* control : Controls()) {
+            const Place& place = control->State().place;
+            control->SetPlace({place.left * 2, place.top * 2, place.width * 2, place.height * 2});
+            control->SetFontSize(control->State().fontSize * 1.5);
+        }
+    }
+
+    FrameBox frame{*this, "Frame1", "Power:", {3960, 180, 2160, 1650}};
+    std::vector<std::unique_ptr<Option>> options;
+    CheckBox check{*this, "chkSpots", "Color needed spots green", {.place = {6360, 180, 2400, 300}, .tabIndex = 50}};
+    Button change{*this, "cmdChange", "Change \"Remaining\" Color", {.place = {6360, 600, 2400, 375}, .tabIndex = 51}};
+    Label hint{*this,
+               "lblHint",
+               "A text of some length that goes on in a second and in a third line where it has to.",
+               {.place = {3960, 2000, 4800, 700}}};
+    TextBox page{*this, "txtPage", {.place = {3960, 2880, 4800, 1500}, .tabIndex = 52, .multiLine = true}};
+    List list{*this, "lstRigs", {.place = {3960, 4560, 4800, 1200}, .tabIndex = 53}};
+    Button done{*this, "cmdDone", "Done", {.place = {7440, 6000, 1320, 420}, .tabIndex = 54}};
+    ControlArray<Label> captions;
+    ControlArray<TextBox> fields;
+};
+
+TEST_F(WindowWalkTest, ADenseDialogIsDrawnWholeFromItsDesign) {
+    DenseForm form{program.desk};
+    form.page.SetText("This is a soapbox.\r\nIt has two lines.");
+    form.list.SetItems({"Kenwood", "Yaesu 990", "Icom"});
+    shown.Show(form);
+    Check(form);
+}
+
+TEST_F(WindowWalkTest, SoIsOneThatHasScaledItself) {
+    DenseForm form{program.desk, true};
+    QWidget& window = shown.Show(form);
+    window.resize(QGuiApplication::primaryScreen()->availableSize() * 0.9);
+    Check(form, "-scaled");
+}
+
+TEST_F(WindowWalkTest, AWindowThatIsTooSmallForItsTextScrolls) {
+    DenseForm form{program.desk};
+    QWidget& window = shown.Show(form);
+    window.resize(180, 120);
+    shown.Settle();
+    auto* bar = window.findChild<QScrollArea*>()->verticalScrollBar();
+    EXPECT_GT(bar->maximum(), 0);
+    form.done.SetFocus();
+    shown.Settle();
+    EXPECT_GT(bar->value(), 0) << "what has the focus is in view";
+}
+
+/// The picture of the spots as the core lays it out: a frame, a scale, and labels beside the scale.
+TEST_F(WindowWalkTest, TheStripOfTheSpotsTakesItsRoomFromTheContacts) {
+    FillStation();
+    QWidget& window = shown.WindowOf(program.form1);
+    const auto* contacts = window.findChild<QWidget*>("ListView1");
+    const auto* call = window.findChild<QWidget*>("txtCall");
+    const int wide = contacts->width();
+    const QRect callBefore = call->geometry();
+    Form1& form = program.form1;
+    Label frame{form, "lblDX", "", {.place = {8000, 2480, 1500, 4600}}};
+    Line scale{form, "LineDX", 8900, 7000, 8900, 2600};
+    program.desk.outlets.controlAdded(frame);
+    program.desk.outlets.controlAdded(scale);
+    RuntimeLabels spots{form, "lblDXSpot"};
+    for (int i = 0; i < 6; ++i) {
+        spots.Make("VE" + std::to_string(i), {.place = {8300, 2700 + i * 700.0, 580, 220}, .foreColor = 0x80FFFF});
+    }
+    RuntimeLabels marks{form, "lblFreqSpot"};
+    for (int i = 0; i < 5; ++i) {
+        marks.Make("7.02" + std::to_string(i), {.place = {8930, 6900 - i * 1080.0, 560, 220}, .foreColor = 0xFFFFFF});
+    }
+    Check(form, "-spots");
+    EXPECT_LT(contacts->width(), wide);
+    EXPECT_EQ(Text(call->geometry()), Text(callBefore));
+    frame.SetVisible(false);
+    scale.SetVisible(false);
+    spots.RemoveAll();
+    marks.RemoveAll();
+    shown.Settle();
+    EXPECT_EQ(contacts->width(), wide);
+}
+
+bool MustBeNamed(QAccessible::Role role) {
+    switch (role) {
+        case QAccessible::EditableText:
+        case QAccessible::StaticText:
+        case QAccessible::PushButton:
+        case QAccessible::RadioButton:
+        case QAccessible::CheckBox:
+        case QAccessible::Grouping:
+        case QAccessible::Tree:
+        case QAccessible::Table:
+        case QAccessible::List:
+        case QAccessible::MenuItem:
+        case QAccessible::Window:
+            return true;
+        default:
+            return false;
+    }
+}
+
+/// Names what has none, with the way to it.
+void WalkNames(QAccessibleInterface& item, const std::string& way, int& controls) {
+    const std::string here = way + " > role " + std::to_string(item.role());
+    if (MustBeNamed(item.role())) {
+        ++controls;
+        EXPECT_FALSE(item.text(QAccessible::Name).trimmed().isEmpty())
+            << here << ' ' << (item.object() == nullptr ? "" : item.object()->objectName().toStdString());
+    }
+    const bool cells = item.role() == QAccessible::Tree || item.role() == QAccessible::Table;
+    for (int i = 0; i < item.childCount() && !cells; ++i) {
+        if (QAccessibleInterface* child = item.child(i)) {
+            WalkNames(*child, here + ' ' + item.text(QAccessible::Name).toStdString(), controls);
+        }
+    }
+}
+
+TEST_F(WindowWalkTest, EveryControlHasANameAndARoleForScreenReaders) {
+    program.form1.ListView1.SelectRow(1);
+    for (Form* form : program.desk.Forms()) {
+        if (form->Controls().empty()) {
+            continue;
+        }
+        QWidget& window = shown.Show(*form);
+        for (ControlWidget* control : ShownControls(window)) {
+            QAccessibleInterface* item = QAccessible::queryAccessibleInterface(&control->Widget());
+            ASSERT_NE(item, nullptr) << form->name << '.' << control->Logical().FullName();
+            EXPECT_NE(item->role(), QAccessible::NoRole) << form->name << '.' << control->Logical().FullName();
+            EXPECT_FALSE(item->text(QAccessible::Name).trimmed().isEmpty())
+                << form->name << '.' << control->Logical().FullName();
+        }
+        int controls = 0;
+        WalkNames(*QAccessible::queryAccessibleInterface(&window), form->name, controls);
+        EXPECT_GT(controls, 1) << form->name;
+        if (form != &program.form1) {
+            form->Hide();
+        }
+    }
+}
+
+}  // namespace
+}  // namespace tallyhut

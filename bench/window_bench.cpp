@@ -24,6 +24,7 @@
 #include "platform/sim/environment.h"
 #include "platform/sim/files.h"
 #include "platform/sim/printer.h"
+#include "platform/sim/serial_port.h"
 #include "platform/sim/settings_store.h"
 
 namespace tallyhut {

@@ -3,6 +3,7 @@
 #include "app/about.h"
 #include "platform/platform_error.h"
 #include "support/form_scaling.h"
+#include "support/port_texts.h"
 
 namespace tallyhut {
 namespace {
@@ -214,6 +215,7 @@ void Program::BindHelpForm() {
 
 void Program::BindRigForm() {
     rigForm.Form_Load = [this] { rigSetup.RigControlfrm_Load(); };
+    rigForm.Form_Activate = [this] { SetPortToolTips(rigForm.optComm, machine.serialPorts); };
     rigForm.Form_Unload = [this] { rigSetup.RigControlfrm_Unload(); };
     rigForm.tmrGetData.Elapsed = [this] { rigPoll.tmrGetData_Elapsed(); };
     rigForm.List1.Click = [this] { rigSetup.List1_Click(); };

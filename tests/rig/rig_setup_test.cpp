@@ -31,6 +31,18 @@ struct RigSetupTest : RigFixture {
     void StoreRigSettings(const std::string& text) { files.Put(kRigSettingsPath, text); }
 };
 
+TEST_F(RigSetupTest, PortsTellTheirDevicesAsChosenLast) {
+    Start();
+    Rig().Show();
+    TheDesk().RunPending();
+    EXPECT_EQ(Rig().optComm(8).State().toolTip, "no device");
+    Rig().Hide();
+    serialPorts.Choose(9, "/tmp/rig");
+    Rig().Show();
+    TheDesk().RunPending();
+    EXPECT_EQ(Rig().optComm(8).State().toolTip, "/tmp/rig");
+}
+
 TEST_F(RigSetupTest, ListHasNineteenRadios) {
     Start();
     Rig().Show();

@@ -17,9 +17,10 @@
 
 namespace tallyhut {
 
-/// The whole program on a simulated machine with a log of so many contacts.
+/// The whole program on a simulated machine with a log of so many contacts; its serial ports may be real ones.
 struct LoadedProgram {
-    explicit LoadedProgram(int contacts) {
+    explicit LoadedProgram(int contacts, SerialPorts* realPorts = nullptr)
+        : ports{realPorts == nullptr ? serialPorts : *realPorts} {
         program.form1.Form_Load = {};  // no questions
         program.form1.Show();
         program.sections.Fill(program.form1);
@@ -46,6 +47,7 @@ struct LoadedProgram {
     sim::Screen screen;
     sim::Environment environment;
     sim::SerialPorts serialPorts{clock};
+    SerialPorts& ports;
     Program program{{.clock = clock,
                      .pump = pump,
                      .dialogs = dialogs,
@@ -55,7 +57,7 @@ struct LoadedProgram {
                      .settings = settings,
                      .screen = screen,
                      .environment = environment,
-                     .serialPorts = serialPorts},
+                     .serialPorts = ports},
                     "/contest"};
 };
 

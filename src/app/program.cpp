@@ -216,6 +216,7 @@ void Program::BindHelpForm() {
 void Program::BindRigForm() {
     rigForm.Form_Load = [this] { rigSetup.RigControlfrm_Load(); };
     rigForm.Form_Activate = [this] { SetPortToolTips(rigForm.optComm, machine.serialPorts); };
+    rigForm.Form_QueryUnload = [this](bool& Cancel) { rigSetup.RigControlfrm_QueryUnload(Cancel); };
     rigForm.Form_Unload = [this] { rigSetup.RigControlfrm_Unload(); };
     rigForm.tmrGetData.Elapsed = [this] { rigPoll.tmrGetData_Elapsed(); };
     rigForm.List1.Click = [this] { rigSetup.List1_Click(); };
@@ -260,6 +261,8 @@ void Program::BindTuneForm() {
     form1.mnuRigTune.Click = [this] { tuneForm.Show(); };
     keys.onCtrlKey['G'] = [this] { tuneForm.Show(); };
 
+    frequencyTestForm.Text1.KeyPress = [this](int& KeyAscii) { frequencyTest.Text1_KeyPress(KeyAscii); };
+    frequencyTestForm.Text2.KeyPress = [this](int& KeyAscii) { frequencyTest.Text2_KeyPress(KeyAscii); };
     frequencyTestForm.Command1.Click = [this] { frequencyTest.Command1_Click(); };
     frequencyTestForm.Command2.Click = [this] { frequencyTest.Command2_Click(); };
     frequencyTestForm.cmdClose.Click = [this] { frequencyTest.cmdClose_Click(); };

@@ -38,6 +38,18 @@ std::string Digits(const FrequencyOrder& order, double countsPerMegahertz, std::
     return ZeroFilled(PlainText(static_cast<std::int64_t>(WholeCounts(order.frequency, countsPerMegahertz))), width);
 }
 
+/// For a command of bytes, which cannot end in half of one.
+std::string WholePairs(std::string digits, float frequency) {
+    if (digits.size() % 2 != 0) {
+        throw ValueError(PlainText(frequency) + " MHz is too high for the commands of this radio.");
+    }
+    return digits;
+}
+
+std::string PairsOfDigits(const FrequencyOrder& order, double countsPerMegahertz, std::size_t width) {
+    return WholePairs(Digits(order, countsPerMegahertz, width), order.frequency);
+}
+
 std::string PairsReversed(std::string_view digits) {
     std::string reversed;
     for (; !digits.empty(); digits.remove_prefix(std::min<std::size_t>(2, digits.size()))) {
@@ -70,15 +82,15 @@ std::string DualFrequency(const FrequencyOrder& order) {
 
 std::string IcomFrequency(const FrequencyOrder& order) {
     return HexToBytes("FEFE" + std::string{Middle(order.frequencyString, 6, 2)} + "E005" +
-                      PairsReversed(Digits(order, kHertz, 10)) + "FD");
+                      PairsReversed(PairsOfDigits(order, kHertz, 10)) + "FD");
 }
 
 std::string YaesuFrequency(const FrequencyOrder& order) {
-    return HexToBytes(Digits(order, kTensOfHertz, 8) + "01");
+    return HexToBytes(PairsOfDigits(order, kTensOfHertz, 8) + "01");
 }
 
 std::string YaesuReversedFrequency(const FrequencyOrder& order) {
-    return HexToBytes(PairsReversed(Digits(order, kTensOfHertz, 8)) + "0A");
+    return HexToBytes(PairsReversed(PairsOfDigits(order, kTensOfHertz, 8)) + "0A");
 }
 
 std::string PanelFrequency(const FrequencyOrder& order) {
@@ -86,6 +98,7 @@ std::string PanelFrequency(const FrequencyOrder& order) {
     // In 32 bits and in the caller's own variable: above 16777216 Hz the command is the float's nearest, and
     // the caller is left with 0.
     float& rest = order.frequency;
+    const float ordered = rest;
     rest = static_cast<float>(WholeCounts(rest, kHertz));
     std::string digits;
     while (rest > 0) {
@@ -93,7 +106,7 @@ std::string PanelFrequency(const FrequencyOrder& order) {
         digits.insert(digits.begin(), NibbleToHex(static_cast<unsigned>(rest - quotient * kBase)));
         rest = quotient;
     }
-    return HexToBytes("2A41" + ZeroFilled(digits, 8) + "0D");
+    return HexToBytes("2A41" + WholePairs(ZeroFilled(digits, 8), ordered) + "0D");
 }
 
 std::string OrionFrequency(const FrequencyOrder& order) {

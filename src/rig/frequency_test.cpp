@@ -1,7 +1,8 @@
 #include "rig/frequency_test.h"
 
 #include "platform/platform_error.h"
-#include "rig/typed_frequency.h"
+#include "rig/reply_numbers.h"
+#include "toolkit/key.h"
 #include "values/hex.h"
 #include "values/text.h"
 #include "values/value_error.h"
@@ -24,8 +25,22 @@ void FrequencyTest::Command1_Click() {
 
 /// A text that is no number tunes nothing.
 void FrequencyTest::Command2_Click() {
-    if (std::optional<float> frequency = TypedFrequency(form.Text2.Text())) {
+    if (std::optional<float> frequency = FloatOf(form.Text2.Text())) {
         commands.ChangeFrequency(*frequency);
+    }
+}
+
+void FrequencyTest::Text1_KeyPress(int& KeyAscii) {
+    if (KeyAscii == kKeyEnter) {
+        KeyAscii = 0;
+        Command1_Click();
+    }
+}
+
+void FrequencyTest::Text2_KeyPress(int& KeyAscii) {
+    if (KeyAscii == kKeyEnter) {
+        KeyAscii = 0;
+        Command2_Click();
     }
 }
 

@@ -18,6 +18,9 @@ struct FrequencyTest {
     void Command1_Click();
     /// Tunes.
     void Command2_Click();
+    /// Enter sends what stands in the box.
+    void Text1_KeyPress(int& KeyAscii);
+    void Text2_KeyPress(int& KeyAscii);
     void cmdClose_Click();
 };
 

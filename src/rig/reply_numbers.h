@@ -10,7 +10,7 @@ namespace tallyhut {
 /// The first `length` characters from `position` on, counted from 0; fewer or none where the text ends before.
 std::string_view Middle(std::string_view text, std::size_t position, std::size_t length);
 
-/// A decimal number that a float can hold.
+/// A number that a float can hold; nothing where the text is none.
 std::optional<float> FloatOf(std::string_view text);
 
 /// Decimal hertz as MHz, rounded to 5 decimals.

@@ -1,15 +1,48 @@
 #include "rig/rig_commands.h"
 
 #include "platform/platform_error.h"
+#include "toolkit/running.h"
 #include "values/value_error.h"
 
 namespace tallyhut {
+namespace {
+
+constexpr const char* kFrequencyError = "Error Changing Frequency";
+
+}  // namespace
 
 void RigCommands::ChangeFrequency(float& Frequency) {
-    if (!form.tmrGetData.Enabled()) {
+    if (!form.tmrGetData.Enabled() || !CanCarry(Frequency)) {
         return;
     }
     form.tmrGetData.SetTimerEnabled(false);
+    state.pollsAfter = true;
+    {
+        const Running command{state.commanding};
+        TuneStepByStep(Frequency);
+    }
+    form.tmrGetData.SetTimerEnabled(state.pollsAfter);
+}
+
+/// A number that no command holds costs nothing: it is told before the poll rests.
+bool RigCommands::CanCarry(float frequency) {
+    const FrequencyCommand command = RigNamed(preferences.gRigName).frequencyCommand;
+    try {
+        if (command != nullptr) {
+            command({.frequency = frequency, .frequencyString = settings.frequencyString, .vfoDigit = state.VfoDigit});
+        }
+    } catch (const ValueError& failure) {
+        Report(kFrequencyError, failure.what());
+        return false;
+    }
+    return true;
+}
+
+void RigCommands::TuneStepByStep(float& Frequency) {
+    const auto fail = [this](const std::exception& failure) {
+        state.pollsAfter = false;
+        Report(kFrequencyError, failure.what());
+    };
     try {
         if (RigNamed(preferences.gRigName).link != RigLink::Files) {
             comComm1.ReadAll();
@@ -20,11 +53,10 @@ void RigCommands::ChangeFrequency(float& Frequency) {
         WaitOutputDrained();
         SendFrequency(Frequency);
         WaitOutputDrained();
-        form.tmrGetData.SetTimerEnabled(true);
     } catch (const PlatformError& failure) {
-        Report("Error Changing Frequency", failure.what());
+        fail(failure);
     } catch (const ValueError& failure) {
-        Report("Error Changing Frequency", failure.what());
+        fail(failure);
     }
 }
 

@@ -47,6 +47,8 @@ struct RigCommands {
     void DelayMs(int Milliseconds);
 
 private:
+    void TuneStepByStep(float& Frequency);
+    bool CanCarry(float frequency);
     void SendMode(const std::string& mode);
     void SendFrequency(float& Frequency);
     void Report(const std::string& title, const std::string& text);

@@ -72,12 +72,12 @@ void RigSetup::ShowRecord(const RigRecord& record) {
     form.txtMode.SetText(record.settings.modeString);
     if (!record.rigName.empty()) {
         preferences.gRigName = record.rigName;
-        const std::vector<std::string>& rigs = form.List1.Items();
-        const auto row = std::ranges::find(rigs, record.rigName);
-        form.List1.SelectRow(row == rigs.end() ? -1 : static_cast<int>(row - rigs.begin()));
-        form.chkConvToHex.SetVisible(Rig().choosesConversion);
-        form.Label10.SetVisible(Rig().addressHint == AddressHint::WhenClickedOrLoaded);
     }
+    const std::vector<std::string>& rigs = form.List1.Items();
+    const auto row = std::ranges::find(rigs, preferences.gRigName);
+    form.List1.SelectRow(row == rigs.end() ? -1 : static_cast<int>(row - rigs.begin()));
+    form.chkConvToHex.SetVisible(Rig().choosesConversion);
+    form.Label10.SetVisible(Rig().addressHint == AddressHint::WhenClickedOrLoaded);
     const int port = settings.commPort - 1;
     if (port >= form.optComm.First() && port <= form.optComm.Last()) {
         form.optComm(port).SetValue(true);
@@ -146,10 +146,12 @@ void RigSetup::Command1_Click() {
         OpenRigPort();
     }
     if (comComm1.IsOpen() || Rig().link == RigLink::Files) {
-        poll.tmrGetData_Elapsed();
+        if (!state.commanding) {
+            poll.tmrGetData_Elapsed();
+        }
         StartPolling();
     } else {
-        form.tmrGetData.SetTimerEnabled(false);  // a repeated test may have found the port gone
+        StopPolling();  // a repeated test may have found the port gone
         ShowPolling(false);
     }
 }
@@ -205,7 +207,13 @@ void RigSetup::StartPolling() {
     if (rate != kPollRates.end()) {
         form.tmrGetData.SetInterval(rate->intervalMs);
     }
-    form.tmrGetData.SetTimerEnabled(true);
+    state.pollsAfter = true;
+    form.tmrGetData.SetTimerEnabled(!state.commanding);
+}
+
+void RigSetup::StopPolling() {
+    state.pollsAfter = false;
+    form.tmrGetData.SetTimerEnabled(false);
 }
 
 void RigSetup::ShowPolling(bool polling) {
@@ -217,7 +225,7 @@ void RigSetup::Command2_Click() {
     form.lblMode.SetCaption("");
     form.lblFreq.SetCaption("");
     form.lblUnProcess.SetCaption("");
-    form.tmrGetData.SetTimerEnabled(false);
+    StopPolling();
     ShowPolling(false);
     comComm1.Close();
 }
@@ -243,7 +251,14 @@ void RigSetup::cmdDone_Click() {
     form.Hide();
 }
 
+/// The poll and the commands live on the form: its close box hides it, with what stands on it.
+void RigSetup::RigControlfrm_QueryUnload(bool& Cancel) {
+    Cancel = true;
+    form.Hide();
+}
+
 void RigSetup::RigControlfrm_Unload() {
+    StopPolling();
     SayFarewell();
     comComm1.Close();
 }

@@ -29,6 +29,7 @@ struct RigSetup {
     bool FormLoading = false;  ///< a row that is selected meanwhile brings no defaults
 
     void RigControlfrm_Load();
+    void RigControlfrm_QueryUnload(bool& Cancel);
     void RigControlfrm_Unload();
     void List1_Click();
     void txtFreq_Change();
@@ -56,6 +57,7 @@ private:
     void ShowRecord(const RigRecord& record);
     void CommitForm();
     void TryOpen(const RigRow& rig);
+    void StopPolling();
     void ShowPolling(bool polling);
     void SayFarewell();
 };

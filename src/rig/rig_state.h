@@ -15,6 +15,9 @@ struct RigState {
     std::uint8_t ReadPhase = 0;  ///< 1: the next tick reads, else it sends
     std::uint8_t ModeTurn = 0;   ///< of radios that alternate: 1 when the frequency was asked for last
     std::uint8_t VfoDigit = kNoVfoYet;
+
+    bool commanding = false;  ///< a frequency command is under way: no poll tick falls between its steps
+    bool pollsAfter = false;  ///< whether the poll goes on behind it, as Test and End Test have it meanwhile
 };
 
 }  // namespace tallyhut

@@ -3,12 +3,10 @@
 #include <array>
 #include <optional>
 
-#include "platform/platform_error.h"
-#include "rig/typed_frequency.h"
+#include "rig/reply_numbers.h"
 #include "toolkit/key.h"
 #include "values/format.h"
 #include "values/number.h"
-#include "values/value_error.h"
 
 namespace tallyhut {
 namespace {
@@ -43,8 +41,8 @@ void KeepFrequencyKeys(int& KeyAscii) {
 }  // namespace
 
 void RigTune::Command1_Click() {
-    const std::optional<float> typed = TypedFrequency(form.txtFreq.Text());
-    if (typed && preferences.gRigName != "None") {
+    const std::optional<float> typed = FloatOf(form.txtFreq.Text());
+    if (typed && RigNamed(preferences.gRigName).link != RigLink::None) {
         float Frequency = *typed;  // the command may overwrite it
         commands.ChangeFrequency(Frequency);
     }
@@ -88,19 +86,15 @@ float RigTune::Step() const {
 
 /// Upward only. A step that lands on the upper limit is still sent.
 void RigTune::Timer1_Elapsed() {
-    const std::optional<float> from = TypedFrequency(form.txtFrom.Text());
-    const std::optional<float> to = TypedFrequency(form.txtTo.Text());
-    std::optional<float> frequency = TypedFrequency(form.txtFreq.Text());
+    const std::optional<float> from = FloatOf(form.txtFrom.Text());
+    const std::optional<float> to = FloatOf(form.txtTo.Text());
+    std::optional<float> frequency = FloatOf(form.txtFreq.Text());
     if (!form.chkScan.Value() || !from || !to || !frequency) {
         return;
     }
-    try {
-        *frequency += Step();
-        form.txtFreq.SetText(FormatNumber(*frequency > *to ? *from : *frequency, "####.#####"));
-        Command1_Click();
-    } catch (const PlatformError&) {  // the scan goes on with the next tick
-    } catch (const ValueError&) {
-    }
+    *frequency += Step();
+    form.txtFreq.SetText(FormatNumber(*frequency > *to ? *from : *frequency, "####.#####"));
+    Command1_Click();
 }
 
 void RigTune::txtFreq_Change() {
@@ -123,7 +117,8 @@ void RigTune::Limit_KeyPress(int& KeyAscii) {
     KeepFrequencyKeys(KeyAscii);
 }
 
-/// Of these two no press follows where they click the button that has the focus. The check box takes Space itself.
+/// Space and Enter click the button that has the focus, and no press of theirs comes to Form_KeyPress. On the check box
+/// Space is the switch itself.
 void RigTune::Form_KeyDown(int& KeyCode, int /*Shift*/) {
     if ((KeyCode == kKeySpace || KeyCode == kKeyEnter) && !form.chkScan.HasFocus()) {
         form.chkScan.SetValue(false);

@@ -21,7 +21,7 @@ struct RigTune {
     /// Of the six mode buttons.
     void Mode_Click(std::string_view mode);
     void chkScan_Click();
-    /// The next step of the scan. Stays silent whatever fails.
+    /// The next step of the scan.
     void Timer1_Elapsed();
     void txtFreq_Change();
     void txtFreq_KeyPress(int& KeyAscii);

@@ -138,10 +138,10 @@ void Form::RequestClose() {
     }
     bool cancel = false;
     desk.Call(Form_QueryUnload, cancel);
-    if (cancel) {
-        Tell(*this, FormEvent::Refused);
-    } else {
+    if (!cancel) {
         Unload();
+    } else if (visible_) {
+        Tell(*this, FormEvent::Refused);
     }
 }
 

@@ -53,7 +53,7 @@ struct Form {
     void Hide();
     /// Runs Form_Unload and gives the form its design's size and every control its design value back, without handlers.
     void Unload();
-    /// The close box: Form_QueryUnload may refuse, else the form unloads.
+    /// The close box: Form_QueryUnload may refuse, or hide the form instead; else the form unloads.
     void RequestClose();
     void Minimise();
     void Restore();

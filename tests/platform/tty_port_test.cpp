@@ -231,6 +231,16 @@ TEST_F(TtyPortTest, ControlLinesSetBeforeAreSetAtOpening) {
     EXPECT_EQ(calls.Take(), "DTR off, RTS off");
 }
 
+// Lowered at the opening it would stay so: the driver moves it only when its own buffer fills.
+TEST_F(TtyPortTest, LineRtsIsTheDriversWhereTheHandshakeUsesIt) {
+    TerminalCalls calls;
+    port.SetHandshake(Handshake::Rts);
+    port.SetDtr(false);
+    port.SetRts(false);
+    port.Open();
+    EXPECT_EQ(calls.Take(), "DTR off");
+}
+
 TEST_F(TtyPortTest, ControlLineThatFailsIsAFailureAndLeavesTheDeviceFree) {
     {
         TerminalCalls calls;

@@ -91,6 +91,18 @@ TEST_F(FrequencyTestTest, TextThatIsNoFrequencyIsLeftAlone) {
     EXPECT_TRUE(dialogs.boxes.empty());
 }
 
+TEST_F(FrequencyTestTest, EnterInABoxSendsWhatStandsThere) {
+    InForm("Kenwood", [this] {
+        Dialog().Text1.SetFocus();
+        Press("Enter");
+        EXPECT_EQ(Line().TakeSent(), "FA00028475000;");
+        Dialog().Text2.SetFocus();
+        Press("Enter");
+        EXPECT_NE(Line().TakeSent().find("FA00028475000;"), std::string::npos);
+        EXPECT_TRUE(Dialog().IsVisible());
+    });
+}
+
 TEST_F(FrequencyTestTest, PulledCableIsNotTold) {
     InForm("Kenwood", [this] {
         Line().Unplug();

@@ -244,6 +244,33 @@ TEST_F(RigCommandsTest, RadioChosenDuringThePauseIsTheOneThatCounts) {
     pump.OnCollect(2, [this] { PickRig("None"); });
     EXPECT_EQ(WrittenDuring([this] { ChangeFrequency(14.2F); }), Lines{});
     EXPECT_TRUE(dialogs.boxes.empty());
+    EXPECT_FALSE(Rig().tmrGetData.Enabled());
+}
+
+TEST_F(RigCommandsTest, EndTestDuringACommandIsTheEndOfThePoll) {
+    StartPolling("Kenwood");
+    pump.OnCollect(2, [this] { TheDesk().PostClick(Rig().Command2, kLeftButton); });
+    ChangeFrequency(14.2F);
+    EXPECT_FALSE(Rig().tmrGetData.Enabled());
+    EXPECT_FALSE(Line().isOpen);
+}
+
+TEST_F(RigCommandsTest, TestDuringACommandPollsWhenItIsDone) {
+    StartPolling("Kenwood");
+    pump.OnCollect(2, [this] { TheDesk().PostClick(Rig().Command1, kLeftButton); });
+    const std::vector<std::string> written = WrittenDuring([this] { ChangeFrequency(14.2F); });
+    EXPECT_EQ(std::ranges::count_if(written, [](const std::string& line) { return line.ends_with("46413B"); }), 0);
+    EXPECT_TRUE(Rig().tmrGetData.Enabled());
+}
+
+TEST_F(RigCommandsTest, NumberBeyondTheCommandsIsToldAndThePollGoesOn) {
+    StartPolling("Icom");
+    EXPECT_EQ(WrittenDuring([this] { ChangeFrequency(14'200); }), Lines{});
+    EXPECT_EQ(dialogs.boxes,
+              (Lines{"message \"Error Changing Frequency\" \"14200 MHz is too high for the commands of this radio.\" "
+                     "OK Exclamation"}));
+    EXPECT_TRUE(Rig().tmrGetData.Enabled());
+    EXPECT_FALSE(WrittenDuring([this] { ChangeFrequency(14.2F); }).empty());
 }
 
 }  // namespace

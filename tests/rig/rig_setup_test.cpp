@@ -61,7 +61,7 @@ TEST_F(RigSetupTest, FormBeginsWithItsDefaults) {
     EXPECT_EQ(ChosenIn(Rig().fraPoll), "500 ms");
     EXPECT_EQ(ChosenIn(Rig().Frame1), "Rig");
     EXPECT_TRUE(Rig().chkFrequency.Value());
-    EXPECT_EQ(Rig().List1.Row(), -1);
+    EXPECT_EQ(Rig().List1.Row(), 0);
     for (const Control* hidden :
          std::initializer_list<const Control*>{&Rig().Command2, &Rig().Label2, &Rig().chkConvToHex, &Rig().Label10}) {
         EXPECT_FALSE(hidden->IsShown()) << hidden->name;
@@ -332,7 +332,7 @@ TEST_F(RigSetupTest, DamagedSettingsKeepTheFormsDefaultsFromThere) {
     Rig().Show();
     EXPECT_EQ(Defaults(), "1.2|7|2|Even|FA;|MD;|0");
     EXPECT_EQ(ChosenIn(Rig().fraPort), "1");
-    EXPECT_EQ(Rig().List1.Row(), -1);
+    EXPECT_EQ(Rig().List1.Row(), 0);
 }
 
 TEST_F(RigSetupTest, ValuesThatAreNoneLeaveTheirGroups) {
@@ -427,13 +427,46 @@ TEST_F(RigSetupTest, FarewellToAPulledCableIsSilent) {
     EXPECT_TRUE(dialogs.boxes.empty());
 }
 
-TEST_F(RigSetupTest, CloseBoxEndsThePollAndDropsWhatWasTyped) {
+TEST_F(RigSetupTest, CloseBoxAndEscHideTheFormAndThePollGoesOn) {
     StartPolling("Kenwood");
     Rig().RequestClose();
-    EXPECT_FALSE(IsPolling());
-    EXPECT_FALSE(Line().isOpen);
+    EXPECT_FALSE(Rig().IsVisible());
+    EXPECT_TRUE(Rig().IsLoaded());
+    EXPECT_TRUE(IsPolling());
+    EXPECT_TRUE(Line().isOpen);
     Rig().Show();
-    EXPECT_EQ(Defaults(), "56|8|1|None|||0");
+    EXPECT_EQ(Defaults(), "4.8|8|2|None|FA;|MD;|0");
+    Press("Esc");
+    EXPECT_FALSE(Rig().IsVisible());
+    EXPECT_TRUE(IsPolling());
+}
+
+TEST_F(RigSetupTest, FailedStartCanBeLeftByTheCloseBox) {
+    stored.gRigName = "Kenwood";
+    Line().refusal = "Device or resource busy";
+    StoreRigSettings("\"4800 \",\"N\",\"8\",\"2\",\"MD;\",\"FA;\",\"4800,N,8,2\",1,\"N\",\"M\",\"Kenwood\",0,1,1\r\n");
+    files.Put(kPreferencesPath, WritePreferences(stored));
+    files.Put(kLogPath, "");
+    MakeProgram();
+    pump.OnWait([this] { TheDesk().PostClick(program->stationForm.Command1, kLeftButton); });
+    pump.OnWait([this] { Rig().RequestClose(); });
+    dialogs.answers = {Answer::Yes};
+    program->Start();
+    TheDesk().RunPending();
+    EXPECT_EQ(dialogs.boxes.back(), kInvalidPort);
+    EXPECT_FALSE(Rig().IsVisible());
+    EXPECT_FALSE(IsPolling());
+}
+
+TEST_F(RigSetupTest, WithoutAFileTheRowOfThePreferencesIsSelected) {
+    Start();
+    Rig().Show();
+    EXPECT_EQ(Rig().List1.Row(), 0);
+    program->preferences.gRigName = "Icom";
+    Rig().Unload();
+    Rig().Show();
+    EXPECT_EQ(Rig().List1.Row(), 2);
+    EXPECT_EQ(Rig().txtFreq.Text(), "");
 }
 
 TEST_F(RigSetupTest, FrequencyTestNeedsAPoll) {

@@ -98,6 +98,20 @@ TEST_F(FormTest, RefusedCloseLeavesTheFormAsItIs) {
     EXPECT_EQ(told, std::vector{DeskOutlets::FormEvent::Refused});
 }
 
+TEST_F(FormTest, CloseBoxMayHideTheFormInstead) {
+    form.Show();
+    std::vector<DeskOutlets::FormEvent> told;
+    desk.outlets.formChanged = [&told](Form& /*form*/, DeskOutlets::FormEvent event) { told.push_back(event); };
+    form.Form_QueryUnload = [this](bool& Cancel) {
+        Cancel = true;
+        form.Hide();
+    };
+    form.RequestClose();
+    EXPECT_TRUE(form.IsLoaded());
+    EXPECT_FALSE(form.IsVisible());
+    EXPECT_EQ(std::ranges::count(told, DeskOutlets::FormEvent::Refused), 0);
+}
+
 TEST_F(FormTest, CloseIsRefusedNoLongerOnceTheHandlerAgrees) {
     Open(form);
     bool busy = true;

@@ -22,10 +22,6 @@ bool HasXonXoff(Handshake handshake) {
     return handshake == Handshake::XonXoff || handshake == Handshake::RtsXonXoff;
 }
 
-bool HasRts(Handshake handshake) {
-    return handshake == Handshake::Rts || handshake == Handshake::RtsXonXoff;
-}
-
 tcflag_t ParityFlags(char parity) {
     switch (parity) {
         case 'E':
@@ -61,6 +57,10 @@ int ApplyLine(const Descriptor& tty, int line, bool on) {
 
 }  // namespace
 
+bool DriverOwnsRts(Handshake handshake) {
+    return handshake == Handshake::Rts || handshake == Handshake::RtsXonXoff;
+}
+
 Descriptor OpenTty(const std::string& path) {
     // Without O_NONBLOCK a modem's device would be waited for until it has a carrier.
     Descriptor tty{open(path.c_str(), O_RDWR | O_NOCTTY | O_NONBLOCK | O_CLOEXEC)};
@@ -94,7 +94,7 @@ int ApplySettings(const Descriptor& tty, const SerialSettings& settings, Handsha
     struct termios2 raw {};
     raw.c_iflag = IGNBRK | IGNPAR | (HasXonXoff(handshake) ? IXON | IXOFF : 0U);
     raw.c_cflag = CREAD | CLOCAL | HUPCL | BOTHER | DataFlags(settings.dataBits) | ParityFlags(settings.parity) |
-                  (settings.stopBits == 2 ? CSTOPB : 0U) | (HasRts(handshake) ? CRTSCTS : 0U);
+                  (settings.stopBits == 2 ? CSTOPB : 0U) | (DriverOwnsRts(handshake) ? CRTSCTS : 0U);
     raw.c_ispeed = static_cast<speed_t>(settings.baud);
     raw.c_ospeed = static_cast<speed_t>(settings.baud);
     raw.c_cc[VMIN] = 1;  // with 0 nothing to read could not be told from a hang-up

@@ -11,6 +11,9 @@ namespace tallyhut {
 /// Throws PlatformError with the path: also where another program has the device, and where it is no terminal.
 Descriptor OpenTty(const std::string& path);
 
+/// True where the system itself works the line RTS for the handshake.
+bool DriverOwnsRts(Handshake handshake);
+
 /// Frees the device for others and closes it. Never waits long: what the device has not taken is dropped, but for a few
 /// bytes on a line where no handshake can hold them.
 void CloseTty(Descriptor& tty, Handshake handshake);

@@ -64,7 +64,7 @@ void TtyPort::Open() {
         if (setup_.dtr) {
             SetDtr(*setup_.dtr);
         }
-        if (setup_.rts) {
+        if (setup_.rts && !DriverOwnsRts(setup_.handshake)) {  // lowered, it would stay so and stop the other end
             SetRts(*setup_.rts);
         }
     } catch (const PlatformError&) {

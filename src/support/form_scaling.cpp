@@ -1,7 +1,6 @@
 #include "support/form_scaling.h"
 
 #include <algorithm>
-#include <ranges>
 #include <utility>
 
 #include "toolkit/controls.h"
@@ -47,9 +46,8 @@ void ScaleControl(Control& control, const Ratios& ratios) {
 
 /// From the last to the first.
 void ScaleControls(const Form& form, const Ratios& ratios) {
-    for (Control* control : form.Controls() | std::views::reverse) {
-        ScaleControl(*control, ratios);
-    }
+    std::for_each(form.Controls().rbegin(), form.Controls().rend(),
+                  [&ratios](Control* control) { ScaleControl(*control, ratios); });
 }
 
 }  // namespace

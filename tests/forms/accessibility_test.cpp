@@ -119,14 +119,14 @@ TEST_F(AccessibilityTest, TextThatIsBeingComposedIsShownAndNotLogged) {
     EXPECT_EQ(field->displayText(), "W1AW");
 }
 
-TEST_F(AccessibilityTest, AMenuEntryShowsItsKeys) {
-    Form dialog{program.desk, "frmKeyed", "Keyed", {}};
-    MenuEntry menu{dialog, "mnuTop", "&Show"};
-    MenuEntry below{menu, "mnuBelow", "&Map", "Ctrl+B"};
-    QWidget& window = shown.Show(dialog);
-    const auto* action = window.findChild<QAction*>("mnuBelow");
-    ASSERT_NE(action, nullptr);
-    EXPECT_EQ(action->text(), "&Map\tCtrl+B");
+TEST_F(AccessibilityTest, MenuEntriesShowTheKeysOfTheMainForm) {
+    QWidget& window = shown.Show(program.form1);
+    for (const auto& [name, text] : std::vector<std::pair<QString, QString>>{
+             {"mnuRig", "&Rig Interface\tCtrl+R"}, {"mnuRigTune", "Change F&requency\tCtrl+G"}}) {
+        const auto* action = window.findChild<QAction*>(name);
+        ASSERT_NE(action, nullptr) << name.toStdString();
+        EXPECT_EQ(action->text(), text);
+    }
 }
 
 }  // namespace

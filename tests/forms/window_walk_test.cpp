@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include <QAccessible>
+#include <QLineEdit>
 #include <QScreen>
 #include <QScrollArea>
 #include <QScrollBar>
@@ -112,6 +113,8 @@ TEST_F(WindowWalkTest, NorWithEverythingShown) {
                              static_cast<Control*>(&form.cmdEdit), static_cast<Control*>(&form.cmdDelete)}) {
         control->SetVisible(true);
     }
+    form.txtPostConTime.SetText("21:04");
+    form.txtPostConDate.SetText("2026/11/07");
     program.time.cmdLogOn_Click();
     form.lblDialog.SetCaption("Duplicate VE1OP/3XX MAR 11/07 21:04:33 ON 160  Rec#  10999  Serial Rcvd: 10999");
     form.lblDialog.SetBackColor(kDialogDupe);
@@ -122,6 +125,14 @@ TEST_F(WindowWalkTest, NorWithEverythingShown) {
     form.lblTotScore.SetCaption("1825834");
     form.cmdList.SetCaption("All");
     Check(form, "-full");
+    for (const char* name : {"txtPostConTime", "txtPostConDate"}) {
+        const auto* field = shown.Show(form).findChild<QLineEdit*>(name);
+        ASSERT_NE(field, nullptr) << name;
+        const QMargins margins = field->textMargins();
+        EXPECT_LE(field->fontMetrics().horizontalAdvance(field->text()),
+                  field->contentsRect().width() - margins.left() - margins.right())
+            << name;
+    }
 }
 
 TEST_F(WindowWalkTest, NothingOfADialogIsCutOrLiesOnAnother) {

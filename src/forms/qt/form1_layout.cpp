@@ -84,7 +84,7 @@ constexpr std::array kRows{
     Row{"lblPostConTime", Part::Sending, 0, 11, 1, kCaption, 2.8},
     Row{"txtPostConTime", Part::Sending, 0, 12, 1, kSmallField, 4},
     Row{"lblPostConDate", Part::Sending, 0, 13, 1, kCaption, 2.8},
-    Row{"txtPostConDate", Part::Sending, 0, 14, 1, kSmallField, 7},
+    Row{"txtPostConDate", Part::Sending, 0, 14, 1, kSmallField, 9},
 
     Row{"lblEntryHeading(1)", Part::Entry, 0, 0, 1, kCaption},
     Row{"lblEntryHeading(2)", Part::Entry, 0, 1, 1, kCaption},

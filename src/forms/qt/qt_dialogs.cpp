@@ -24,9 +24,10 @@ std::optional<std::string> ChosenPath(const QFileDialog& dialog) {
     return chosen.isEmpty() ? std::nullopt : std::optional{QFile::encodeName(chosen.front()).toStdString()};
 }
 
-void Prepare(QFileDialog& dialog, const FileRequest& request) {
+/// Where no title is told, the dialog says what it does.
+void Prepare(QFileDialog& dialog, const FileRequest& request, const char* purpose) {
     dialog.setOption(QFileDialog::DontUseNativeDialog);  // the same keys and names on every desktop
-    dialog.setWindowTitle(ToQt(request.title));
+    dialog.setWindowTitle(request.title.empty() ? purpose : ToQt(request.title));
     if (!request.folder.empty()) {
         dialog.setDirectory(PathToQt(request.folder));
     }
@@ -75,7 +76,7 @@ std::optional<std::string> QtDialogs::DoSaveFile(const FileRequest& request) {
     dialog.setAcceptMode(QFileDialog::AcceptSave);
     dialog.setFileMode(QFileDialog::AnyFile);
     dialog.setOption(QFileDialog::DontConfirmOverwrite, !request.overwritePrompt);
-    Prepare(dialog, request);
+    Prepare(dialog, request, "Save as");
     dialog.setDefaultSuffix(QFileInfo{dialog.selectedFiles().value(0)}.suffix());
     return RunDialog(dialog, *desk_) ? ChosenPath(dialog) : std::nullopt;
 }
@@ -83,7 +84,7 @@ std::optional<std::string> QtDialogs::DoSaveFile(const FileRequest& request) {
 std::optional<std::string> QtDialogs::DoOpenFile(const FileRequest& request) {
     QFileDialog dialog{DialogParent(*desk_)};
     dialog.setFileMode(QFileDialog::ExistingFile);
-    Prepare(dialog, request);
+    Prepare(dialog, request, "Open");
     return RunDialog(dialog, *desk_) ? ChosenPath(dialog) : std::nullopt;
 }
 
@@ -91,7 +92,7 @@ std::optional<std::string> QtDialogs::DoChooseFolder(const FileRequest& request)
     QFileDialog dialog{DialogParent(*desk_)};
     dialog.setFileMode(QFileDialog::Directory);
     dialog.setOption(QFileDialog::ShowDirsOnly);
-    Prepare(dialog, request);
+    Prepare(dialog, request, "Choose a folder");
     return RunDialog(dialog, *desk_) ? ChosenPath(dialog) : std::nullopt;
 }
 

@@ -9,29 +9,9 @@ namespace tallyhut {
 struct Form2 : Form {
     explicit Form2(Desk& owner);
 
-    FrameBox Frame1;              ///< the class of the call used; the own call joins its caption at load
-    Option Option1;               ///< Novice
-    Option Option2;               ///< Technician
-    Option Option3;               ///< Other
     ControlArray<Label> lblText;  ///< 1 to 11, beside the text box of the same number
-    TextBox Text1;                ///< call of the operator
-    FrameBox fraOperatorClass;
-    Option Option4;  ///< Novice
-    Option Option8;  ///< Technician
-    Option Option5;  ///< Other
-    FrameBox fraOperator;
-    Option Option6;  ///< single
-    Option Option7;  ///< multiple
-    TextBox Text2;   ///< calls of all operators
-    FrameBox fraClub;
-    Option Option9;   ///< yes
-    Option Option10;  ///< no
-    TextBox Text10;   ///< club
-    FrameBox fraEquipment;
-    TextBox Text3;  ///< rigs
-    TextBox Text4;  ///< antennas
-    TextBox Text9;  ///< power
 
+    // What the entry file takes.
     FrameBox fraCategory;
     Option Option11;  ///< single operator
     Option Option12;  ///< single operator, assisted
@@ -47,15 +27,38 @@ struct Form2 : Form {
     FrameBox fraAssisted;
     Option OptCatYes;
     Option optCatNo;
-    TextBox Text5;   ///< name
-    TextBox Text6;   ///< address, first line
-    TextBox Text7;   ///< address, second line
-    TextBox Text8;   ///< e-mail
-    TextBox Text11;  ///< soapbox
-
+    TextBox Text2;    ///< calls of all operators
+    TextBox Text5;    ///< name
+    TextBox Text6;    ///< address, first line
+    TextBox Text7;    ///< address, second line
+    TextBox Text8;    ///< e-mail
+    TextBox Text10;   ///< club
+    TextBox Text11;   ///< soapbox
     Button Command4;  ///< writes the Cabrillo file
+
+    // What the summary sheet has beside it.
+    FrameBox Frame1;  ///< the class of the call used; the own call joins its caption at load
+    Option Option1;   ///< Novice
+    Option Option2;   ///< Technician
+    Option Option3;   ///< Other
+    TextBox Text1;    ///< call of the operator
+    FrameBox fraOperatorClass;
+    Option Option4;  ///< Novice
+    Option Option8;  ///< Technician
+    Option Option5;  ///< Other
+    FrameBox fraOperator;
+    Option Option6;  ///< single
+    Option Option7;  ///< multiple
+    FrameBox fraClub;
+    Option Option9;   ///< yes
+    Option Option10;  ///< no
+    FrameBox fraEquipment;
+    TextBox Text3;    ///< rigs
+    TextBox Text4;    ///< antennas
+    TextBox Text9;    ///< power
     Button Command1;  ///< writes the summary sheet
     Button Command2;  ///< prints the summary sheet
+
     Button Command3;  ///< done
 };
 

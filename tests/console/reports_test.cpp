@@ -25,7 +25,7 @@ struct ReportsTest : testing::Test {
 
 TEST_F(ReportsTest, CabrilloEntryIsWrittenFromTheForm) {
     program.Do("menu mnuCabrillo");
-    EXPECT_EQ(program.LastTurn(), R"({"ready":"modal","form":"Form2","focus":"Option1"})");
+    EXPECT_EQ(program.LastTurn(), R"({"ready":"modal","form":"Form2","focus":"Option11"})");
     program.Do("click Option13");
     program.Do(R"(set Text5 "Pat")");
     program.Do("click Command4");

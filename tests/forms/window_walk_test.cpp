@@ -327,8 +327,9 @@ TEST_F(WindowWalkTest, EveryControlHasANameAndARoleForScreenReaders) {
             QAccessibleInterface* item = QAccessible::queryAccessibleInterface(&control->Widget());
             ASSERT_NE(item, nullptr) << form->name << '.' << control->Logical().FullName();
             EXPECT_NE(item->role(), QAccessible::NoRole) << form->name << '.' << control->Logical().FullName();
-            EXPECT_FALSE(item->text(QAccessible::Name).trimmed().isEmpty())
-                << form->name << '.' << control->Logical().FullName();
+            const std::string name = item->text(QAccessible::Name).trimmed().toStdString();
+            EXPECT_NE(name, "") << form->name << '.' << control->Logical().FullName();
+            EXPECT_NE(name, control->Logical().FullName()) << form->name << ": an identifier says nothing";
         }
         int controls = 0;
         WalkNames(*QAccessible::queryAccessibleInterface(&window), form->name, controls);

@@ -135,6 +135,19 @@ TEST_F(WindowWalkTest, NothingOfADialogIsCutOrLiesOnAnother) {
     }
 }
 
+TEST_F(WindowWalkTest, ADialogStandsOnTheScreenWithTheFrameThatTheDesktopPutsAroundIt) {
+    const QRect screen = QGuiApplication::primaryScreen()->availableGeometry();
+    for (Form* form : program.desk.Forms()) {
+        if (form->design.dialog && !form->Controls().empty()) {
+            form->SetFormPlace({-60, -75, 2 * form->design.width, 7200});
+            const QWidget& window = shown.Show(*form);
+            EXPECT_TRUE(screen.contains(window.frameGeometry()))
+                << form->name << " at " << Text(window.frameGeometry());
+            form->Hide();
+        }
+    }
+}
+
 TEST_F(WindowWalkTest, TheWarningsOfTheEditFormMoveNothing) {
     program.form1.ListView1.SelectRow(1);
     frmEditCon& form = program.editForm;

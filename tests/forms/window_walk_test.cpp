@@ -89,10 +89,25 @@ struct WindowWalkTest : testing::Test {
         }
     }
 
+    /// What a frame encloses below its caption.
+    void CheckInFrames(Form& form) {
+        const std::vector<ControlWidget*> controls = ShownControls(shown.WindowOf(form));
+        for (ControlWidget* frame : controls) {
+            const QRect inside = frame->Widget().contentsRect().translated(InWindow(frame->Widget()).topLeft());
+            for (ControlWidget* control : controls) {
+                const QRect place = InWindow(control->Widget());
+                EXPECT_TRUE(control->Logical().Frame() != &frame->Logical() || inside.contains(place))
+                    << form.name << ": " << control->Logical().FullName() << " at " << Text(place) << " is not in "
+                    << Text(inside) << " of " << frame->Logical().FullName();
+            }
+        }
+    }
+
     void Check(Form& form, const std::string& state = "") {
         shown.Settle();
         CheckFits(form);
         CheckApart(form);
+        CheckInFrames(form);
         if (HasFailure() || qEnvironmentVariableIsSet("TALLYHUT_KEEP_SCREENSHOTS")) {
             shown.KeepScreenshot(form, form.name + state);
         }

@@ -32,6 +32,14 @@ double Middle(const Place& place) {
     return place.top + place.height / 2;
 }
 
+/// The smallest place that holds both.
+Place Around(const Place& one, const Place& other) {
+    const double left = std::min(one.left, other.left);
+    const double top = std::min(one.top, other.top);
+    return {left, top, std::max(one.left + one.width, other.left + other.width) - left,
+            std::max(one.top + one.height, other.top + other.height) - top};
+}
+
 /// On the line of the field, and not far from it on either side.
 bool IsBeside(const Place& caption, const Place& field) {
     constexpr double kNear = 3;  // times the field's height
@@ -185,6 +193,12 @@ std::pair<Stretch, Stretch> GenericLayout::Fit(double pointPixels, const QSize& 
         const double widest = design.width / place.width * room.width() * kLargestTextRatio;
         const double need = control.kind == ControlKind::Line ? 0 : widget->Needed(0).width();
         columns.push_back({design.left, design.left + design.width, std::min(need, widest)});
+        if (const auto inside = PlaceWithin(control)) {
+            const QMargins edges = widget->Widget().contentsMargins();
+            columns.push_back({design.left, inside->left, static_cast<double>(edges.left())});
+            columns.push_back(
+                {inside->left + inside->width, design.left + design.width, static_cast<double>(edges.right())});
+        }
     }
     Stretch x = Stretch::Into(room.width(), columns, place.width);
     for (ControlWidget* widget : widgets_) {
@@ -193,9 +207,26 @@ std::pair<Stretch, Stretch> GenericLayout::Fit(double pointPixels, const QSize& 
         const int width = static_cast<int>(x.At(design.left + design.width) - x.At(design.left));
         const double need = control.kind == ControlKind::Line ? 0 : widget->Needed(width).height();
         rows.push_back({design.top, design.top + design.height, need});
+        if (const auto inside = PlaceWithin(control)) {
+            const QMargins edges = widget->Widget().contentsMargins();
+            rows.push_back({design.top, inside->top, static_cast<double>(edges.top())});
+            rows.push_back(
+                {inside->top + inside->height, design.top + design.height, static_cast<double>(edges.bottom())});
+        }
     }
     Stretch y = Stretch::Into(room.height(), rows, place.height);
     return {std::move(x), std::move(y)};
+}
+
+std::optional<Place> GenericLayout::PlaceWithin(const Control& frame) const {
+    std::optional<Place> whole;
+    for (const ControlWidget* widget : widgets_) {
+        if (widget->Logical().Frame() == &frame) {
+            const Place place = PlaceOf(widget->Logical());
+            whole = whole ? Around(*whole, place) : place;
+        }
+    }
+    return whole;
 }
 
 double GenericLayout::SmallestText() const {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <optional>
 #include <vector>
 
 #include "forms/qt/form_layout.h"
@@ -30,6 +31,8 @@ private:
     Look LookOf(const Control& control, double pointPixels) const;
     /// The control's place in the design. A caption on the line of a field stands exactly on it.
     Place PlaceOf(const Control& control) const;
+    /// What the controls in a frame take of the design; none for an empty frame and for all else.
+    std::optional<Place> PlaceWithin(const Control& frame) const;
     QString SpokenName(const Control& control) const;
     /// The label that says what the control is; null where none stands near.
     ControlWidget* CaptionOf(const Control& control) const;

@@ -108,6 +108,7 @@ int ProgramStyle::pixelMetric(PixelMetric metric, const QStyleOption* option, co
         case PM_IndicatorHeight:
         case PM_ExclusiveIndicatorWidth:
         case PM_ExclusiveIndicatorHeight:
+            return std::max(std::min(usual, line), line * 4 / 5);
         case PM_ScrollBarExtent:
             return std::max(usual, line * 4 / 5);
         case PM_MenuBarItemSpacing:
@@ -117,12 +118,26 @@ int ProgramStyle::pixelMetric(PixelMetric metric, const QStyleOption* option, co
     }
 }
 
+QRect ProgramStyle::subControlRect(ComplexControl control, const QStyleOptionComplex* option, SubControl part,
+                                   const QWidget* widget) const {
+    const auto* group = qstyleoption_cast<const QStyleOptionGroupBox*>(option);
+    if (control != CC_GroupBox || group == nullptr || (part != SC_GroupBoxFrame && part != SC_GroupBoxContents)) {
+        return QProxyStyle::subControlRect(control, option, part, widget);
+    }
+    const int caption = group->text.isEmpty() ? 0 : group->fontMetrics.height() + 2;
+    const QRect frame = group->rect.adjusted(0, caption, 0, 0);
+    const int inside = part == SC_GroupBoxContents ? 2 : 0;
+    return frame.adjusted(inside, inside, -inside, -inside);
+}
+
 void ProgramStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,
                                  const QWidget* widget) const {
     if (element == PE_PanelLineEdit && qobject_cast<const QLineEdit*>(widget) != nullptr) {
         DrawField(*option, *painter, widget);
     } else if (element == PE_PanelButtonCommand) {
         DrawButton(*option, *painter, widget);
+    } else if (element == PE_FrameGroupBox) {
+        DrawBox(*painter, option->rect, Qt::transparent, ThemeOf(option->palette).edge, kEdge);
     } else if (element == PE_IndicatorRadioButton) {
         DrawChoice(*option, *painter);
     } else if (element == PE_FrameFocusRect && widget != nullptr && widget->inherits("QPushButton")) {

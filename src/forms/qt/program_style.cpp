@@ -59,6 +59,25 @@ void DrawChoice(const QStyleOption& option, QPainter& painter) {
     painter.restore();
 }
 
+/// A square that can be seen in a dark window, too, and a tick in it.
+void DrawCheck(const QStyleOption& option, QPainter& painter) {
+    const Theme theme = ThemeOf(option.palette);
+    const double size = std::min(option.rect.width(), option.rect.height()) - 1;
+    const QRectF square{option.rect.x() + 0.5, option.rect.y() + 0.5, size, size};
+    painter.save();
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(theme.quietText);
+    painter.setBrush(theme.field);
+    painter.drawRoundedRect(square, 2, 2);
+    if (option.state.testFlag(QStyle::State_On)) {
+        const auto at = [&square, size](double x, double y) { return square.topLeft() + QPointF{x, y} * size; };
+        painter.setPen(QPen{theme.text, std::max(1.5, size / 7), Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin});
+        painter.setBrush(Qt::NoBrush);
+        painter.drawPolyline(QPolygonF{{at(0.22, 0.52), at(0.42, 0.72), at(0.78, 0.28)}});
+    }
+    painter.restore();
+}
+
 void DrawHeading(const QStyleOption& option, QPainter& painter) {
     const Theme theme = ThemeOf(option.palette);
     painter.fillRect(option.rect, theme.stripe);
@@ -140,6 +159,8 @@ void ProgramStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* o
         DrawBox(*painter, option->rect, Qt::transparent, ThemeOf(option->palette).edge, kEdge);
     } else if (element == PE_IndicatorRadioButton) {
         DrawChoice(*option, *painter);
+    } else if (element == PE_IndicatorCheckBox) {
+        DrawCheck(*option, *painter);
     } else if (element == PE_FrameFocusRect && widget != nullptr && widget->inherits("QPushButton")) {
         return;  // the edge shows it
     } else {

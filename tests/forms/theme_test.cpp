@@ -75,6 +75,13 @@ TEST_P(ThemeTest, TheEdgeOfAnEmptyMarkStandsOutFromThePanel) {
     }
 }
 
+TEST_P(ThemeTest, ASelectionThatKeysDoNotGoToIsMuted) {
+    const QColor& ground = theme.quietSelection;
+    EXPECT_GE(Contrast(theme.text, ground), kReadableContrast);
+    EXPECT_LT(Contrast(ground, theme.field), Contrast(theme.accent, theme.field));
+    EXPECT_NE(ground, theme.field);
+}
+
 TEST_P(ThemeTest, TheFieldThatKeysGoToIsTheBrightest) {
     for (const QColor& other : {theme.ground, theme.panel, theme.stripe, theme.field, theme.button,
                                 GroundFor(QColor{0, 0, 255}, theme.panel)}) {

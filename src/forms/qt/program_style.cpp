@@ -14,9 +14,8 @@ namespace {
 constexpr double kCorner = 4;
 constexpr double kEdge = 1;
 
-/// At least two pixels, and more around large text.
-double FocusEdge(const QStyleOption& option) {
-    return std::max(2, option.fontMetrics.height() / 18);
+double FocusEdge(const QFontMetrics& text) {
+    return std::max(2, text.height() / 18);
 }
 
 void DrawField(const QStyleOption& option, QPainter& painter, const QWidget* widget) {
@@ -24,7 +23,7 @@ void DrawField(const QStyleOption& option, QPainter& painter, const QWidget* wid
     const bool ours = widget != nullptr && widget->property(kFocusMark).isValid();
     const bool focused = ours ? IsFocusMarked(*widget) : option.state.testFlag(QStyle::State_HasFocus);
     DrawBox(painter, option.rect, option.palette.color(QPalette::Base), focused ? theme.accent : theme.edge,
-            focused ? FocusEdge(option) : kEdge);
+            focused ? FocusEdge(option.fontMetrics) : kEdge);
 }
 
 void DrawButton(const QStyleOption& option, QPainter& painter, const QWidget* widget) {
@@ -37,7 +36,8 @@ void DrawButton(const QStyleOption& option, QPainter& painter, const QWidget* wi
     } else if (option.state.testFlag(QStyle::State_MouseOver) && option.state.testFlag(QStyle::State_Enabled)) {
         fill = Mixed(theme.text, fill, 0.06);
     }
-    DrawBox(painter, option.rect, fill, focused ? theme.accent : theme.edge, focused ? FocusEdge(option) : kEdge);
+    DrawBox(painter, option.rect, fill, focused ? theme.accent : theme.edge,
+            focused ? FocusEdge(option.fontMetrics) : kEdge);
 }
 
 /// A ring that can be seen in a dark window, too, and a dot in it.
@@ -89,6 +89,10 @@ void DrawHeading(const QStyleOption& option, QPainter& painter) {
 
 bool IsFocusMarked(const QWidget& widget) {
     return widget.property(kFocusMark).toBool();
+}
+
+void DrawFocusEdge(QPainter& painter, const QWidget& widget, const QRect& rect) {
+    DrawBox(painter, rect, Qt::transparent, ThemeOf(widget.palette()).accent, FocusEdge(widget.fontMetrics()));
 }
 
 void DrawBox(QPainter& painter, const QRect& rect, const QColor& fill, const QColor& edge, double edgeWidth) {

@@ -28,6 +28,9 @@ public:
                      const QWidget* widget) const override;
 };
 
+/// Around what has the focus, within the rectangle: at least two pixels, and more around large text.
+void DrawFocusEdge(QPainter& painter, const QWidget& widget, const QRect& rect);
+
 /// A filled rectangle with round corners, marked where it has the focus.
 void DrawBox(QPainter& painter, const QRect& rect, const QColor& fill, const QColor& edge, double edgeWidth);
 

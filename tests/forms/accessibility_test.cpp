@@ -16,8 +16,9 @@ struct AccessibilityTest : testing::Test {
     ShownProgram shown;
     Program& program = shown.program;
 
-    std::string NameOf(const char* control) {
-        auto* widget = shown.WindowOf(program.form1).findChild<QWidget*>(control);
+    std::string NameOf(const char* control) { return NameOf(program.form1, control); }
+    std::string NameOf(Form& form, const char* control) {
+        auto* widget = shown.Show(form).findChild<QWidget*>(control);
         return QAccessible::queryAccessibleInterface(widget)->text(QAccessible::Name).toStdString();
     }
     void Work(const std::string& exchange) {
@@ -85,6 +86,43 @@ TEST_F(AccessibilityTest, ACaptionIsTiedToItsField) {
     const QWidget& window = shown.WindowOf(program.form1);
     const auto* heading = window.findChild<QLabel*>("lblEntryHeading(3)");
     EXPECT_EQ(heading->buddy(), window.findChild<QWidget*>("txtCall"));
+}
+
+TEST_F(AccessibilityTest, AListIsCalledByTheCaptionAboveItOrElseByItsForm) {
+    EXPECT_EQ(NameOf(program.portsForm, "lstPorts"), "Port numbers, and the device that each means:");
+    EXPECT_EQ(NameOf(program.portsForm, "lstDevices"), "Devices found:");
+    EXPECT_EQ(NameOf(program.rigForm, "List1"), "Rig Interface Setup");
+    EXPECT_EQ(NameOf(program.helpForm, "Text1"), "Tallyhut Logging Program Help Page");
+}
+
+TEST_F(AccessibilityTest, ButtonsOfOneCaptionAreToldApartByTheirRow) {
+    EXPECT_EQ(NameOf(program.tuneForm, "cmdTune(0)"), "UP 10 Hz");
+    EXPECT_EQ(NameOf(program.tuneForm, "cmdTune(1)"), "Down 10 Hz");
+    EXPECT_EQ(NameOf(program.tuneForm, "cmdTune(9)"), "Down 100 Hz");
+}
+
+TEST_F(AccessibilityTest, AnOptionIsCalledByItsFrameToo) {
+    EXPECT_EQ(NameOf(program.form2, "OptCatYes"), "Category Assisted: Yes");
+    EXPECT_EQ(NameOf(program.form2, "Option9"), "Club Participation? Yes");
+}
+
+TEST_F(AccessibilityTest, AValueOfADialogIsCalledByTheCaptionBesideIt) {
+    shown.Show(program.rigForm);
+    program.rigForm.lblFreq.SetCaption("14.025");
+    shown.Settle();
+    EXPECT_EQ(NameOf(program.rigForm, "lblFreq"), "Frequency: 14.025");
+}
+
+TEST_F(AccessibilityTest, ACaptionThatChangesRenamesItsField) {
+    shown.Show(program.portsForm);
+    program.portsForm.lblDevice.SetCaption("Device of port 7:");
+    shown.Settle();
+    EXPECT_EQ(NameOf(program.portsForm, "txtDevice"), "Device of port 7:");
+}
+
+TEST_F(AccessibilityTest, ACaptionOfADialogIsTiedToItsField) {
+    const QWidget& window = shown.Show(program.portsForm);
+    EXPECT_EQ(window.findChild<QLabel*>("lblDevices")->buddy(), window.findChild<QWidget*>("lstDevices"));
 }
 
 TEST_F(AccessibilityTest, CtrlTabReachesWhatTabPassesBy) {

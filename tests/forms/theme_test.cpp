@@ -2,9 +2,13 @@
 
 #include <gtest/gtest.h>
 
+#include <QImage>
+#include <QPainter>
+#include <QStyleOptionButton>
 #include <array>
 
 #include "forms/Form1.h"
+#include "forms/qt/program_style.h"
 #include "log/preferences.h"
 
 namespace tallyhut {
@@ -52,6 +56,30 @@ TEST_P(ThemeTest, TextIsReadableOnEveryGroundThatItStandsOn) {
     EXPECT_GE(Contrast(theme.focusText, theme.focusField), kReadableContrast);
     EXPECT_GE(Contrast(theme.buttonText, theme.button), kReadableContrast);
     EXPECT_GE(Contrast(TextOn(theme.accent), theme.accent), kReadableContrast);
+}
+
+TEST_P(ThemeTest, TheEdgeOfAnEmptyMarkStandsOutFromThePanel) {
+    constexpr double kOfAMark = 3;  // W3C WCAG 2, non-text contrast
+    const ProgramStyle style;
+    for (const QStyle::PrimitiveElement mark : {QStyle::PE_IndicatorCheckBox, QStyle::PE_IndicatorRadioButton}) {
+        QImage picture{16, 16, QImage::Format_RGB32};
+        picture.fill(theme.panel);
+        QStyleOptionButton option;
+        option.rect = picture.rect();
+        option.palette = GetParam() ? DarkDesktop() : LightDesktop();
+        option.state = QStyle::State_Enabled | QStyle::State_Off;
+        QPainter painter{&picture};
+        style.drawPrimitive(mark, &option, &painter, nullptr);
+        painter.end();
+        EXPECT_GE(Contrast(picture.pixelColor(0, 8), theme.panel), kOfAMark) << mark;
+    }
+}
+
+TEST_P(ThemeTest, ASelectionThatKeysDoNotGoToIsMuted) {
+    const QColor& ground = theme.quietSelection;
+    EXPECT_GE(Contrast(theme.text, ground), kReadableContrast);
+    EXPECT_LT(Contrast(ground, theme.field), Contrast(theme.accent, theme.field));
+    EXPECT_NE(ground, theme.field);
 }
 
 TEST_P(ThemeTest, TheFieldThatKeysGoToIsTheBrightest) {

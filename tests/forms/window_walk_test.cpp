@@ -90,10 +90,25 @@ struct WindowWalkTest : testing::Test {
         }
     }
 
+    /// What a frame encloses below its caption.
+    void CheckInFrames(Form& form) {
+        const std::vector<ControlWidget*> controls = ShownControls(shown.WindowOf(form));
+        for (ControlWidget* frame : controls) {
+            const QRect inside = frame->Widget().contentsRect().translated(InWindow(frame->Widget()).topLeft());
+            for (ControlWidget* control : controls) {
+                const QRect place = InWindow(control->Widget());
+                EXPECT_TRUE(control->Logical().Frame() != &frame->Logical() || inside.contains(place))
+                    << form.name << ": " << control->Logical().FullName() << " at " << Text(place) << " is not in "
+                    << Text(inside) << " of " << frame->Logical().FullName();
+            }
+        }
+    }
+
     void Check(Form& form, const std::string& state = "") {
         shown.Settle();
         CheckFits(form);
         CheckApart(form);
+        CheckInFrames(form);
         if (HasFailure() || qEnvironmentVariableIsSet("TALLYHUT_KEEP_SCREENSHOTS")) {
             shown.KeepScreenshot(form, form.name + state);
         }
@@ -141,6 +156,19 @@ TEST_F(WindowWalkTest, NothingOfADialogIsCutOrLiesOnAnother) {
         if (form->design.dialog && !form->Controls().empty()) {
             shown.Show(*form);
             Check(*form);
+            form->Hide();
+        }
+    }
+}
+
+TEST_F(WindowWalkTest, ADialogStandsOnTheScreenWithTheFrameThatTheDesktopPutsAroundIt) {
+    const QRect screen = QGuiApplication::primaryScreen()->availableGeometry();
+    for (Form* form : program.desk.Forms()) {
+        if (form->design.dialog && !form->Controls().empty()) {
+            form->SetFormPlace({-60, -75, 2 * form->design.width, 7200});
+            const QWidget& window = shown.Show(*form);
+            EXPECT_TRUE(screen.contains(window.frameGeometry()))
+                << form->name << " at " << Text(window.frameGeometry());
             form->Hide();
         }
     }
@@ -338,8 +366,9 @@ TEST_F(WindowWalkTest, EveryControlHasANameAndARoleForScreenReaders) {
             QAccessibleInterface* item = QAccessible::queryAccessibleInterface(&control->Widget());
             ASSERT_NE(item, nullptr) << form->name << '.' << control->Logical().FullName();
             EXPECT_NE(item->role(), QAccessible::NoRole) << form->name << '.' << control->Logical().FullName();
-            EXPECT_FALSE(item->text(QAccessible::Name).trimmed().isEmpty())
-                << form->name << '.' << control->Logical().FullName();
+            const std::string name = item->text(QAccessible::Name).trimmed().toStdString();
+            EXPECT_NE(name, "") << form->name << '.' << control->Logical().FullName();
+            EXPECT_NE(name, control->Logical().FullName()) << form->name << ": an identifier says nothing";
         }
         int controls = 0;
         WalkNames(*QAccessible::queryAccessibleInterface(&window), form->name, controls);

@@ -3,6 +3,7 @@
 #include <QContextMenuEvent>
 #include <QMouseEvent>
 #include <QPainter>
+#include <QStyleOptionButton>
 
 #include "forms/qt/program_style.h"
 #include "forms/qt/text_codec.h"
@@ -10,11 +11,17 @@
 namespace tallyhut {
 namespace {
 
-void DrawFocusLine(QWidget& widget) {
-    if (IsFocusMarked(widget)) {
-        QPainter painter{&widget};
-        DrawBox(painter, widget.rect(), Qt::transparent, ThemeOf(widget.palette()).accent, 2);
+/// Around the caption, beside the mark.
+void DrawFocusLine(QAbstractButton& button, QStyle::SubElement caption) {
+    if (!IsFocusMarked(button)) {
+        return;
     }
+    constexpr int kBeforeText = 3;
+    QStyleOptionButton option;
+    option.initFrom(&button);
+    const int left = button.style()->subElementRect(caption, &option, &button).left();
+    QPainter painter{&button};
+    DrawFocusEdge(painter, button, button.rect().adjusted(left - kBeforeText, 0, 0, 0));
 }
 
 }  // namespace
@@ -76,7 +83,7 @@ OptionWidget::OptionWidget(Control& control, const OperatorInput& input, QWidget
 
 void OptionWidget::paintEvent(QPaintEvent* event) {
     QRadioButton::paintEvent(event);
-    DrawFocusLine(*this);
+    DrawFocusLine(*this, QStyle::SE_RadioButtonContents);
 }
 
 CheckBoxWidget::CheckBoxWidget(Control& control, const OperatorInput& input, QWidget* parent)
@@ -84,7 +91,7 @@ CheckBoxWidget::CheckBoxWidget(Control& control, const OperatorInput& input, QWi
 
 void CheckBoxWidget::paintEvent(QPaintEvent* event) {
     QCheckBox::paintEvent(event);
-    DrawFocusLine(*this);
+    DrawFocusLine(*this, QStyle::SE_CheckBoxContents);
 }
 
 }  // namespace tallyhut

@@ -19,7 +19,7 @@
 namespace tallyhut {
 namespace {
 
-/// Never empty: a control that tells nothing of itself has its own name at least.
+/// Never empty: what tells nothing of itself is called by where it stands.
 QString SpokenName(const Control& control, const Look& look) {
     const ControlState& state = control.State();
     const QString own = control.kind == ControlKind::TextBox ? QString{} : CaptionText(state.text);
@@ -27,7 +27,10 @@ QString SpokenName(const Control& control, const Look& look) {
     if (!spoken.isEmpty()) {
         return spoken;
     }
-    return state.toolTip.empty() ? ToQt(control.FullName()) : ToQt(state.toolTip);
+    if (!state.toolTip.empty()) {
+        return ToQt(state.toolTip);
+    }
+    return CaptionText(control.Frame() == nullptr ? control.form.Caption() : control.Frame()->State().text);
 }
 
 }  // namespace

@@ -36,6 +36,10 @@ void FormWindow::changeEvent(QEvent* event) {
     QWidget::changeEvent(event);
     if (event->type() == QEvent::WindowStateChange && outlets.minimised) {
         outlets.minimised(isMinimized());
+        if (static_cast<QWindowStateChangeEvent*>(event)->oldState().testFlag(Qt::WindowMaximized) &&
+            !windowState().testAnyFlags(Qt::WindowMaximized | Qt::WindowMinimized)) {
+            Tell(outlets.unmaximised);
+        }
     } else if (event->type() == QEvent::PaletteChange) {
         Tell(outlets.paletteChanged);
     }

@@ -12,6 +12,7 @@ struct FormWindowOutlets {
     std::function<void()> closeAsked;
     std::function<void()> activated;
     std::function<void(bool minimised)> minimised;
+    std::function<void()> unmaximised;
     std::function<void()> resized;
     std::function<void()> moved;
     std::function<void()> paletteChanged;

@@ -1,6 +1,7 @@
 #include "forms/qt/generic_layout.h"
 
 #include <QApplication>
+#include <QLabel>
 #include <QScrollArea>
 #include <algorithm>
 #include <cmath>
@@ -31,6 +32,14 @@ double Middle(const Place& place) {
     return place.top + place.height / 2;
 }
 
+/// The smallest place that holds both.
+Place Around(const Place& one, const Place& other) {
+    const double left = std::min(one.left, other.left);
+    const double top = std::min(one.top, other.top);
+    return {left, top, std::max(one.left + one.width, other.left + other.width) - left,
+            std::max(one.top + one.height, other.top + other.height) - top};
+}
+
 /// On the line of the field, and not far from it on either side.
 bool IsBeside(const Place& caption, const Place& field) {
     constexpr double kNear = 3;  // times the field's height
@@ -40,6 +49,21 @@ bool IsBeside(const Place& caption, const Place& field) {
 
 bool IsField(const Control& control) {
     return control.kind == ControlKind::TextBox && !control.State().multiLine;
+}
+
+/// A label that has nothing to say before the program has put a value into it.
+bool IsValue(const Control& control) {
+    return control.kind == ControlKind::Label && control.Design() != nullptr && control.Design()->text.empty();
+}
+
+bool IsCalledByCaption(const Control& control) {
+    return control.kind == ControlKind::TextBox || control.kind == ControlKind::List ||
+           control.kind == ControlKind::ListView || IsValue(control);
+}
+
+bool IsPressed(const Control& control) {
+    return control.kind == ControlKind::Button || control.kind == ControlKind::Option ||
+           control.kind == ControlKind::CheckBox;
 }
 
 /// Text follows its form up to the largest ratio, and from there on more slowly: on a large screen it is read from no
@@ -104,11 +128,14 @@ void GenericLayout::Changed(ControlWidget& widget) {
     const QSize need = widget.Needed(size.width());
     stale_ = stale_ || known == arranged_.end() || known->second != PlaceOf(control) || need.width() > size.width() ||
              need.height() > size.height();
+    namesStale_ = namesStale_ || control.kind == ControlKind::Label || control.kind == ControlKind::Frame;
 }
 
 void GenericLayout::Settle() {
     if (stale_) {
         Arrange();
+    } else if (namesStale_) {
+        TellNames();
     }
 }
 
@@ -130,10 +157,13 @@ void GenericLayout::Arrange() {
     const auto fits = [&room](const std::pair<Stretch, Stretch>& fit) {
         return fit.first.Whole() <= room.width() + 1 && fit.second.Whole() <= room.height() + 1;
     };
-    std::pair<Stretch, Stretch> fit = Fit(wanted, room);
+    pointPixels_ = wanted;
+    std::pair<Stretch, Stretch> fit = Fit(pointPixels_, room);
     for (double share = kTextStep; !fits(fit) && share > kLeastText; share *= kTextStep) {
-        fit = Fit(wanted * share, room);
+        pointPixels_ = wanted * share;
+        fit = Fit(pointPixels_, room);
     }
+    TellNames();
     const auto& [x, y] = fit;
     canvas_->resize(std::max(room.width(), static_cast<int>(x.Whole())),
                     std::max(room.height(), static_cast<int>(y.Whole())));
@@ -163,6 +193,12 @@ std::pair<Stretch, Stretch> GenericLayout::Fit(double pointPixels, const QSize& 
         const double widest = design.width / place.width * room.width() * kLargestTextRatio;
         const double need = control.kind == ControlKind::Line ? 0 : widget->Needed(0).width();
         columns.push_back({design.left, design.left + design.width, std::min(need, widest)});
+        if (const auto inside = PlaceWithin(control)) {
+            const QMargins edges = widget->Widget().contentsMargins();
+            columns.push_back({design.left, inside->left, static_cast<double>(edges.left())});
+            columns.push_back(
+                {inside->left + inside->width, design.left + design.width, static_cast<double>(edges.right())});
+        }
     }
     Stretch x = Stretch::Into(room.width(), columns, place.width);
     for (ControlWidget* widget : widgets_) {
@@ -171,9 +207,26 @@ std::pair<Stretch, Stretch> GenericLayout::Fit(double pointPixels, const QSize& 
         const int width = static_cast<int>(x.At(design.left + design.width) - x.At(design.left));
         const double need = control.kind == ControlKind::Line ? 0 : widget->Needed(width).height();
         rows.push_back({design.top, design.top + design.height, need});
+        if (const auto inside = PlaceWithin(control)) {
+            const QMargins edges = widget->Widget().contentsMargins();
+            rows.push_back({design.top, inside->top, static_cast<double>(edges.top())});
+            rows.push_back(
+                {inside->top + inside->height, design.top + design.height, static_cast<double>(edges.bottom())});
+        }
     }
     Stretch y = Stretch::Into(room.height(), rows, place.height);
     return {std::move(x), std::move(y)};
+}
+
+std::optional<Place> GenericLayout::PlaceWithin(const Control& frame) const {
+    std::optional<Place> whole;
+    for (const ControlWidget* widget : widgets_) {
+        if (widget->Logical().Frame() == &frame) {
+            const Place place = PlaceOf(widget->Logical());
+            whole = whole ? Around(*whole, place) : place;
+        }
+    }
+    return whole;
 }
 
 double GenericLayout::SmallestText() const {
@@ -210,29 +263,71 @@ Place GenericLayout::PlaceOf(const Control& control) const {
     return {state.place.left, Middle(field) - state.place.height / 2, state.place.width, state.place.height};
 }
 
-/// A text box is called by the label to its left or above it.
+/// What is filled in or read is called by the label that stands by it; what is pressed, by its own caption, and before
+/// that by what tells it from others of the same caption.
 QString GenericLayout::SpokenName(const Control& control) const {
-    if (control.kind != ControlKind::TextBox) {
-        return {};
+    const Control* caption = nullptr;
+    if (IsCalledByCaption(control)) {
+        const ControlWidget* label = CaptionOf(control);
+        caption = label == nullptr ? control.Frame() : &label->Logical();
+    } else if (IsPressed(control)) {
+        caption = control.Frame() == nullptr ? RowCaptionOf(control) : control.Frame();
     }
+    return caption == nullptr ? QString{} : CaptionText(caption->State().text);
+}
+
+ControlWidget* GenericLayout::CaptionOf(const Control& control) const {
     const Place& box = control.State().place;
-    const Control* nearest = nullptr;
+    ControlWidget* nearest = nullptr;
     double shortest = std::max(box.width, 2400.0);
-    for (const ControlWidget* widget : widgets_) {
+    for (ControlWidget* widget : widgets_) {
         const Control& label = widget->Logical();
-        if (label.kind != ControlKind::Label || label.State().text.empty()) {
+        if (label.kind != ControlKind::Label || label.State().text.empty() || (IsValue(label) && IsValue(control))) {
             continue;
         }
         const Place& place = label.State().place;
-        const bool beside = IsWithin(place.top + place.height / 2, box.top, box.height) && place.left < box.left;
-        const bool above = IsWithin(place.left + place.width / 2, box.left, box.width) && place.top < box.top;
+        const bool beside = IsWithin(Middle(place), box.top, box.height) && place.left < box.left;
+        const bool above = !IsValue(control) && place.top < box.top &&
+                           (IsWithin(place.left + place.width / 2, box.left, box.width) || place.left == box.left);
         const double distance = beside ? box.left - place.left - place.width : box.top - place.top - place.height;
         if ((beside || above) && distance < shortest) {
             shortest = distance;
-            nearest = &label;
+            nearest = widget;
         }
     }
-    return nearest == nullptr ? QString{} : CaptionText(nearest->State().text);
+    return nearest;
+}
+
+const Control* GenericLayout::RowCaptionOf(const Control& button) const {
+    const auto isTwin = [&button](const ControlWidget* other) {
+        const Control& twin = other->Logical();
+        return &twin != &button && IsPressed(twin) && twin.State().text == button.State().text;
+    };
+    if (std::ranges::none_of(widgets_, isTwin)) {
+        return nullptr;
+    }
+    const Place& place = button.State().place;
+    const auto head = std::ranges::find_if(widgets_, [&place](const ControlWidget* other) {
+        const Control& label = other->Logical();
+        const Place& its = label.State().place;
+        return label.kind == ControlKind::Label && IsWithin(Middle(its), place.top, place.height) &&
+               its.left < place.left;
+    });
+    return head == widgets_.end() ? nullptr : &(*head)->Logical();
+}
+
+/// Also ties each label to what it names, for screen readers that follow the tie.
+void GenericLayout::TellNames() {
+    namesStale_ = false;
+    for (ControlWidget* widget : widgets_) {
+        const Control& control = widget->Logical();
+        widget->SetLook(LookOf(control, pointPixels_));
+        ControlWidget* caption = IsCalledByCaption(control) && !IsValue(control) ? CaptionOf(control) : nullptr;
+        auto* label = caption == nullptr ? nullptr : static_cast<QLabel*>(&caption->Widget());
+        if (label != nullptr && label->buddy() != &widget->Widget()) {
+            label->setBuddy(&widget->Widget());
+        }
+    }
 }
 
 }  // namespace tallyhut

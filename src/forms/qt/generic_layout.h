@@ -1,5 +1,6 @@
 #pragma once
 
+#include <optional>
 #include <vector>
 
 #include "forms/qt/form_layout.h"
@@ -30,7 +31,14 @@ private:
     Look LookOf(const Control& control, double pointPixels) const;
     /// The control's place in the design. A caption on the line of a field stands exactly on it.
     Place PlaceOf(const Control& control) const;
+    /// What the controls in a frame take of the design; none for an empty frame and for all else.
+    std::optional<Place> PlaceWithin(const Control& frame) const;
     QString SpokenName(const Control& control) const;
+    /// The label that says what the control is; null where none stands near.
+    ControlWidget* CaptionOf(const Control& control) const;
+    /// The label at the head of the row that a button stands in; null where there is none.
+    const Control* RowCaptionOf(const Control& button) const;
+    void TellNames();
 
     Form& form_;
     QWidget& window_;
@@ -39,7 +47,9 @@ private:
     QWidget* canvas_;
     std::vector<ControlWidget*> widgets_;
     std::vector<std::pair<const Control*, Place>> arranged_;  ///< the places that the last arrangement is made of
+    double pointPixels_ = 0;                                  ///< of that arrangement
     bool stale_ = true;
+    bool namesStale_ = false;
 };
 
 }  // namespace tallyhut

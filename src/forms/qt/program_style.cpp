@@ -14,9 +14,8 @@ namespace {
 constexpr double kCorner = 4;
 constexpr double kEdge = 1;
 
-/// At least two pixels, and more around large text.
-double FocusEdge(const QStyleOption& option) {
-    return std::max(2, option.fontMetrics.height() / 18);
+double FocusEdge(const QFontMetrics& text) {
+    return std::max(2, text.height() / 18);
 }
 
 void DrawField(const QStyleOption& option, QPainter& painter, const QWidget* widget) {
@@ -24,7 +23,7 @@ void DrawField(const QStyleOption& option, QPainter& painter, const QWidget* wid
     const bool ours = widget != nullptr && widget->property(kFocusMark).isValid();
     const bool focused = ours ? IsFocusMarked(*widget) : option.state.testFlag(QStyle::State_HasFocus);
     DrawBox(painter, option.rect, option.palette.color(QPalette::Base), focused ? theme.accent : theme.edge,
-            focused ? FocusEdge(option) : kEdge);
+            focused ? FocusEdge(option.fontMetrics) : kEdge);
 }
 
 void DrawButton(const QStyleOption& option, QPainter& painter, const QWidget* widget) {
@@ -37,7 +36,8 @@ void DrawButton(const QStyleOption& option, QPainter& painter, const QWidget* wi
     } else if (option.state.testFlag(QStyle::State_MouseOver) && option.state.testFlag(QStyle::State_Enabled)) {
         fill = Mixed(theme.text, fill, 0.06);
     }
-    DrawBox(painter, option.rect, fill, focused ? theme.accent : theme.edge, focused ? FocusEdge(option) : kEdge);
+    DrawBox(painter, option.rect, fill, focused ? theme.accent : theme.edge,
+            focused ? FocusEdge(option.fontMetrics) : kEdge);
 }
 
 /// A ring that can be seen in a dark window, too, and a dot in it.
@@ -59,6 +59,25 @@ void DrawChoice(const QStyleOption& option, QPainter& painter) {
     painter.restore();
 }
 
+/// A square that can be seen in a dark window, too, and a tick in it.
+void DrawCheck(const QStyleOption& option, QPainter& painter) {
+    const Theme theme = ThemeOf(option.palette);
+    const double size = std::min(option.rect.width(), option.rect.height()) - 1;
+    const QRectF square{option.rect.x() + 0.5, option.rect.y() + 0.5, size, size};
+    painter.save();
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(theme.quietText);
+    painter.setBrush(theme.field);
+    painter.drawRoundedRect(square, 2, 2);
+    if (option.state.testFlag(QStyle::State_On)) {
+        const auto at = [&square, size](double x, double y) { return square.topLeft() + QPointF{x, y} * size; };
+        painter.setPen(QPen{theme.text, std::max(1.5, size / 7), Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin});
+        painter.setBrush(Qt::NoBrush);
+        painter.drawPolyline(QPolygonF{{at(0.22, 0.52), at(0.42, 0.72), at(0.78, 0.28)}});
+    }
+    painter.restore();
+}
+
 void DrawHeading(const QStyleOption& option, QPainter& painter) {
     const Theme theme = ThemeOf(option.palette);
     painter.fillRect(option.rect, theme.stripe);
@@ -70,6 +89,10 @@ void DrawHeading(const QStyleOption& option, QPainter& painter) {
 
 bool IsFocusMarked(const QWidget& widget) {
     return widget.property(kFocusMark).toBool();
+}
+
+void DrawFocusEdge(QPainter& painter, const QWidget& widget, const QRect& rect) {
+    DrawBox(painter, rect, Qt::transparent, ThemeOf(widget.palette()).accent, FocusEdge(widget.fontMetrics()));
 }
 
 void DrawBox(QPainter& painter, const QRect& rect, const QColor& fill, const QColor& edge, double edgeWidth) {
@@ -108,6 +131,7 @@ int ProgramStyle::pixelMetric(PixelMetric metric, const QStyleOption* option, co
         case PM_IndicatorHeight:
         case PM_ExclusiveIndicatorWidth:
         case PM_ExclusiveIndicatorHeight:
+            return std::max(std::min(usual, line), line * 4 / 5);
         case PM_ScrollBarExtent:
             return std::max(usual, line * 4 / 5);
         case PM_MenuBarItemSpacing:
@@ -117,14 +141,30 @@ int ProgramStyle::pixelMetric(PixelMetric metric, const QStyleOption* option, co
     }
 }
 
+QRect ProgramStyle::subControlRect(ComplexControl control, const QStyleOptionComplex* option, SubControl part,
+                                   const QWidget* widget) const {
+    const auto* group = qstyleoption_cast<const QStyleOptionGroupBox*>(option);
+    if (control != CC_GroupBox || group == nullptr || (part != SC_GroupBoxFrame && part != SC_GroupBoxContents)) {
+        return QProxyStyle::subControlRect(control, option, part, widget);
+    }
+    const int caption = group->text.isEmpty() ? 0 : group->fontMetrics.height() + 2;
+    const QRect frame = group->rect.adjusted(0, caption, 0, 0);
+    const int inside = part == SC_GroupBoxContents ? 2 : 0;
+    return frame.adjusted(inside, inside, -inside, -inside);
+}
+
 void ProgramStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,
                                  const QWidget* widget) const {
     if (element == PE_PanelLineEdit && qobject_cast<const QLineEdit*>(widget) != nullptr) {
         DrawField(*option, *painter, widget);
     } else if (element == PE_PanelButtonCommand) {
         DrawButton(*option, *painter, widget);
+    } else if (element == PE_FrameGroupBox) {
+        DrawBox(*painter, option->rect, Qt::transparent, ThemeOf(option->palette).edge, kEdge);
     } else if (element == PE_IndicatorRadioButton) {
         DrawChoice(*option, *painter);
+    } else if (element == PE_IndicatorCheckBox) {
+        DrawCheck(*option, *painter);
     } else if (element == PE_FrameFocusRect && widget != nullptr && widget->inherits("QPushButton")) {
         return;  // the edge shows it
     } else {

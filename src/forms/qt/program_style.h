@@ -19,11 +19,17 @@ public:
                   QStyleHintReturn* returnData) const override;
     /// Marks and bars grow with the text beside them.
     int pixelMetric(PixelMetric metric, const QStyleOption* option, const QWidget* widget) const override;
+    /// A frame is drawn below its caption, and what lies in it, within that.
+    QRect subControlRect(ComplexControl control, const QStyleOptionComplex* option, SubControl part,
+                         const QWidget* widget) const override;
     void drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,
                        const QWidget* widget) const override;
     void drawControl(ControlElement element, const QStyleOption* option, QPainter* painter,
                      const QWidget* widget) const override;
 };
+
+/// Around what has the focus, within the rectangle: at least two pixels, and more around large text.
+void DrawFocusEdge(QPainter& painter, const QWidget& widget, const QRect& rect);
 
 /// A filled rectangle with round corners, marked where it has the focus.
 void DrawBox(QPainter& painter, const QRect& rect, const QColor& fill, const QColor& edge, double edgeWidth);

@@ -190,8 +190,7 @@ void RowsWidget::paintEvent(QPaintEvent* event) {
     const Theme theme = ThemeOf(parentWidget()->palette());
     QPainter painter{viewport()};
     if (IsFocusMarked(*this)) {
-        painter.setPen(QPen{theme.accent, 2});
-        painter.drawRect(viewport()->rect().adjusted(1, 1, -1, -1));
+        DrawFocusEdge(painter, *this, viewport()->rect());
     } else if (AsListView(Logical()) == nullptr) {
         painter.setPen(theme.edge);
         painter.drawRect(viewport()->rect().adjusted(0, 0, -1, -1));

@@ -26,8 +26,8 @@ QPalette FieldPalette(const Control& control, bool focused, const QPalette& desk
     QPalette palette = desktop;
     palette.setColor(QPalette::Base, ground);
     palette.setColor(QPalette::Text, state.enabled ? text : Mixed(text, ground, 0.6));
-    palette.setColor(QPalette::Highlight, theme.accent);
-    palette.setColor(QPalette::HighlightedText, TextOn(theme.accent));
+    palette.setColor(QPalette::Highlight, focused ? theme.accent : theme.quietSelection);
+    palette.setColor(QPalette::HighlightedText, focused ? TextOn(theme.accent) : theme.text);
     return palette;
 }
 
@@ -270,8 +270,7 @@ void PageWidget::paintEvent(QPaintEvent* event) {
     QPlainTextEdit::paintEvent(event);
     if (IsFocusMarked(*this)) {
         QPainter painter{viewport()};
-        painter.setPen(QPen{ThemeOf(palette()).accent, 2});
-        painter.drawRect(viewport()->rect().adjusted(1, 1, -1, -1));
+        DrawFocusEdge(painter, *this, viewport()->rect());
     }
 }
 

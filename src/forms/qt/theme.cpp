@@ -48,6 +48,7 @@ Theme ThemeOf(const QPalette& palette) {
     theme.edge = Mixed(theme.text, theme.panel, 0.17);
     theme.stripe = Mixed(theme.text, theme.panel, 0.035);
     theme.field = Mixed(theme.text, theme.panel, theme.dark ? 0.08 : 0.045);
+    theme.quietSelection = Mixed(theme.text, theme.field, 0.16);
     theme.focusField = theme.dark ? QColor{0xF4, 0xF8, 0xFC} : QColor{Qt::white};
     theme.focusText = Qt::black;
     theme.accent = MadeReadable(QColor{0x15, 0x65, 0xC0}, theme.panel);

@@ -10,14 +10,15 @@ namespace tallyhut {
 /// The colours of the program's surfaces, made from the desktop's palette, light or dark.
 struct Theme {
     bool dark = false;
-    QColor ground;      ///< of windows, between the panels
-    QColor panel;       ///< of panels, which hold controls that belong together
-    QColor edge;        ///< around panels and fields
-    QColor stripe;      ///< every other row of a list, and its heading
-    QColor text;        ///< on panels
-    QColor quietText;   ///< captions beside something more important
-    QColor field;       ///< of text fields that wait
-    QColor focusField;  ///< of the field that keys go to: the brightest thing of a form
+    QColor ground;          ///< of windows, between the panels
+    QColor panel;           ///< of panels, which hold controls that belong together
+    QColor edge;            ///< around panels and fields
+    QColor stripe;          ///< every other row of a list, and its heading
+    QColor text;            ///< on panels
+    QColor quietText;       ///< captions beside something more important
+    QColor field;           ///< of text fields that wait
+    QColor quietSelection;  ///< in a field that waits
+    QColor focusField;      ///< of the field that keys go to: the brightest thing of a form
     QColor focusText;
     QColor accent;  ///< around what has the focus
     QColor button;

@@ -5,6 +5,7 @@
 #include <QKeyEvent>
 #include <QScreen>
 #include <QTimer>
+#include <QWindow>
 #include <algorithm>
 #include <iterator>
 #include <utility>
@@ -29,6 +30,10 @@ struct WindowHost::FormView {
     std::unordered_map<const Control*, ControlWidget*> widgets;
     Place place;  ///< of the form, as last seen or told
     bool placed = false;
+    QRect outer;           ///< the place that we gave the window, with what the desktop puts around it
+    QMargins around;       ///< what that was taken for
+    bool framed = false;   ///< what it is has been seen
+    bool filled = false;   ///< the window was made to fill the screen, and has no other place yet
     bool placing = false;  ///< the window is moved by us
     bool placePending = false;
 };
@@ -77,6 +82,18 @@ QRect InPixels(const Place& place) {
 Place InUnits(const QRect& pixels) {
     return {pixels.x() * kUnitsPerPixel, pixels.y() * kUnitsPerPixel, pixels.width() * kUnitsPerPixel,
             pixels.height() * kUnitsPerPixel};
+}
+
+/// The nearest to it in the area, smaller where it has to be.
+QRect Within(QRect place, const QRect& area) {
+    place.setSize(place.size().boundedTo(area.size()));
+    place.moveLeft(std::clamp(place.left(), area.left(), area.right() + 1 - place.width()));
+    place.moveTop(std::clamp(place.top(), area.top(), area.bottom() + 1 - place.height()));
+    return place;
+}
+
+QMargins MarginsOf(const QWidget& window) {
+    return window.windowHandle() == nullptr ? QMargins{} : window.windowHandle()->frameMargins();
 }
 
 bool StepsThroughAll(const QKeyEvent& press) {
@@ -199,6 +216,7 @@ void WindowHost::Flush() {
     }
     SyncControls();
     for (const auto& [form, view] : views_) {
+        LearnMargins(*view);
         SyncFocus(*view);
     }
     SyncActive();
@@ -253,11 +271,25 @@ WindowHost::FormView& WindowHost::ViewOf(Form& form) {
             input_.Do([&form, minimised] { minimised ? form.Minimise() : form.Restore(); });
         }
     };
+    window.outlets.unmaximised = [this, shown = view.get()] {
+        if (std::exchange(shown->filled, false)) {
+            const QRect area = QGuiApplication::primaryScreen()->availableGeometry();
+            constexpr int kAround = 16;  // of the area's side, on each side
+            const int x = area.width() / kAround;
+            const int y = area.height() / kAround;
+            shown->framed = false;  // a window that fills the screen has less around it
+            SetOuterPlace(*shown, area.adjusted(x, y, -x, -y));
+        }
+    };
     window.outlets.resized = [this, shown = view.get()] {
+        LearnMargins(*shown);
         shown->layout->Arrange();
         TellPlace(*shown);
     };
-    window.outlets.moved = [this, shown = view.get()] { TellPlace(*shown); };
+    window.outlets.moved = [this, shown = view.get()] {
+        LearnMargins(*shown);
+        TellPlace(*shown);
+    };
     window.outlets.paletteChanged = [this, &form] { MarkAll(form); };
     return *view;
 }
@@ -333,14 +365,37 @@ void WindowHost::PutInPlace(FormView& view) {
         wanted.moveTop(workArea.top());  // above the form that keys go to
     }
     view.placing = true;
-    if (!form.design.dialog && (CoversScreen(wanted, workArea) || CoversScreen(wanted, whole))) {
+    view.filled = !form.design.dialog && (CoversScreen(wanted, workArea) || CoversScreen(wanted, whole));
+    if (view.filled) {
         view.window->setGeometry(workArea);
         view.window->setWindowState(view.window->windowState() | Qt::WindowMaximized);
     } else {
         view.window->setWindowState(view.window->windowState() & ~Qt::WindowMaximized);
-        view.window->setGeometry(wanted);
+        SetOuterPlace(view, wanted);
     }
     view.placing = false;
+}
+
+void WindowHost::SetOuterPlace(FormView& view, const QRect& outer) {
+    view.outer = outer;
+    view.around = view.window->TheForm().design.neverActive ? QMargins{} : margins_;
+    view.window->setGeometry(Within(outer, QGuiApplication::primaryScreen()->availableGeometry()) - view.around);
+}
+
+/// The desktop tells what it puts around a window only when the window is there. The first place of it is made good
+/// then; later the operator may have moved it.
+void WindowHost::LearnMargins(FormView& view) {
+    const QMargins around = MarginsOf(*view.window);
+    if (view.framed || around.isNull() || !view.window->isVisible()) {
+        return;
+    }
+    view.framed = true;
+    if (!view.window->isMaximized()) {
+        margins_ = around;
+        if (view.around != around) {
+            SetOuterPlace(view, view.outer);
+        }
+    }
 }
 
 /// The operator has moved the window or changed its size. Several such events at once are one to the form. A form that
@@ -354,7 +409,7 @@ void WindowHost::TellPlace(FormView& view) {
     input_.Do([this, form = &view.window->TheForm()] {
         FormView& told = *views_.at(form);
         told.placePending = false;
-        const QRect now = told.window->geometry();
+        const QRect now = told.window->geometry() + MarginsOf(*told.window);
         if (now != InPixels(form->FormPlace())) {
             told.place = InUnits(now);
             form->SetFormPlace(told.place);

@@ -1,6 +1,8 @@
 #pragma once
 
+#include <QMargins>
 #include <QObject>
+#include <QRect>
 #include <memory>
 #include <set>
 #include <unordered_map>
@@ -47,7 +49,10 @@ private:
     FormView& ViewOf(Form& form);
     void AddWidget(FormView& view, Control& control);
     void RemoveWidget(Control& control);
-    static void PutInPlace(FormView& view);
+    void PutInPlace(FormView& view);
+    /// Gives the window, with what the desktop puts around it, this place, as far as the work area lets it.
+    void SetOuterPlace(FormView& view, const QRect& outer);
+    void LearnMargins(FormView& view);
     void TellPlace(FormView& view);
     void OnActivated(Form& form);
     void MarkAll(const Form& form);
@@ -61,6 +66,7 @@ private:
     Form* shownActive_ = nullptr;  ///< the form whose window was last made the active one
     Form* awaited_ = nullptr;      ///< asked of the desktop to become active, and not yet reported so
     bool dialogOpen_ = false;
+    QMargins margins_;  ///< what the desktop puts around a window, as last seen
 };
 
 }  // namespace tallyhut

@@ -103,6 +103,7 @@ struct AccessibilityTest : testing::Test {
         return *element;
     }
     std::string NameOf(const char* control) { return ElementOf(control).text(QAccessible::Name).toStdString(); }
+    std::string ValueOf(const char* control) { return ElementOf(control).text(QAccessible::Value).toStdString(); }
     void Work(const std::string& exchange) {
         shown.Type(exchange);
         shown.Press("Enter");
@@ -163,6 +164,27 @@ TEST_F(AccessibilityTest, AMessageOfSeveralLinesIsSpokenAsOne) {
     program.form1.lblDialog.SetCaption("W3ABC  -  MDC\r\n14.025\r\n21:04");
     shown.Settle();
     EXPECT_EQ(reader.HeardOf("lblDialog"), Announced("lblDialog", "Message W3ABC - MDC 14.025 21:04"));
+}
+
+TEST_F(AccessibilityTest, TheMessageLineIsReadBack) {
+    program.time.gTimeOn = 1;
+    Work("88a");
+    EXPECT_EQ(ElementOf("lblDialog").role(), QAccessible::StaticText);
+    EXPECT_EQ(NameOf("lblDialog"), "Message Invalid Section");
+}
+
+TEST_F(AccessibilityTest, WhatIsTypedIsReadBackFromItsField) {
+    shown.Type("88aw1xx");
+    QAccessibleInterface& call = ElementOf("txtCall");
+    EXPECT_EQ(call.role(), QAccessible::EditableText);
+    EXPECT_EQ(NameOf("txtCall"), "Call");
+    EXPECT_EQ(ValueOf("txtCall"), "W1XX");
+    ASSERT_NE(call.textInterface(), nullptr);
+    EXPECT_EQ(call.textInterface()->text(2, 4), "XX");
+    EXPECT_EQ(call.textInterface()->cursorPosition(), 4);
+    EXPECT_EQ(ValueOf("txtNum"), "88");
+    EXPECT_EQ(ValueOf("txtPre"), "A");
+    EXPECT_EQ(ValueOf("txtCK"), "");
 }
 
 TEST_F(AccessibilityTest, AValueIsCalledByItsCaption) {

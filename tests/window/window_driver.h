@@ -22,7 +22,7 @@ public:
     /// Presses keys by their names on the screen's keyboard: "Return", "alt+c", "shift+Insert".
     void Press(const std::string& keys) const;
     void Click(int x, int y, int button = 1) const;
-    /// The colour of a pixel as "#rrggbb".
+    /// The colour of a pixel as "#RRGGBB".
     std::string PixelAt(int x, int y) const;
     /// What a part of the screen looks like; equal texts are equal pictures.
     std::string PictureOf(int x, int y, int width, int height) const;

@@ -1,27 +1,10 @@
-#include <gtest/gtest.h>
-
 #include <csignal>
-#include <cstdlib>
 #include <filesystem>
-#include <fstream>
-#include <sstream>
 
-#include "tests/window/window_driver.h"
+#include "tests/window/window_fixture.h"
 
 namespace tallyhut {
 namespace {
-
-std::string MakeFolder() {
-    std::string name = (std::filesystem::temp_directory_path() / "tallyhut-XXXXXX").string();
-    return mkdtemp(name.data()) == nullptr ? "" : name;
-}
-
-std::string ContentOf(const std::filesystem::path& file) {
-    std::ifstream in{file, std::ios::binary};
-    std::ostringstream content;
-    content << in.rdbuf();
-    return content.str();
-}
 
 /// Where the first rows of the contacts are on a screen of 1280 by 800.
 struct Area {
@@ -32,22 +15,7 @@ constexpr Area kList{20, 352, 580, 60};
 constexpr int kMessageX = 780;
 constexpr int kMessageY = 167;
 
-struct EntryWindowTest : testing::Test {
-    std::string folder = MakeFolder();
-    WindowDriver window{folder};
-
-    ~EntryWindowTest() override {
-        if (HasFailure()) {
-            window.KeepScreenshot(testing::UnitTest::GetInstance()->current_test_info()->name());
-        }
-        std::error_code ignored;
-        std::filesystem::remove_all(folder, ignored);
-    }
-
-    std::string Log() const { return ContentOf(folder + "/Log.txt"); }
-    /// The exchanges of the log without their moments: "88 A W1XX 72 MDC".
-    bool LogHolds(const std::string& fields) const { return Log().find(fields) != std::string::npos; }
-};
+struct EntryWindowTest : WindowTest {};
 
 TEST_F(EntryWindowTest, KeysFindTheirFieldsAndEnterLogsTheContact) {
     window.Type("88aw1xx72mdc");

@@ -28,6 +28,8 @@ public:
     std::string PictureOf(int x, int y, int width, int height) const;
     /// How many pixels of the screen have the colour "#rrggbb".
     int CountPixels(const std::string& colour) const;
+    /// There is a window of that title to be seen. Titles are regular expressions, as everywhere here.
+    bool Shows(const std::string& title) const { return !Find(title).empty(); }
     /// Waits for a window of that title, gives it the keyboard, as there is nothing here that would, and presses keys.
     void AnswerWindow(const std::string& title, const std::string& keys);
     /// Asks the window to close, as a click on its close box does.

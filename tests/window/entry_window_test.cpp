@@ -1,50 +1,21 @@
-#include <gtest/gtest.h>
-
 #include <csignal>
-#include <cstdlib>
 #include <filesystem>
-#include <fstream>
-#include <sstream>
 
-#include "tests/window/window_driver.h"
+#include "tests/window/window_fixture.h"
 
 namespace tallyhut {
 namespace {
-
-std::string MakeFolder() {
-    std::string name = (std::filesystem::temp_directory_path() / "tallyhut-XXXXXX").string();
-    return mkdtemp(name.data()) == nullptr ? "" : name;
-}
-
-std::string ContentOf(const std::filesystem::path& file) {
-    std::ifstream in{file, std::ios::binary};
-    std::ostringstream content;
-    content << in.rdbuf();
-    return content.str();
-}
 
 /// Where the first rows of the contacts are on a screen of 1280 by 800.
 struct Area {
     int x, y, width, height;
 };
 constexpr Area kList{20, 352, 580, 60};
+/// In the message line, behind its text.
+constexpr int kMessageX = 780;
+constexpr int kMessageY = 167;
 
-struct EntryWindowTest : testing::Test {
-    std::string folder = MakeFolder();
-    WindowDriver window{folder};
-
-    ~EntryWindowTest() override {
-        if (HasFailure()) {
-            window.KeepScreenshot(testing::UnitTest::GetInstance()->current_test_info()->name());
-        }
-        std::error_code ignored;
-        std::filesystem::remove_all(folder, ignored);
-    }
-
-    std::string Log() const { return ContentOf(folder + "/Log.txt"); }
-    /// The exchanges of the log without their moments: "88 A W1XX 72 MDC".
-    bool LogHolds(const std::string& fields) const { return Log().find(fields) != std::string::npos; }
-};
+struct EntryWindowTest : WindowTest {};
 
 TEST_F(EntryWindowTest, KeysFindTheirFieldsAndEnterLogsTheContact) {
     window.Type("88aw1xx72mdc");
@@ -59,9 +30,11 @@ TEST_F(EntryWindowTest, KeysFindTheirFieldsAndEnterLogsTheContact) {
 TEST_F(EntryWindowTest, ADuplicateTurnsTheMessageLineRed) {
     window.Type("88aw1xx72mdc");
     window.Press("Return");
-    EXPECT_LT(window.CountPixels("#ff0000"), 1000);
+    ASSERT_TRUE(Eventually([this] { return LogHolds("W1XX"); }));
+    const auto ground = [this] { return window.PixelAt(kMessageX, kMessageY); };
+    EXPECT_NE(ground(), "#FF0000");
     window.Type("5bw1xx7");
-    EXPECT_TRUE(Eventually([this] { return window.CountPixels("#ff0000") > 10'000; }));
+    EXPECT_TRUE(Eventually([&] { return ground() == "#FF0000"; })) << ground();
 }
 
 TEST_F(EntryWindowTest, AContactIsSeenInTheListOfRecentOnes) {

@@ -109,7 +109,9 @@ WindowDriver::WindowDriver(const std::string& folder, const std::string& screenS
 }
 
 std::string WindowDriver::Find(const std::string& title) const {
-    return Run("xdotool search --onlyvisible --name '" + title + "' 2>/dev/null | head -n 1 | tr -d '\\n'");
+    const std::string ofProgram = "--pid " + std::to_string(program_);  // the screen itself has an empty title, too
+    return Run("xdotool search --onlyvisible --all " + ofProgram + " --name '" + title +
+               "' 2>/dev/null | head -n 1 | tr -d '\\n'");
 }
 
 void WindowDriver::AnswerWindow(const std::string& title, const std::string& keys) {

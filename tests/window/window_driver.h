@@ -22,12 +22,14 @@ public:
     /// Presses keys by their names on the screen's keyboard: "Return", "alt+c", "shift+Insert".
     void Press(const std::string& keys) const;
     void Click(int x, int y, int button = 1) const;
-    /// The colour of a pixel as "#rrggbb".
+    /// The colour of a pixel as "#RRGGBB".
     std::string PixelAt(int x, int y) const;
     /// What a part of the screen looks like; equal texts are equal pictures.
     std::string PictureOf(int x, int y, int width, int height) const;
     /// How many pixels of the screen have the colour "#rrggbb".
     int CountPixels(const std::string& colour) const;
+    /// There is a window of that title to be seen. Titles are regular expressions, as everywhere here.
+    bool Shows(const std::string& title) const { return !Find(title).empty(); }
     /// Waits for a window of that title, gives it the keyboard, as there is nothing here that would, and presses keys.
     void AnswerWindow(const std::string& title, const std::string& keys);
     /// Asks the window to close, as a click on its close box does.

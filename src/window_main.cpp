@@ -1,6 +1,5 @@
 #include "window_main.h"
 
-#include <QAccessible>
 #include <QApplication>
 
 #include "app/program.h"
@@ -25,11 +24,9 @@ int RunWindow(int& argc, char** argv, const Options& options, const std::string&
               const std::string& dataFolder) {
     QApplication application{argc, argv};
     QApplication::setApplicationName("tallyhut");
-    QApplication::setQuitOnLastWindowClosed(false);
     QApplication::setStyle(new ProgramStyle);
     QApplication::setWindowIcon(LogoIcon());
     QApplication::setDesktopFileName("tallyhut");
-    QAccessible::setRootObject(&application);  // else done by the loop that never runs here
 
     SystemClock clock;
     QtPump pump{clock};

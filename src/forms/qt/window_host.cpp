@@ -277,7 +277,7 @@ WindowHost::FormView& WindowHost::ViewOf(Form& form) {
             constexpr int kAround = 16;  // of the area's side, on each side
             const int x = area.width() / kAround;
             const int y = area.height() / kAround;
-            shown->framed = false;  // a window that fills the screen has less around it
+            shown->framed = !margins_.isNull();
             SetOuterPlace(*shown, area.adjusted(x, y, -x, -y));
         }
     };
@@ -383,18 +383,16 @@ void WindowHost::SetOuterPlace(FormView& view, const QRect& outer) {
 }
 
 /// The desktop tells what it puts around a window only when the window is there. The first place of it is made good
-/// then; later the operator may have moved it.
+/// then; later the operator may have moved it. A window that fills the screen has less around it than others.
 void WindowHost::LearnMargins(FormView& view) {
     const QMargins around = MarginsOf(*view.window);
-    if (view.framed || around.isNull() || !view.window->isVisible()) {
+    if (view.framed || around.isNull() || !view.window->isVisible() || view.window->isMaximized()) {
         return;
     }
     view.framed = true;
-    if (!view.window->isMaximized()) {
-        margins_ = around;
-        if (view.around != around) {
-            SetOuterPlace(view, view.outer);
-        }
+    margins_ = around;
+    if (view.around != around) {
+        SetOuterPlace(view, view.outer);
     }
 }
 

@@ -35,7 +35,7 @@ void StartUp::Form1_Load() {
     try {
         LoadSteps();
     } catch (const PlatformError&) {
-        // Told behaviour: a settings file that cannot be read ends the load where it is, and logging goes on.
+        // A settings file that cannot be read ends the load where it is, and logging goes on.
     } catch (const ValueError&) {
         // The same for one that is damaged.
     }

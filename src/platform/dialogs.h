@@ -53,7 +53,7 @@ struct InputBox {
 
 struct FileRequest {
     std::string title = {};
-    std::string filter = {};       ///< as told, for example "Log Files (*.log) | *.log"
+    std::string filter = {};       ///< for example "Log Files (*.log) | *.log"
     std::string folder = {};       ///< where the dialog starts
     std::string name = {};         ///< the whole suggested path, or empty
     bool overwritePrompt = false;  ///< asks before an existing file is chosen for writing

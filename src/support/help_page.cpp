@@ -19,7 +19,7 @@ void HelpPage::mnuHelp_Click() {
 void HelpPage::Form5_Load() {
     try {
         page.Text1.SetText(files.Read(WorkingFile(directories, kHelpText)));
-    } catch (const PlatformError&) {  // told behaviour: without the file the page is empty
+    } catch (const PlatformError&) {  // without the file the page is empty
     }
 }
 

@@ -60,7 +60,7 @@ struct Form {
 
     Control* Focus() const { return focus_; }
     const std::vector<Control*>& Controls() const { return controls_; }
-    /// By the told name, "txtCall" or "Label10(3)"; null where there is none.
+    /// By its full name, "txtCall" or "Label10(3)"; null where there is none.
     Control* Find(std::string_view fullName) const;
     const std::vector<MenuEntry*>& Menus() const { return menus_; }
     /// The controls that Tab visits, in order; of a group of options only the chosen one or else the first.

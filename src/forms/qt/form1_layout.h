@@ -34,7 +34,7 @@ private:
     void PlaceSpots();
     void TieCaptions();
     void ShowPartsInUse();
-    /// A ground on which the told colours of the sections can be read: the panel's own, or a light or dark sheet.
+    /// A ground on which the colours of the sections can be read: the panel's own, or a light or dark sheet.
     void ChooseSectionsGround();
     Look LookOf(const Control& control, double base) const;
     /// Pixels of plain text in a window of the present size; all else is told in these.

@@ -219,6 +219,7 @@ void Program::BindRigForm() {
     rigForm.Form_QueryUnload = [this](bool& Cancel) { rigSetup.RigControlfrm_QueryUnload(Cancel); };
     rigForm.Form_Unload = [this] { rigSetup.RigControlfrm_Unload(); };
     rigForm.tmrGetData.Elapsed = [this] { rigPoll.tmrGetData_Elapsed(); };
+    rigForm.tmrCommand.Elapsed = [this] { rigCommands.tmrCommand_Elapsed(); };
     rigForm.List1.Click = [this] { rigSetup.List1_Click(); };
     rigForm.txtFreq.Change = [this] { rigSetup.txtFreq_Change(); };
     rigForm.txtMode.Change = [this] { rigSetup.txtMode_Change(); };
@@ -258,6 +259,8 @@ void Program::BindTuneForm() {
     tuneForm.Command1.Click = [this] { rigTune.Command1_Click(); };
     tuneForm.cmdDone.Click = [this] { rigTune.cmdDone_Click(); };
     tuneForm.Timer1.Elapsed = [this] { rigTune.Timer1_Elapsed(); };
+    rigCommands.failed = [this] { rigTune.EndScan(); };
+    rigCommands.over = [this] { rigTune.TakeWaitingStep(); };
     form1.mnuRigTune.Click = [this] { tuneForm.Show(); };
     keys.onCtrlKey['G'] = [this] { tuneForm.Show(); };
 

@@ -241,7 +241,7 @@ void Program::BindTuneForm() {
     tuneForm.txtFreq.Change = [this] { rigTune.txtFreq_Change(); };
     tuneForm.txtFreq.KeyPress = [this](int& KeyAscii) { rigTune.txtFreq_KeyPress(KeyAscii); };
     for (TextBox* limit : {&tuneForm.txtFrom, &tuneForm.txtTo}) {
-        limit->KeyPress = [this](int& KeyAscii) { rigTune.Limit_KeyPress(KeyAscii); };
+        limit->KeyPress = RigTune::Limit_KeyPress;
     }
     for (int i = tuneForm.cmdTune.First(); i <= tuneForm.cmdTune.Last(); ++i) {
         tuneForm.cmdTune(i).Click = [this, i] { rigTune.cmdTune_Click(i); };

@@ -31,7 +31,7 @@ struct RigTune {
     void txtFreq_Change();
     void txtFreq_KeyPress(int& KeyAscii);
     /// Of txtFrom and txtTo.
-    void Limit_KeyPress(int& KeyAscii);
+    static void Limit_KeyPress(int& KeyAscii);
     void Form_KeyDown(int& KeyCode, int Shift);
     /// Esc closes the form when nothing scans; what stands on it stays.
     void Form_KeyPress(int& KeyAscii);

@@ -2,7 +2,7 @@
 
 #include <functional>
 
-#include "app/machine.h"
+#include "platform/machine.h"
 #include "app/main_form_layout.h"
 #include "log/band_selection.h"
 #include "log/start_question.h"

@@ -3,7 +3,7 @@
 #include <cstdint>
 
 #include "forms/Form1.h"
-#include "log/contact_log.h"
+#include "contest/contact_log.h"
 #include "platform/clock.h"
 
 namespace tallyhut {
@@ -11,7 +11,7 @@ namespace tallyhut {
 /// The list of recent contacts.
 struct ContactList {
     Form1& form;
-    const ContactLog& log;
+    const Contest& contest;
     const Clock& clock;
 
     std::uint8_t gListAll = 0;  ///< 1 lists all contacts, 0 the last 20

@@ -3,7 +3,7 @@
 #include <algorithm>
 
 #include "reports/column_writer.h"
-#include "reports/section_place.h"
+#include "contest/section_table.h"
 #include "values/date_time.h"
 #include "values/format.h"
 #include "values/text.h"

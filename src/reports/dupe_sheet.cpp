@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "log/section_table.h"
+#include "contest/section_table.h"
 #include "reports/column_writer.h"
 #include "reports/report_text.h"
 

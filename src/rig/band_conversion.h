@@ -3,7 +3,7 @@
 #include <string>
 
 #include "log/band_selection.h"
-#include "log/contact_log.h"
+#include "contest/contact_log.h"
 
 namespace tallyhut {
 

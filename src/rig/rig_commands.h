@@ -4,7 +4,7 @@
 #include <vector>
 
 #include "forms/RigControlfrm.h"
-#include "log/preferences.h"
+#include "contest/preferences.h"
 #include "platform/serial_port.h"
 #include "rig/mode_plan.h"
 #include "rig/pegasus_files.h"

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "forms/RigControlfrm.h"
-#include "log/preferences.h"
+#include "contest/preferences.h"
 #include "platform/serial_port.h"
 #include "rig/band_conversion.h"
 #include "rig/pegasus_files.h"

@@ -8,7 +8,7 @@
 #include <vector>
 
 #include "platform/clock.h"
-#include "toolkit/colour.h"
+#include "values/colour.h"
 #include "toolkit/key.h"
 
 namespace tallyhut {

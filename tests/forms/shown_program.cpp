@@ -3,8 +3,8 @@
 #include <QDir>
 #include <array>
 
-#include "log/contact_record.h"
-#include "log/section_table.h"
+#include "contest/contact_record.h"
+#include "contest/section_table.h"
 #include "toolkit/key.h"
 #include "values/format.h"
 #include "values/number.h"

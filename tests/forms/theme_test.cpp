@@ -9,7 +9,7 @@
 
 #include "forms/Form1.h"
 #include "forms/qt/program_style.h"
-#include "log/preferences.h"
+#include "contest/preferences.h"
 
 namespace tallyhut {
 namespace {

@@ -1,4 +1,4 @@
-#include "log/section_table.h"
+#include "contest/section_table.h"
 
 #include <set>
 

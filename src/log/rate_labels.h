@@ -1,8 +1,7 @@
 #pragma once
 
+#include "contest/contest.h"
 #include "forms/Form1.h"
-#include "log/contact_log.h"
-#include "log/preferences.h"
 #include "platform/clock.h"
 
 namespace tallyhut {
@@ -10,8 +9,7 @@ namespace tallyhut {
 /// The two rates beside the score.
 struct RateLabels {
     Form1& form;
-    const ContactLog& log;
-    const Preferences& preferences;
+    const Contest& contest;
     const Clock& clock;
 
     /// Counts the contacts of the last 20 and 60 minutes. A date or time that is none leaves both labels as they are.

@@ -1,4 +1,4 @@
-#include "log/contact_log.h"
+#include "contest/contact_log.h"
 
 #include <gtest/gtest.h>
 

@@ -4,7 +4,7 @@
 #include <string>
 #include <string_view>
 
-#include "toolkit/colour.h"
+#include "values/colour.h"
 #include "values/text_file.h"
 
 namespace tallyhut {

@@ -1,4 +1,6 @@
-#include "log/section_table.h"
+#include "log/section_grid.h"
+
+#include <array>
 
 namespace tallyhut {
 namespace {
@@ -22,24 +24,7 @@ void ShowState(Label& section, Colour colour, bool needed) {
 
 }  // namespace
 
-void ShowNeeded(Label& section, Colour colour) {
-    ShowState(section, colour, true);
-}
-
-void ShowWorked(Label& section, Colour colour) {
-    ShowState(section, colour, false);
-}
-
-int SectionTable::Find(std::string_view code) const {
-    for (int i = 1; i <= gSectionCount; ++i) {
-        if (SectionCode(i) == code) {
-            return i;
-        }
-    }
-    return 0;
-}
-
-void SectionTable::PlaceLabels(Form1& form) {
+void SectionGrid::PlaceLabels() {
     std::array<int, 11> rowsUnder{};
     int i = 0;
     for (const SectionRow& section : kSections) {
@@ -50,33 +35,27 @@ void SectionTable::PlaceLabels(Form1& form) {
     }
 }
 
-void SectionTable::Fill(Form1& form) {
-    gSectionCount = static_cast<std::int32_t>(kSections.size());
-    for (int i = 1; i <= gSectionCount; ++i) {
+void SectionGrid::Fill() {
+    for (int i = 1; i <= contest.sections.gSectionCount; ++i) {
         Label& label = form.Label10(i);
-        label.SetCaption(SectionCode(i));
-        label.SetToolTip(SectionName(i));
-        ShowNeeded(label, kBeforeFirstReload);
+        label.SetCaption(SectionTable::SectionCode(i));
+        label.SetToolTip(SectionTable::SectionName(i));
+        ShowNeeded(i, kBeforeFirstReload);
     }
 }
 
-void SectionTable::Clear() {
-    SectionQsos.fill(0);
-    gSectionsWorked = 0;
-}
-
-bool SectionTable::Count(int i) {
-    std::int16_t& contacts = SectionQsos.at(static_cast<std::size_t>(i));
-    ++contacts;
-    if (contacts != 1) {
-        return false;
+void SectionGrid::ShowAllNeeded() {
+    for (int i = 1; i <= contest.sections.gSectionCount; ++i) {
+        ShowNeeded(i, contest.preferences.gColorNeeded);
     }
-    ++gSectionsWorked;
-    return true;
 }
 
-std::int32_t Score(int sectionsWorked, std::int32_t contacts) {
-    return sectionsWorked * contacts * 2;
+void SectionGrid::ShowWorked(int section, Colour colour) {
+    ShowState(form.Label10(section), colour, false);
+}
+
+void SectionGrid::ShowNeeded(int section, Colour colour) {
+    ShowState(form.Label10(section), colour, true);
 }
 
 }  // namespace tallyhut

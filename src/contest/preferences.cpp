@@ -1,4 +1,4 @@
-#include "log/preferences.h"
+#include "contest/preferences.h"
 
 namespace tallyhut {
 namespace {

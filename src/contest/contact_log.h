@@ -4,7 +4,7 @@
 #include <stdexcept>
 #include <vector>
 
-#include "log/contact_record.h"
+#include "contest/contact_record.h"
 
 namespace tallyhut {
 

@@ -1,4 +1,4 @@
-#include "log/contact_record.h"
+#include "contest/contact_record.h"
 
 #include <array>
 

@@ -1,10 +1,10 @@
-#include "rig/band_limits.h"
+#include "contest/bands.h"
 
 #include <gtest/gtest.h>
 
 #include <vector>
 
-#include "rig/mode_segments.h"
+#include "contest/bands.h"
 
 namespace tallyhut {
 namespace {

@@ -71,6 +71,7 @@ struct Program {
     RigState rigState;
     PegasusFiles pegasus;
     BandConversion bandConversion;
+    Radio radio;
     RigPoll rigPoll;
     RigCommands rigCommands;
     RigSetup rigSetup;

@@ -12,24 +12,26 @@ constexpr const char* kFrequencyError = "Error Changing Frequency";
 }  // namespace
 
 void RigCommands::ChangeFrequency(float& Frequency) {
-    if (!form.tmrGetData.Enabled() || !CanCarry(Frequency)) {
+    if (!radio.form.tmrGetData.Enabled() || !CanCarry(Frequency)) {
         return;
     }
-    form.tmrGetData.SetTimerEnabled(false);
-    state.pollsAfter = true;
+    radio.form.tmrGetData.SetTimerEnabled(false);
+    radio.state.pollsAfter = true;
     {
-        const Running command{state.commanding};
+        const Running command{radio.state.commanding};
         TuneStepByStep(Frequency);
     }
-    form.tmrGetData.SetTimerEnabled(state.pollsAfter);
+    radio.form.tmrGetData.SetTimerEnabled(radio.state.pollsAfter);
 }
 
 /// A number that no command holds costs nothing: it is told before the poll rests.
 bool RigCommands::CanCarry(float frequency) {
-    const FrequencyCommand command = RigNamed(preferences.gRigName).frequencyCommand;
+    const FrequencyCommand command = radio.Row().frequencyCommand;
     try {
         if (command != nullptr) {
-            command({.frequency = frequency, .frequencyString = settings.frequencyString, .vfoDigit = state.VfoDigit});
+            command({.frequency = frequency,
+                     .frequencyString = radio.settings.frequencyString,
+                     .vfoDigit = radio.state.VfoDigit});
         }
     } catch (const ValueError& failure) {
         Report(kFrequencyError, failure.what());
@@ -40,14 +42,14 @@ bool RigCommands::CanCarry(float frequency) {
 
 void RigCommands::TuneStepByStep(float& Frequency) {
     const auto fail = [this](const std::exception& failure) {
-        state.pollsAfter = false;
+        radio.state.pollsAfter = false;
         Report(kFrequencyError, failure.what());
     };
     try {
-        if (RigNamed(preferences.gRigName).link != RigLink::Files) {
-            comComm1.ReadAll();
+        if (radio.Row().link != RigLink::Files) {
+            radio.comComm1.ReadAll();
         }
-        state.RxBuffer.clear();
+        radio.state.RxBuffer.clear();
         std::string modeOfPlan;
         ChangeMode(Frequency, modeOfPlan);
         WaitOutputDrained();
@@ -62,22 +64,23 @@ void RigCommands::TuneStepByStep(float& Frequency) {
 
 /// Another radio may be chosen while events run: each step asks anew.
 void RigCommands::SendFrequency(float& Frequency) {
-    for (const int pause : RigNamed(preferences.gRigName).pausesMs) {
+    for (const int pause : radio.Row().pausesMs) {
         if (pause > 0) {
             DelayMs(pause);
         }
     }
-    const RigRow& rig = RigNamed(preferences.gRigName);
+    const RigRow& rig = radio.Row();
     if (rig.link == RigLink::Files) {
-        pegasus.WritePegasusFile(Frequency, state.RigMode);
+        radio.pegasus.WritePegasusFile(Frequency, radio.state.RigMode);
     } else if (rig.frequencyCommand != nullptr) {
-        comComm1.Write(rig.frequencyCommand(
-            {.frequency = Frequency, .frequencyString = settings.frequencyString, .vfoDigit = state.VfoDigit}));
+        radio.comComm1.Write(rig.frequencyCommand({.frequency = Frequency,
+                                                   .frequencyString = radio.settings.frequencyString,
+                                                   .vfoDigit = radio.state.VfoDigit}));
     }
 }
 
 void RigCommands::ChangeMode(const float& Frequency, std::string& Mode) {
-    if (RigNamed(preferences.gRigName).link == RigLink::None) {
+    if (radio.Row().link == RigLink::None) {
         return;
     }
     try {
@@ -100,14 +103,14 @@ void RigCommands::ChangeMode(const float& Frequency, std::string& Mode) {
 }
 
 void RigCommands::SendMode(const std::string& mode) {
-    const ModeCommand command = RigNamed(preferences.gRigName).modeCommand;
+    const ModeCommand command = radio.Row().modeCommand;
     if (command == nullptr) {
         return;
     }
-    const std::string bytes =
-        command({.mode = mode, .frequencyString = settings.frequencyString, .modeString = settings.modeString});
+    const std::string bytes = command(
+        {.mode = mode, .frequencyString = radio.settings.frequencyString, .modeString = radio.settings.modeString});
     if (!bytes.empty()) {
-        comComm1.Write(bytes);
+        radio.comComm1.Write(bytes);
     }
 }
 
@@ -126,7 +129,7 @@ void RigCommands::WaitOutputDrained() {
     for (;;) {
         desk.RunPending();
         const Tick now = desk.clock.TickMs();
-        if (comComm1.OutputCount() < 1 || now >= limit) {
+        if (radio.comComm1.OutputCount() < 1 || now >= limit) {
             return;
         }
         desk.clock.SleepUntil(now + 1);

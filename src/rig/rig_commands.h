@@ -3,14 +3,9 @@
 #include <string>
 #include <vector>
 
-#include "forms/RigControlfrm.h"
-#include "contest/preferences.h"
-#include "platform/serial_port.h"
+#include "platform/files.h"
 #include "rig/mode_plan.h"
-#include "rig/pegasus_files.h"
-#include "rig/rig_settings.h"
-#include "rig/rig_state.h"
-#include "rig/rig_table.h"
+#include "rig/radio.h"
 #include "support/directories.h"
 #include "toolkit/desk.h"
 
@@ -19,12 +14,7 @@ namespace tallyhut {
 /// Tunes the radio and sets its mode. Between the commands stand pauses that the radios need; events run at their begin
 /// and end, so a caller finds that anything may have happened.
 struct RigCommands {
-    RigControlfrm& form;
-    RigState& state;
-    const RigSettings& settings;
-    const Preferences& preferences;
-    SerialPort& comComm1;
-    PegasusFiles& pegasus;
+    Radio& radio;
     const Files& files;
     const Directories& directories;
     Desk& desk;

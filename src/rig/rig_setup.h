@@ -2,8 +2,8 @@
 
 #include <functional>
 
-#include "forms/RigControlfrm.h"
 #include "log/preferences_file.h"
+#include "rig/radio.h"
 #include "rig/rig_commands.h"
 #include "rig/rig_poll.h"
 
@@ -11,14 +11,10 @@ namespace tallyhut {
 
 /// The radio's form: its settings and their file, opening and closing the port, starting and ending the poll.
 struct RigSetup {
-    RigControlfrm& form;
-    RigState& state;
-    RigSettings& settings;
-    Preferences& preferences;
+    Radio& radio;
     PreferencesFile& preferencesFile;
     RigPoll& poll;
     RigCommands& commands;
-    SerialPort& comComm1;
     Files& files;
     const Directories& directories;
     Desk& desk;
@@ -53,7 +49,6 @@ struct RigSetup {
     void StartPolling();
 
 private:
-    const RigRow& Rig() const;
     void ShowRecord(const RigRecord& record);
     void CommitForm();
     void TryOpen(const RigRow& rig);

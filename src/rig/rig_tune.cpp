@@ -38,7 +38,7 @@ void KeepFrequencyKeys(int& KeyAscii) {
 
 void RigTune::Command1_Click() {
     const std::optional<float> typed = FloatOf(form.txtFreq.Text());
-    if (typed && RigNamed(preferences.gRigName).link != RigLink::None) {
+    if (typed && radio.Row().link != RigLink::None) {
         float Frequency = *typed;  // the command may overwrite it
         commands.ChangeFrequency(Frequency);
     }

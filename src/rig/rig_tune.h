@@ -11,7 +11,7 @@ namespace tallyhut {
 /// without a running poll it only counts.
 struct RigTune {
     frmRigTune& form;
-    const Preferences& preferences;
+    const Radio& radio;
     RigCommands& commands;
 
     /// Go.

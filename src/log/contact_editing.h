@@ -3,6 +3,7 @@
 #include "forms/frmEditCon.h"
 #include "log/contact_list.h"
 #include "log/log_reload.h"
+#include "log/panel.h"
 
 namespace tallyhut {
 

@@ -2,8 +2,8 @@
 
 #include <cstdint>
 
+#include "contest/contest.h"
 #include "forms/Form1.h"
-#include "contest/contact_log.h"
 #include "platform/clock.h"
 
 namespace tallyhut {

@@ -31,9 +31,9 @@ void Duplicates::dupcheck() {
 void Duplicates::Report(std::int32_t row) {
     const Contact& contact = contest.log.Row(row);
     const std::string date = FormatDateText(contact.Date, "mm/dd", panel.desk.clock.Now().year);
-    panel.message.WriteOn(kDialogDupe, "Duplicate " + contact.Call + " " + contact.Sec + " " + date + " " + contact.Time +
-                                     " ON " + contact.Bnd + "  Rec# " + NumberForm(row) +
-                                     "  Serial Rcvd: " + contact.Nr);
+    panel.message.WriteOn(kDialogDupe, "Duplicate " + contact.Call + " " + contact.Sec + " " + date + " " +
+                                           contact.Time + " ON " + contact.Bnd + "  Rec# " + NumberForm(row) +
+                                           "  Serial Rcvd: " + contact.Nr);
     panel.message.BlankPartials();
     panel.desk.dialogs.Beep();
     prompts.BlindKeyPhone("Dupe");

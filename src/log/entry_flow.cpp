@@ -113,7 +113,8 @@ void EntryFlow::txtPre_KeyPress(int& KeyAscii) {
         (mode == 2 ? panel.form.txtCK : panel.form.txtCall).SetFocus();
         return;
     }
-    if (panel.form.txtPre.Text().size() == 1 && KeyAscii >= '0') {  // the one letter is there: the key is for the next field
+    if (panel.form.txtPre.Text().size() == 1 &&
+        KeyAscii >= '0') {  // the one letter is there: the key is for the next field
         StartCarry(kPreToNext, KeyAscii);
         if (mode == 1) {
             panel.form.txtCall.SetFocus();
@@ -273,7 +274,8 @@ void EntryFlow::txtCall_GotFocus() {
 }
 
 void EntryFlow::txtCK_GotFocus() {
-    const bool looksTwice = TabMode(contest.preferences) == 3 && !panel.fields.gPassedCallTwice && duplicates.gIsDupe == 0;
+    const bool looksTwice =
+        TabMode(contest.preferences) == 3 && !panel.fields.gPassedCallTwice && duplicates.gIsDupe == 0;
     if (looksTwice && panel.form.txtCK.HasFocus()) {
         panel.fields.gPassedCallTwice = true;
         panel.form.txtNum.SetFocus();
@@ -298,7 +300,8 @@ void EntryFlow::txtCall_LostFocus() {
 }
 
 std::optional<Tick> EntryFlow::txtPre_HoldsKey(const Key& key) const {
-    const bool goesToCall = TabMode(contest.preferences) == 1 && panel.form.txtPre.Text().size() == 1 && key.character >= '0';
+    const bool goesToCall =
+        TabMode(contest.preferences) == 1 && panel.form.txtPre.Text().size() == 1 && key.character >= '0';
     return goesToCall ? duplicates.HoldsKey(key) : std::nullopt;
 }
 

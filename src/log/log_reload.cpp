@@ -11,7 +11,7 @@ const MessageBox kFileErrorBox{
     .text =
         "Error opening file.  This error is annoying but correctable.  In all likelihood, a character such as a quote "
         "got into your data or one of your entries has an invalid date/time format.  Close this program and open "
-        "contest.log.txt in the program's working directory with a text editor such as notepad.  Inspect the data and fix any "
+        "log.txt in the program's working directory with a text editor such as notepad.  Inspect the data and fix any "
         "errors you see (remove any extra quotes and make sure your date and time entries are valid).",
     .buttons = Buttons::OK,
     .icon = Icon::Critical,

@@ -60,8 +60,9 @@ void OperatingTime::TimeOff() {
     contest.preferences.gOpSeconds = gOpSecondsNow;
     const DateTime at = RecordedNow();
     Record(0, at, true);
-    panel.message.Write("Logged Off at " + FormatDateTime(at, "ddddd", records.shortDate) + " " + FormatDateTime(at, "hh:mm:ss") +
-                  " Log On after " + FormatDateTime(AddSeconds(at, kLeastTimeOff), "hh:mm:ss"));
+    panel.message.Write("Logged Off at " + FormatDateTime(at, "ddddd", records.shortDate) + " " +
+                        FormatDateTime(at, "hh:mm:ss") + " Log On after " +
+                        FormatDateTime(AddSeconds(at, kLeastTimeOff), "hh:mm:ss"));
     preferencesFile.SavePref();
 }
 

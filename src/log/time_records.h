@@ -2,7 +2,6 @@
 
 #include <cstdint>
 #include <string>
-#include <string_view>
 
 #include "platform/files.h"
 #include "support/directories.h"
@@ -15,7 +14,7 @@ namespace tallyhut {
 struct TimeRecords {
     Files& files;
     const Directories& directories;
-    std::string_view shortDate = kShortDate;  ///< the machine's picture of a date
+    std::string shortDate{kShortDate};  ///< the machine's picture of a date
 
     std::string Path() const { return WorkingFile(directories, "nsonoff.txt"); }
     /// Throws PlatformError.

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "contest/score.h"
 #include "contest/section_table.h"
 #include "reports/column_writer.h"
 #include "reports/report_text.h"

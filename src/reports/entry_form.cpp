@@ -130,8 +130,8 @@ CabrilloEntry EntryForm::Entry() const {
 }
 
 void EntryForm::Command4_Click() {
-    const FileRequest request =
-        SaveRequest(directories, "LOG Files (*.log) | *.log", CallToFileStem(Trim(contest.preferences.gOwnCall)) + ".log");
+    const FileRequest request = SaveRequest(directories, "LOG Files (*.log) | *.log",
+                                            CallToFileStem(Trim(contest.preferences.gOwnCall)) + ".log");
     try {
         const std::optional<std::string> path = desk.dialogs.SaveFile(request);
         if (!path) {
@@ -153,7 +153,8 @@ void EntryForm::Command4_Click() {
 void EntryForm::WriteCabrilloFile(const std::string& path) {
     ColumnWriter lines;
     try {
-        WriteCabrillo(Entry(), contest.preferences, contest.log, contest.sections.gSectionsWorked, desk.clock.Now().year, lines);
+        WriteCabrillo(Entry(), contest.preferences, contest.log, contest.sections.gSectionsWorked,
+                      desk.clock.Now().year, lines);
     } catch (const ValueError&) {
         WriteReportFile(machine.files, directories, path, FileText(lines.Lines()));
         throw;
@@ -195,14 +196,16 @@ SummaryAnswers EntryForm::Answers() const {
 
 void EntryForm::Command1_Click() {
     WarnOfOldFormat();
-    const auto lines = SummarySheet(Answers(), contest.preferences, contest.sections, contest.log.gContactCount, kFileLiterals);
+    const auto lines =
+        SummarySheet(Answers(), contest.preferences, contest.sections, contest.log.gContactCount, kFileLiterals);
     WriteReportFile(machine.files, directories, WorkingFile(directories, "ASCIISum.txt"), FileText(lines));
     Command3_Click();
 }
 
 void EntryForm::Command2_Click() {
     WarnOfOldFormat();
-    const auto lines = SummarySheet(Answers(), contest.preferences, contest.sections, contest.log.gContactCount, kPrintLiterals);
+    const auto lines =
+        SummarySheet(Answers(), contest.preferences, contest.sections, contest.log.gContactCount, kPrintLiterals);
     PrintPages(machine.printer, dialog.Caption(), {lines}, kSummaryHeadPoints);
 }
 

@@ -16,7 +16,7 @@ struct LogExports {
     const Directories& directories;
     const Contest& contest;
     Files& files;
-    std::string_view shortDate = kShortDate;  ///< the machine's picture of a date
+    std::string shortDate{kShortDate};  ///< the machine's picture of a date
 
     /// The whole log as ADIF, in a file that the operator chooses.
     void expADIF_Click();

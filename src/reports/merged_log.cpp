@@ -4,6 +4,7 @@
 #include <optional>
 
 #include "contest/contact_log.h"
+#include "contest/score.h"
 #include "reports/column_writer.h"
 #include "reports/report_text.h"
 

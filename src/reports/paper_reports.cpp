@@ -50,12 +50,16 @@ std::vector<std::string> PaperReports::SortedCalls() {
 void PaperReports::WriteDupeFile() {
     Run([this] {
         const std::vector<std::string> lines = DupeFile(SortedCalls(), contest.sections.gSectionsWorked);
-        WriteReportFile(logFile.files, logFile.directories, WorkingFile(logFile.directories, "ASCIIDup.txt"), FileText(lines));
+        WriteReportFile(logFile.files, logFile.directories, WorkingFile(logFile.directories, "ASCIIDup.txt"),
+                        FileText(lines));
     });
 }
 
 void PaperReports::PrintDupeSheet() {
-    Run([this] { PrintPages(printer, "Dupe Sheet", DupePages(SortedCalls(), contest.sections.gSectionsWorked, contest.preferences)); });
+    Run([this] {
+        PrintPages(printer, "Dupe Sheet",
+                   DupePages(SortedCalls(), contest.sections.gSectionsWorked, contest.preferences));
+    });
 }
 
 MergedLog PaperReports::Merged() const {

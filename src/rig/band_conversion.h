@@ -2,8 +2,8 @@
 
 #include <string>
 
-#include "log/band_selection.h"
 #include "contest/contact_log.h"
+#include "log/band_selection.h"
 
 namespace tallyhut {
 

@@ -8,8 +8,8 @@
 #include <vector>
 
 #include "platform/clock.h"
-#include "values/colour.h"
 #include "toolkit/key.h"
+#include "values/colour.h"
 
 namespace tallyhut {
 

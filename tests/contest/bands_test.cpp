@@ -2,9 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <string>
 #include <vector>
-
-#include "contest/bands.h"
 
 namespace tallyhut {
 namespace {
@@ -22,14 +21,39 @@ TEST(BandLimits, ReadingLiesOnItsContestBand) {
     }
 }
 
-TEST(BandLimits, EdgesOfTheBandMapLieInTheirBand) {
-    for (const BandSpan& edges : kBandEdges) {
-        EXPECT_LT(edges.low, edges.high) << edges.band;
-        const float middle = (edges.low + edges.high) / 2;
-        EXPECT_TRUE(ContestBand(middle).empty() || ContestBand(middle) == edges.band) << edges.band;
+TEST(Bands, EdgesOfTheBandMapLieInTheirBand) {
+    for (const Band& band : kBandTable) {
+        if (!band.map.IsEmpty()) {
+            EXPECT_LT(band.map.low, band.map.high) << band.name;
+            const float middle = (band.map.low + band.map.high) / 2;
+            EXPECT_TRUE(ContestBand(middle).empty() || ContestBand(middle) == band.name) << band.name;
+        }
     }
-    EXPECT_EQ(kBandEdges.at(3).high, 14.35F);
-    EXPECT_EQ(kBandEdges.back().band, "440");
+    EXPECT_EQ(FindBand("20")->map.high, 14.35F);
+    EXPECT_EQ(FindBand("440")->map.low, 420);
+}
+
+TEST(Bands, ContestsBandsFollowEachOtherAndWrap) {
+    const std::vector<std::pair<std::string_view, std::string_view>> cases{
+        {"160", "80"}, {"80", "40"}, {"40", "20"}, {"20", "15"}, {"15", "10"}, {"10", "160"},
+        {"60", ""},    {"6", ""},    {"", ""},     {"4", ""},    {" 40", ""}};
+    for (const auto& [band, next] : cases) {
+        EXPECT_EQ(NextContestBand(band), next) << band;
+    }
+}
+
+TEST(Bands, OnlyTheContestsBandsHaveAnEntryInTheMenuAndAnEdgeInTheEntryFile) {
+    std::string menu;
+    std::string edges;
+    for (const Band& band : kBandTable) {
+        EXPECT_EQ(band.menuText.empty(), band.readings.IsEmpty()) << band.name;
+        EXPECT_EQ(band.kilohertz.empty(), band.readings.IsEmpty()) << band.name;
+        menu.append(band.menuText);
+        edges.append(band.kilohertz);
+    }
+    EXPECT_EQ(menu, "160  80  40  20  15  10");
+    EXPECT_EQ(edges, " 1800 3500 7000140002100028000");
+    EXPECT_EQ(FindBand("5"), nullptr);
 }
 
 TEST(ModeSegments, ModeIsThatOfTheSegment) {
@@ -44,9 +68,11 @@ TEST(ModeSegments, ModeIsThatOfTheSegment) {
 }
 
 TEST(ModeSegments, LimitBelongsToNone) {
-    for (const ModeSegment& segment : kModeSegments) {
-        EXPECT_EQ(SegmentMode(segment.above), "") << segment.above;
-        EXPECT_EQ(SegmentMode(segment.below), "") << segment.below;
+    for (const Band& band : kBandTable) {
+        for (const ModeSegment& segment : band.modes) {
+            EXPECT_EQ(SegmentMode(segment.span.low), "") << segment.span.low;
+            EXPECT_EQ(SegmentMode(segment.span.high), "") << segment.span.high;
+        }
     }
 }
 

@@ -222,12 +222,5 @@ TEST_F(SectionTableTest, GridAndScoreHaveTheirCaptions) {
     }
 }
 
-TEST(SectionTable, ScoreIsSectionsTimesContactsTimes2) {
-    EXPECT_EQ(Score(0, 0), 0);
-    EXPECT_EQ(Score(0, 500), 0);
-    EXPECT_EQ(Score(1, 2), 4);
-    EXPECT_EQ(Score(83, 11'000), 1'826'000);
-}
-
 }  // namespace
 }  // namespace tallyhut

@@ -1,4 +1,4 @@
-#include "log/time_stats.h"
+#include "log/rate_labels.h"
 
 #include "tests/log/program_fixture.h"
 #include "values/format.h"

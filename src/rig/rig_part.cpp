@@ -34,6 +34,7 @@ void RigPart::BindRigForm(const SerialPorts& ports) {
     rigForm.Form_QueryUnload = [this](bool& Cancel) { rigSetup.RigControlfrm_QueryUnload(Cancel); };
     rigForm.Form_Unload = [this] { rigSetup.RigControlfrm_Unload(); };
     rigForm.tmrGetData.Elapsed = [this] { rigPoll.tmrGetData_Elapsed(); };
+    rigForm.tmrCommand.Elapsed = [this] { rigCommands.tmrCommand_Elapsed(); };
     rigForm.List1.Click = [this] { rigSetup.List1_Click(); };
     rigForm.txtFreq.Change = [this] { rigSetup.txtFreq_Change(); };
     rigForm.txtMode.Change = [this] { rigSetup.txtMode_Change(); };
@@ -50,7 +51,7 @@ void RigPart::BindTuneForm() {
     tuneForm.txtFreq.Change = [this] { rigTune.txtFreq_Change(); };
     tuneForm.txtFreq.KeyPress = [this](int& KeyAscii) { rigTune.txtFreq_KeyPress(KeyAscii); };
     for (TextBox* limit : {&tuneForm.txtFrom, &tuneForm.txtTo}) {
-        limit->KeyPress = [this](int& KeyAscii) { rigTune.Limit_KeyPress(KeyAscii); };
+        limit->KeyPress = RigTune::Limit_KeyPress;
     }
     for (int i = tuneForm.cmdTune.First(); i <= tuneForm.cmdTune.Last(); ++i) {
         tuneForm.cmdTune(i).Click = [this, i] { rigTune.cmdTune_Click(i); };
@@ -68,6 +69,8 @@ void RigPart::BindTuneForm() {
     tuneForm.Command1.Click = [this] { rigTune.Command1_Click(); };
     tuneForm.cmdDone.Click = [this] { rigTune.cmdDone_Click(); };
     tuneForm.Timer1.Elapsed = [this] { rigTune.Timer1_Elapsed(); };
+    rigCommands.failed = [this] { rigTune.EndScan(); };
+    rigCommands.over = [this] { rigTune.TakeWaitingStep(); };
 }
 
 void RigPart::BindFrequencyTest() {

@@ -9,6 +9,9 @@
 namespace tallyhut {
 
 void RigPoll::tmrGetData_Elapsed() {
+    if (radio.state.commanding) {
+        return;
+    }
     const RigRow& rig = radio.Row();
     try {
         if (radio.state.ReadPhase == 1) {

@@ -12,7 +12,7 @@ struct RigPoll {
     Radio& radio;
     BandConversion& conversion;
 
-    /// Silent: a failure ends the tick, and the next one tries again.
+    /// Silent: a failure ends the tick, and the next one tries again. Between the steps of a command it does nothing.
     void tmrGetData_Elapsed();
 
 private:

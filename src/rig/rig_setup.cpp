@@ -146,12 +146,9 @@ void RigSetup::Command1_Click() {
         OpenRigPort();
     }
     if (radio.comComm1.IsOpen() || radio.Row().link == RigLink::Files) {
-        if (!radio.state.commanding) {
-            poll.tmrGetData_Elapsed();
-        }
+        poll.tmrGetData_Elapsed();
         StartPolling();
     } else {
-        StopPolling();  // a repeated test may have found the port gone
         ShowPolling(false);
     }
 }
@@ -177,6 +174,7 @@ void RigSetup::OpenRigPort() {
     try {
         TryOpen(radio.Row());
     } catch (const PlatformError&) {
+        StopPolling();
         desk.dialogs.Show(kInvalidPortBox);
         if (!radio.form.IsVisible()) {
             radio.form.ShowModal();
@@ -209,13 +207,14 @@ void RigSetup::StartPolling() {
     if (rate != kPollRates.end()) {
         radio.form.tmrGetData.SetInterval(rate->intervalMs);
     }
-    radio.state.pollsAfter = true;
+    radio.state.polls = true;
     radio.form.tmrGetData.SetTimerEnabled(!radio.state.commanding);
 }
 
 void RigSetup::StopPolling() {
-    radio.state.pollsAfter = false;
+    radio.state.polls = false;
     radio.form.tmrGetData.SetTimerEnabled(false);
+    commands.Abandon();
 }
 
 void RigSetup::ShowPolling(bool polling) {
@@ -233,7 +232,7 @@ void RigSetup::Command2_Click() {
 }
 
 void RigSetup::Command3_Click() {
-    if (!radio.form.tmrGetData.Enabled()) {
+    if (!radio.state.polls) {
         desk.dialogs.Show(kNotPollingBox);
         return;
     }

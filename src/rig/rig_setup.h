@@ -44,7 +44,7 @@ struct RigSetup {
     /// What the file lacks or what is damaged in it keeps the form's values.
     void ReadRigSettings();
     void WriteRigSettings();
-    /// A failure is told in a box, and the form shown where it is hidden.
+    /// A failure ends the poll and the command under way, is told in a box, and the form shown where it is hidden.
     void OpenRigPort();
     void StartPolling();
 

@@ -2,6 +2,7 @@
 
 #include <array>
 #include <optional>
+#include <utility>
 
 #include "contest/bands.h"
 #include "rig/reply_numbers.h"
@@ -26,10 +27,9 @@ constexpr std::array kScanSteps{
     ScanStep{&frmRigTune::Option4, 0.00001F},
 };
 
-/// Esc types nothing: it goes on and closes the form.
 void KeepFrequencyKeys(int& KeyAscii) {
     const bool digitPointOrSlash = KeyAscii >= '.' && KeyAscii <= '9';
-    if (!digitPointOrSlash && KeyAscii != kKeyBackspace && KeyAscii != kKeyEsc) {
+    if (!digitPointOrSlash && KeyAscii != kKeyBackspace) {
         KeyAscii = 0;
     }
 }
@@ -68,7 +68,9 @@ void RigTune::chkScan_Click() {
     if (form.chkScan.Value() && !IsNumeric(form.txtFreq.Text())) {
         form.txtFreq.SetText(form.txtFrom.Text());
     }
-    form.Command1.SetFocus();
+    if (form.IsActive()) {  // a scan that ends by itself takes no keys from another form
+        form.Command1.SetFocus();
+    }
 }
 
 float RigTune::Step() const {
@@ -88,9 +90,25 @@ void RigTune::Timer1_Elapsed() {
     if (!form.chkScan.Value() || !from || !to || !frequency) {
         return;
     }
+    if (radio.state.commanding) {
+        stepWaits = true;
+        return;
+    }
     *frequency += Step();
     form.txtFreq.SetText(FormatNumber(*frequency > *to ? *from : *frequency, "####.#####"));
     Command1_Click();
+}
+
+void RigTune::TakeWaitingStep() {
+    if (std::exchange(stepWaits, false)) {
+        form.Timer1.SetTimerEnabled(true);  // the one behind it counts from here
+        Timer1_Elapsed();
+    }
+}
+
+void RigTune::EndScan() {
+    stepWaits = false;
+    form.chkScan.SetValue(false);
 }
 
 void RigTune::txtFreq_Change() {
@@ -117,13 +135,20 @@ void RigTune::Limit_KeyPress(int& KeyAscii) {
 /// Space is the switch itself.
 void RigTune::Form_KeyDown(int& KeyCode, int /*Shift*/) {
     if ((KeyCode == kKeySpace || KeyCode == kKeyEnter) && !form.chkScan.HasFocus()) {
-        form.chkScan.SetValue(false);
+        EndScan();
     }
 }
 
-/// One key stroke stops a scan, whichever it is.
-void RigTune::Form_KeyPress(int& /*KeyAscii*/) {
-    form.chkScan.SetValue(false);
+/// One key stroke stops a scan, whichever it is. Esc does that alone, or is Done.
+void RigTune::Form_KeyPress(int& KeyAscii) {
+    const bool scanned = form.chkScan.Value();
+    EndScan();
+    if (KeyAscii == kKeyEsc) {
+        KeyAscii = 0;
+        if (!scanned) {
+            cmdDone_Click();
+        }
+    }
 }
 
 void RigTune::cmdDone_Click() {

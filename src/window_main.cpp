@@ -35,7 +35,7 @@ int RunWindow(int& argc, char** argv, const Options& options, const std::string&
     QtPrinter printer;
     QtScreen screen;
     PosixFiles files;
-    IniSettings settings;
+    IniSettings settings{files};
     DesktopEnvironment environment;
     TtyPorts serialPorts{settings, options.ports};
     Program program{{.clock = clock,

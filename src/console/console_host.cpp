@@ -95,7 +95,7 @@ int RunConsole(const Options& options, const std::string& workingDirectory, cons
     EventClipboard clipboard{output};
     ConsolePrinter printer{output};
     PosixFiles files;
-    IniSettings settings;
+    IniSettings settings{files};
     sim::Screen screen = SimulatedScreen(options);
     DesktopEnvironment environment;
     ConsolePorts ports{settings, clock, options.ports, output};

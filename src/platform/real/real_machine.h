@@ -17,7 +17,7 @@ struct RealMachine {
 
     SystemClock clock;
     PosixFiles files;
-    IniSettings settings;
+    IniSettings settings{files};
     DesktopEnvironment environment;
     TtyPorts serialPorts;
 };

@@ -29,7 +29,8 @@ ButtonDesign At(double left, double top, double width, int tabIndex) {
 
 /// Of cmdTune: a pair is a column.
 ButtonDesign TuneButton(int index) {
-    return At(960 + index / 2 * 900.0, index % 2 == 0 ? 720 : 1140, 840, 3 + index);
+    const int column = index / 2;
+    return At(960 + column * 900.0, index % 2 == 0 ? 720 : 1140, 840, 3 + index);
 }
 
 /// Of cmdBand: two rows of eight.

@@ -199,10 +199,10 @@ private:
     bool AccessKeyTaken(Form& form, char letter);
     bool MenuKeyTaken(const Key& key);
     bool ToolkitKeyTaken(Form& form, Control* control, int keyCode, int shift);
-    bool TabTaken(Form& form, Control* control, bool backwards);
+    static bool TabTaken(Form& form, Control* control, bool backwards);
     bool PressTaken(Control& control, int keyCode);
-    bool RowKeyTaken(Control& control, int keyCode);
-    bool OptionKeyTaken(Option& option, int keyCode);
+    static bool RowKeyTaken(Control& control, int keyCode);
+    static bool OptionKeyTaken(Option& option, int keyCode);
     bool TextKeyTaken(TextBox& box, int keyCode, int shift);
     void CopySelection(const TextBox& box);
     void TypeInto(Control* control, int character);

@@ -291,6 +291,7 @@ void Program::BindMenus() {
     form1.mnuDXSpotsColor.Click = [this] { Toggle(form1.mnuDXSpotsColor, preferences.gColorNeededSpots); };
     form1.mnuAudioAlert.Click = [this] { Toggle(form1.mnuAudioAlert, preferences.gAudioAlert); };
     form1.mnuHelp.Click = [this] { help.mnuHelp_Click(); };
+    look.Bind();
     form1.mnuAbout.Click = [this] { machine.dialogs.Show(AboutBox()); };
 }
 

@@ -3,6 +3,7 @@
 #include <memory>
 
 #include "app/folder_choice.h"
+#include "app/look_menu.h"
 #include "app/main_form_keys.h"
 #include "app/start_up.h"
 #include "forms/Form2.h"
@@ -87,6 +88,7 @@ struct Program {
     FolderChoice folderChoice;
     MainFormKeys keys;
     StartUp startUp;
+    LookMenu look{form1, machine.settings};
 
     /// Asks for the working directory before the start; ends the program if none is chosen.
     void ChooseDirectory();

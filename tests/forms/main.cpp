@@ -6,7 +6,7 @@
 #include <QApplication>
 #include <QTemporaryFile>
 
-#include "forms/qt/appearance.h"
+#include "forms/qt/palettes.h"
 #include "forms/qt/program_style.h"
 #include "tests/forms/shown_program.h"
 

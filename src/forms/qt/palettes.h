@@ -4,7 +4,7 @@
 
 namespace tallyhut {
 
-/// The program's own palettes, for an operator who wants another look than the desktop's.
+/// The program's own palettes, for whoever wants another look than the desktop gives.
 QPalette LightPalette();
 QPalette DarkPalette();
 

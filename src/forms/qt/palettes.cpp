@@ -1,4 +1,4 @@
-#include "forms/qt/appearance.h"
+#include "forms/qt/palettes.h"
 
 #include <QColor>
 

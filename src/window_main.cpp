@@ -3,6 +3,7 @@
 #include <QApplication>
 
 #include "app/program.h"
+#include "forms/qt/desktop_look.h"
 #include "forms/qt/logo_layout.h"
 #include "forms/qt/program_style.h"
 #include "forms/qt/qt_clipboard.h"
@@ -45,6 +46,9 @@ int RunWindow(int& argc, char** argv, const Options& options, const std::string&
     dialogs.Bind(program.desk);
     printer.Bind(program.desk);
     WindowHost host{program.desk, pump};
+    DesktopLook desktopLook;
+    program.look.show = [&desktopLook](WindowLook look) { desktopLook.Show(look); };
+    program.look.ShowStored();
     pump.onTerminate = [&program] { program.RequestClose(); };
     try {
         if (options.chooseDirectory) {

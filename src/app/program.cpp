@@ -29,6 +29,7 @@ Program::Program(const Machine& lent, const std::string& workingDirectory)
       reportsPart{machine, desk, supportPart, logPart},
       rigPart{machine, desk, supportPart, logPart},
       layout{logPart.form1, lent.screen, logPart.contest.preferences, logPart.preferencesFile},
+      look{logPart.form1, lent.settings},
       folderChoice{lent.files, lent.dialogs, lent.settings, lent.environment},
       keys{logPart, rigPart},
       startUp{machine, supportPart, logPart, layout} {
@@ -55,6 +56,7 @@ void Program::Connect() {
     form1.Form_Unload = [this] { Form1_Unload(); };
     form1.Form_KeyDown = [this](int& KeyCode, int Shift) { keys.Form_KeyDown(KeyCode, Shift); };
     form1.Form_KeyPress = [this](int& KeyAscii) { keys.Form_KeyPress(KeyAscii); };
+    look.Bind();
     form1.mnuExit.Click = [this] { mnuExit_Click(); };
     form1.mnuFormSize.Click = [this] { layout.mnuFormSize_Click(); };
     form1.mnuTaskbar.Click = [this] { layout.mnuTaskbar_Click(); };

@@ -3,6 +3,7 @@
 #include <memory>
 
 #include "app/folder_choice.h"
+#include "app/look_menu.h"
 #include "app/main_form_keys.h"
 #include "app/main_form_layout.h"
 #include "app/start_up.h"
@@ -29,6 +30,7 @@ struct Program {
     RigPart rigPart;
 
     MainFormLayout layout;
+    LookMenu look;
     FolderChoice folderChoice;
     MainFormKeys keys;
     StartUp startUp;

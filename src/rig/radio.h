@@ -1,7 +1,7 @@
 #pragma once
 
+#include "contest/preferences.h"
 #include "forms/RigControlfrm.h"
-#include "log/preferences.h"
 #include "platform/serial_port.h"
 #include "rig/pegasus_files.h"
 #include "rig/rig_settings.h"

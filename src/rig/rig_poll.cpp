@@ -1,7 +1,7 @@
 #include "rig/rig_poll.h"
 
+#include "contest/bands.h"
 #include "platform/platform_error.h"
-#include "rig/mode_segments.h"
 #include "values/format.h"
 #include "values/hex.h"
 #include "values/value_error.h"

@@ -4,6 +4,7 @@
 #include <optional>
 #include <utility>
 
+#include "contest/bands.h"
 #include "rig/reply_numbers.h"
 #include "toolkit/key.h"
 #include "values/format.h"
@@ -14,11 +15,6 @@ namespace {
 
 /// MHz, by pairs of cmdTune: the first of a pair goes up.
 constexpr std::array kTuneSteps{0.00001, 1.0, 0.005, 0.001, 0.0001};
-
-/// MHz, by cmdBand.
-constexpr std::array<std::string_view, 16> kBandFrequencies{"1.9",    "3.75",   "5.368", "7.15", "10.13", "14.175",
-                                                            "18.118", "21.225", "24.94", "28.5", "52",    "146",
-                                                            "223.5",  "435",    "915",   "1270"};
 
 struct ScanStep {
     Option frmRigTune::*option;
@@ -58,7 +54,7 @@ void RigTune::cmdTune_Click(int Index) {
 }
 
 void RigTune::cmdBand_Click(int Index) {
-    form.txtFreq.SetText(kBandFrequencies.at(static_cast<std::size_t>(Index)));
+    form.txtFreq.SetText(kBandTable.at(static_cast<std::size_t>(Index)).tuneTo);
     Command1_Click();
 }
 

@@ -26,7 +26,7 @@ struct EventClipboard : sim::Clipboard {
 
     void SetText(const std::string& newText) override {
         text = newText;
-        out.Event({{"event", "clipboard"}, {"text", ToUtf8(newText)}});
+        out.Event({{"event", "clipboard"}, {"text", Latin1ToUtf8(newText)}});
     }
 
     JsonOutput& out;

@@ -91,7 +91,7 @@ void TextMouse::DragTo(int position) {
 void TextMouse::Release() {
     const std::string selected = box_.SelectedText();
     if (anchor_ && !selected.empty()) {
-        QGuiApplication::clipboard()->setText(ToQt(selected), QClipboard::Selection);
+        QGuiApplication::clipboard()->setText(Latin1ToQt(selected), QClipboard::Selection);
     }
     anchor_.reset();
 }

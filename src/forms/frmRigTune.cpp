@@ -4,6 +4,7 @@
 #include <string_view>
 
 #include "forms/refused_paste.h"
+#include "forms/text_lengths.h"
 
 namespace tallyhut {
 namespace {
@@ -20,6 +21,7 @@ constexpr std::array<std::string_view, 16> kBandCaptions{"160", "80", "60", "40"
 
 TextBoxDesign Frequency(double left, double top, int tabIndex) {
     return {.place = {left, top, 1500, 360},
+            .maxLength = kLongestNumber,
             .tabIndex = tabIndex,
             .fontSize = 11,
             .refusesPaste = EverythingBut("./0123456789")};

@@ -23,7 +23,7 @@ namespace {
 QString SpokenName(const Control& control, const Look& look) {
     const ControlState& state = control.State();
     const QString own = control.kind == ControlKind::TextBox ? QString{} : CaptionText(state.text);
-    const QString spoken = (look.spokenName + ' ' + own).simplified();
+    QString spoken = (look.spokenName + ' ' + own).simplified();
     if (!spoken.isEmpty()) {
         return spoken;
     }
@@ -58,6 +58,10 @@ QString WithoutFill(QString text) {
         text.chop(1);
     }
     return text.trimmed();
+}
+
+QString WithUnits(QString caption) {
+    return caption.replace(" KHz", " kHz");
 }
 
 QString PlainToolTip(const std::string& text) {

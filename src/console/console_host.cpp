@@ -25,7 +25,7 @@ struct EventClipboard : sim::Clipboard {
 
     void SetText(const std::string& newText) override {
         text = newText;
-        out.Event({{"event", "clipboard"}, {"text", ToUtf8(newText)}});
+        out.Event({{"event", "clipboard"}, {"text", Latin1ToUtf8(newText)}});
     }
 
     void AddTo(DeviceCommands& commands) {

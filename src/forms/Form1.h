@@ -119,6 +119,10 @@ struct Form1 : Form {
     MenuEntry mnuColors;
     MenuEntry mnuDXSpotsColor;
     MenuEntry mnuAudioAlert;
+    MenuEntry mnuLook;
+    MenuEntry mnuLookDesktop;
+    MenuEntry mnuLookLight;
+    MenuEntry mnuLookDark;
     MenuEntry mnuView;
     MenuEntry mnuRigTune;
     MenuEntry mnuReports;

@@ -8,8 +8,8 @@
 #include <vector>
 
 #include "platform/clock.h"
-#include "toolkit/colour.h"
 #include "toolkit/key.h"
+#include "values/colour.h"
 
 namespace tallyhut {
 

@@ -4,6 +4,8 @@
 #include <exception>
 #include <functional>
 #include <optional>
+#include <span>
+#include <string_view>
 #include <variant>
 #include <vector>
 
@@ -72,6 +74,8 @@ struct Desk {
 
     const std::vector<Form*>& Forms() const { return forms_; }
     Form* FindForm(std::string_view name) const;
+    /// Puts the forms of these names in this order, before all others.
+    void ArrangeForms(std::span<const std::string_view> names);
     /// The form that keys go to; null while none can take them.
     Form* Active() const;
     /// Brings a shown form to the front, unless a modal form stands over it.

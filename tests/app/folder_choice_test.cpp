@@ -53,6 +53,14 @@ TEST_F(FolderChoiceTest, FolderThatIsGoneIsNotOffered) {
               std::vector<std::string>{Offer("/home/operator/Documents", "/home/operator/Documents/Tallyhut Log")});
 }
 
+TEST_F(FolderChoiceTest, FolderThatCannotBeLookedAtIsNotOffered) {
+    settings.Set("Machine", "ContestFolder", "/drive/2025");
+    files.unreachable["/drive/2025"] = "Input/output error";
+    ChooseDirectory("/contest");
+    EXPECT_EQ(dialogs.boxes,
+              std::vector<std::string>{Offer("/home/operator/Documents", "/home/operator/Documents/Tallyhut Log")});
+}
+
 TEST_F(FolderChoiceTest, ChosenFolderThatIsNotThereIsMade) {
     ChooseDirectory("/contest/cw");
     EXPECT_TRUE(files.FolderExists("/contest/cw"));

@@ -186,7 +186,8 @@ TEST_F(MainFormLayoutTest, MenusHaveTheirEntriesInOrder) {
     };
     EXPECT_EQ(entries(Main().mnuAppearance),
               "&Appearance | mnuFormSize &Form Size | mnuTaskbar &Taskbar | mnuColors &Colors | mnuDXSpotsColor Color "
-              "&Needed DX Spots Green | mnuAudioAlert &Audio Alert of Needed Spots");
+              "&Needed DX Spots Green | mnuAudioAlert &Audio Alert of Needed Spots | mnuLook &Look");
+    EXPECT_EQ(entries(Main().mnuLook), "&Look | mnuLookDesktop &Desktop | mnuLookLight &Light | mnuLookDark D&ark");
     EXPECT_EQ(entries(Main().mnuHelpTitle), "&Help | mnuHelp &Help | mnuAbout &About");
     EXPECT_EQ(Main().Menus().back(), &Main().mnuHelpTitle);
 }

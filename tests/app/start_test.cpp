@@ -94,8 +94,7 @@ TEST_F(StartTest, FolderThatCannotBeWrittenIsTold) {
 }
 
 TEST_F(StartTest, MissingFolderIsTold) {
-    const Machine machine{clock, pump, dialogs, clipboard, printer, files, settings, screen, environment, serialPorts};
-    Program lost{machine, "/nowhere"};
+    Program lost{Lend(), "/nowhere"};
     EXPECT_EQ(EndStatusOf([&] { lost.Start(); }), 1);
     ASSERT_EQ(dialogs.boxes.size(), 1U);
     EXPECT_NE(dialogs.boxes[0].find("/nowhere: No such file or directory"), std::string::npos) << dialogs.boxes[0];

@@ -7,9 +7,9 @@
 #include <QStyleOptionButton>
 #include <array>
 
+#include "contest/preferences.h"
 #include "forms/Form1.h"
 #include "forms/qt/program_style.h"
-#include "log/preferences.h"
 
 namespace tallyhut {
 namespace {
@@ -33,9 +33,7 @@ struct ThemeTest : testing::TestWithParam<bool> {
 INSTANTIATE_TEST_SUITE_P(Desktops, ThemeTest, testing::Bool(),
                          [](const auto& test) { return test.param ? "Dark" : "Light"; });
 
-/// The colours that the program tells with a meaning: message grounds, section texts, spots.
-constexpr std::array<Colour, 9> kToldTexts{0xFF0000, 0x000080, 0x008000, 0x00FF00, 0x80FFFF,
-                                           0xFFFFFF, 0xC0C0C0, 0x0000FF, 0x000000};
+/// The grounds that the program tells with a meaning.
 constexpr std::array<Colour, 4> kToldGrounds{kDialogNormal, kDialogDupe, 0xFFFFC0, 0xC0FFFF};
 
 TEST(Contrast, IsThatOfTheStandard) {
@@ -82,30 +80,49 @@ TEST_P(ThemeTest, ASelectionThatKeysDoNotGoToIsMuted) {
     EXPECT_NE(ground, theme.field);
 }
 
-TEST_P(ThemeTest, TheFieldThatKeysGoToIsTheBrightest) {
-    for (const QColor& other : {theme.ground, theme.panel, theme.stripe, theme.field, theme.button,
-                                GroundFor(QColor{0, 0, 255}, theme.panel)}) {
-        EXPECT_GT(Contrast(theme.focusField, Qt::black), Contrast(other, Qt::black)) << other.name().toStdString();
+TEST_P(ThemeTest, TheFieldThatKeysGoToIsTheBrightestOfALightFormAndDazzlesInNoDarkOne) {
+    for (const QColor& other : {theme.ground, theme.panel, theme.stripe, theme.field, theme.button}) {
+        if (theme.dark) {
+            EXPECT_LT(Contrast(theme.focusField, Qt::black), Contrast(theme.text, theme.panel) / 3);
+        } else {
+            EXPECT_GT(Contrast(theme.focusField, Qt::black), Contrast(other, Qt::black)) << other.name().toStdString();
+        }
+    }
+    EXPECT_NE(theme.focusField, theme.field);
+}
+
+TEST_P(ThemeTest, TheEdgeOfAFieldStandsOutFromWhatItLiesOn) {
+    for (const QColor& surface : {theme.panel, theme.ground, theme.field}) {
+        EXPECT_GE(Contrast(theme.fieldEdge, surface), kEdgeContrast) << surface.name().toStdString();
+        EXPECT_GE(Contrast(theme.accent, surface), kEdgeContrast) << surface.name().toStdString();
     }
 }
 
-TEST_P(ThemeTest, ToldTextHasAGroundOnWhichItCanBeRead) {
-    for (const Colour told : kToldTexts) {
-        const QColor text = ToQColor(told, theme);
-        EXPECT_GE(Contrast(text, GroundFor(text, theme.panel)), kReadableContrast) << std::hex << told;
-    }
+TEST_P(ThemeTest, QuietTextIsReadableBetweenThePanelsToo) {
+    EXPECT_GE(Contrast(theme.quietText, theme.ground), kReadableContrast);
 }
 
-TEST_P(ThemeTest, SoHasEveryColourThatAnOperatorCanChoose) {
+TEST_P(ThemeTest, EveryColourThatAnOperatorCanChooseIsDrawnReadableInItsHue) {
     constexpr int kStep = 0x11;
     for (int red = 0; red <= 0xFF; red += kStep) {
         for (int green = 0; green <= 0xFF; green += kStep) {
             for (int blue = 0; blue <= 0xFF; blue += kStep) {
-                const QColor text{red, green, blue};
-                ASSERT_GE(Contrast(text, GroundFor(text, theme.panel)), kReadableContrast) << text.name().toStdString();
+                const QColor told{red, green, blue};
+                const QColor drawn = Readable(told, theme.panel);
+                ASSERT_GE(Contrast(drawn, theme.panel), kReadableContrast) << told.name().toStdString();
+                if (drawn.hslSaturation() > 8 && told.hslSaturation() > 8) {
+                    const int apart = std::abs(drawn.hslHue() - told.hslHue());
+                    ASSERT_LE(std::min(apart, 360 - apart), 4)
+                        << told.name().toStdString() << " as " << drawn.name().toStdString();
+                }
             }
         }
     }
+}
+
+TEST_P(ThemeTest, AColourThatCanBeReadIsDrawnAsItIsTold) {
+    const QColor told = theme.dark ? QColor{255, 255, 128} : QColor{0, 0, 255};
+    EXPECT_EQ(Readable(told, theme.panel), told);
 }
 
 TEST_P(ThemeTest, ToldGroundHasATextThatCanBeReadOnIt) {

@@ -24,6 +24,25 @@ void DrawFocusLine(QAbstractButton& button, QStyle::SubElement caption) {
     DrawFocusEdge(painter, button, button.rect().adjusted(left - kBeforeText, 0, 0, 0));
 }
 
+/// Behind the caption, as much as there is room for.
+void DrawAside(QAbstractButton& button, const Look& look, QStyle::SubElement caption) {
+    if (look.aside.isEmpty()) {
+        return;
+    }
+    QStyleOptionButton option;
+    option.initFrom(&button);
+    QRect room = button.style()->subElementRect(caption, &option, &button);
+    room.setLeft(room.left() + button.fontMetrics().horizontalAdvance(button.text() + "  "));
+    QFont font = button.font();
+    constexpr double kSmaller = 0.87;
+    font.setPointSizeF(font.pointSizeF() * kSmaller);
+    QPainter painter{&button};
+    painter.setFont(font);
+    painter.setPen(ThemeOf(button.palette()).quietText);
+    painter.drawText(room, Qt::AlignLeft | Qt::AlignVCenter,
+                     painter.fontMetrics().elidedText(look.aside, Qt::ElideRight, room.width()));
+}
+
 }  // namespace
 
 template <typename QtButton>
@@ -46,7 +65,8 @@ template <typename QtButton>
 void ClickableWidget<QtButton>::ShowState() {
     const ControlState& state = this->Logical().State();
     showing_ = true;
-    this->setText(ToQt(state.text));
+    const std::string& caption = state.text.empty() ? state.toolTip : state.text;
+    this->setText(WithUnits(ToQt(caption)));
     if (this->isCheckable()) {
         this->setChecked(state.chosen);
     }
@@ -78,11 +98,31 @@ QSize ButtonWidget::Needed(int /*width*/) const {
     return {caption.width() + fontMetrics().averageCharWidth(), caption.height() + 2};
 }
 
+/// The caption of the main button stands on the accent.
+void ButtonWidget::ShowState() {
+    ClickableWidget::ShowState();
+    const QPalette& desktop = parentWidget()->palette();
+    const Theme theme = ThemeOf(desktop);
+    QPalette wanted = desktop;
+    const bool accented = TheLook().accented && Logical().State().enabled;
+    wanted.setColor(QPalette::ButtonText, accented ? TextOn(theme.accent) : theme.buttonText);
+    wanted.setColor(QPalette::Disabled, QPalette::ButtonText, Mixed(theme.buttonText, theme.button, 0.5));
+    if (palette() != wanted) {
+        setPalette(wanted);
+    }
+}
+
+void ButtonWidget::ShowLook() {
+    setProperty(kAccentMark, TheLook().accented);
+    ClickableWidget::ShowLook();
+}
+
 OptionWidget::OptionWidget(Control& control, const OperatorInput& input, QWidget* parent)
     : ClickableWidget{control, input, parent} {}
 
 void OptionWidget::paintEvent(QPaintEvent* event) {
     QRadioButton::paintEvent(event);
+    DrawAside(*this, TheLook(), QStyle::SE_RadioButtonContents);
     DrawFocusLine(*this, QStyle::SE_RadioButtonContents);
 }
 

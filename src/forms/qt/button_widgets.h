@@ -29,6 +29,10 @@ public:
     ButtonWidget(Control& control, const OperatorInput& input, QWidget* parent);
 
     QSize Needed(int width) const override;
+
+protected:
+    void ShowState() override;
+    void ShowLook() override;
 };
 
 class OptionWidget : public ClickableWidget<QRadioButton> {

@@ -60,6 +60,10 @@ QString WithoutFill(QString text) {
     return text.trimmed();
 }
 
+QString WithUnits(QString caption) {
+    return caption.replace(" KHz", " kHz");
+}
+
 QString PlainToolTip(const std::string& text) {
     const QString shown = ToQt(text);
     return Qt::mightBeRichText(shown) ? shown.toHtmlEscaped() : shown;

@@ -9,6 +9,13 @@
 
 namespace tallyhut {
 
+/// How a frame is drawn.
+enum class FrameLook {
+    Box,    ///< a line around what lies in it, below its caption
+    Panel,  ///< a panel, its caption on it
+    Line,   ///< its caption alone, beside what lies in it
+};
+
 /// How a layout wants a control to be drawn, beyond what the control says itself.
 struct Look {
     double pixels = 13;  ///< size of the text
@@ -22,6 +29,11 @@ struct Look {
     QColor ground;           ///< what lies under the widget; invalid: the panel
     QString spokenName;      ///< for screen readers, before the control's own text; may be empty
     bool announced = false;  ///< a screen reader is told when the text changes
+    bool accented = false;   ///< the main button of its form
+    QString aside;           ///< quietly behind the caption of a choice
+    QString placeholder;     ///< in a field that is empty
+    FrameLook frame = FrameLook::Box;
+    QRect captionRoom;  ///< of a frame that is no box
 
     bool operator==(const Look&) const = default;
 };
@@ -45,6 +57,7 @@ public:
     /// The room in which all of it can be read in its look; a text that wraps is told by the width of its lines.
     virtual QSize Needed(int width) const = 0;
     Control& Logical() const { return control_; }
+    QFont Font() const { return FontOf(TheLook()); }
 
 protected:
     virtual void ShowState() = 0;
@@ -86,6 +99,9 @@ protected:
 QString WithoutFill(QString text);
 /// What a caption says: without them and without the mark of its access key.
 QString CaptionText(std::string_view caption);
+
+/// With the units of frequency spelt as everywhere else: a caption may say "KHz".
+QString WithUnits(QString caption);
 
 /// A tool tip that is not taken for a marked-up text.
 QString PlainToolTip(const std::string& text);

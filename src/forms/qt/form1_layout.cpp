@@ -492,7 +492,6 @@ void Form1Layout::Settle() {
     if (sectionsStale_) {
         PlaceSections();
     }
-    ChooseSectionsGround();
     ShowPartsInUse();
     if (spotsStale_ && !spotsPanel_->isHidden()) {
         PlaceSpots();
@@ -560,35 +559,9 @@ void Form1Layout::PlaceSections() {
     }
 }
 
-void Form1Layout::ChooseSectionsGround() {
-    const Theme theme = ThemeOf(window_.palette());
-    std::map<QRgb, int> wishes;  // the labels that would rather stand on another ground
-    int labels = 0;
-    for (const auto& [control, place] : sectionPlaces_) {
-        const QColor wish = GroundFor(ToQColor(control->State().foreColor, theme), theme.panel);
-        ++labels;
-        if (wish != theme.panel) {
-            ++wishes[wish.rgb()];
-        }
-    }
-    const auto most = std::ranges::max_element(wishes, {}, [](const auto& wish) { return wish.second; });
-    const bool another = most != wishes.end() && most->second * 2 > labels;
-    const QColor ground = another ? QColor{most->first} : QColor{};
-    if (ground == sectionsGround_) {
-        return;
-    }
-    sectionsGround_ = ground;
-    static_cast<PartHolder*>(grids_.at(Part::Sections)->parentWidget())->SetGround(ground);
-    for (ControlWidget* widget : parts_[Part::Sections]) {
-        widget->SetLook(LookOf(widget->Logical(), Base()));
-    }
-}
-
 Look Form1Layout::LookOf(const Control& control, double base) const {
     Look look = PlainLookOf(control, base);
-    if (PartOf(control) == Part::Sections) {
-        look.ground = sectionsGround_;
-    } else if (PartOf(control) == Part::Spots) {
+    if (PartOf(control) == Part::Spots) {
         look.ground = DarkSheet();
     }
     return look;

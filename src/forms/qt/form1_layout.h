@@ -34,8 +34,6 @@ private:
     void PlaceSpots();
     void TieCaptions();
     void ShowPartsInUse();
-    /// A ground on which the colours of the sections can be read: the panel's own, or a light or dark sheet.
-    void ChooseSectionsGround();
     Look LookOf(const Control& control, double base) const;
     /// Pixels of plain text in a window of the present size; all else is told in these.
     double Base() const;
@@ -55,7 +53,6 @@ private:
     bool captionsTied_ = false;
     std::map<const Control*, Place> sectionPlaces_;  ///< as they were when the grid was laid out
     bool sectionsStale_ = true;
-    QColor sectionsGround_;  ///< invalid: the panel's own
 };
 
 }  // namespace tallyhut

@@ -31,6 +31,13 @@ public:
     virtual void Arrange() = 0;
 };
 
+/// A label that has nothing to say before the program has put a value into it.
+bool IsValue(const Control& control);
+/// It is filled in or read, and called by the label that stands by it.
+bool IsCalledByCaption(const Control& control);
+/// A button, an option or a check box.
+bool IsPressed(const Control& control);
+
 /// The arrangement of a form of this name.
 std::unique_ptr<FormLayout> MakeLayout(Form& form, QWidget& window, FormMenus& menus);
 

@@ -66,7 +66,7 @@ void FormWindow::moveEvent(QMoveEvent* event) {
 void FormWindow::paintEvent(QPaintEvent* /*event*/) {
     const Theme theme = ThemeOf(palette());
     QPainter painter{this};
-    painter.fillRect(rect(), form_.design.dialog ? theme.panel : theme.ground);
+    painter.fillRect(rect(), theme.ground);
     if (form_.design.dialog) {
         painter.setPen(theme.edge);
         painter.drawRect(rect().adjusted(0, 0, -1, -1));

@@ -1,8 +1,6 @@
 #include "forms/qt/generic_layout.h"
 
-#include <QApplication>
 #include <QLabel>
-#include <QScrollArea>
 #include <algorithm>
 #include <cmath>
 
@@ -15,7 +13,6 @@ namespace {
 
 constexpr double kPixelsPerPoint = 4.0 / 3.0;
 constexpr double kMenuPoints = 9;
-constexpr double kSmallestText = 9;  ///< pixels of the screen itself
 /// Text becomes smaller by these steps, down to this share, before a form scrolls.
 constexpr double kTextStep = 0.94;
 constexpr double kLeastText = 0.6;
@@ -51,21 +48,6 @@ bool IsField(const Control& control) {
     return control.kind == ControlKind::TextBox && !control.State().multiLine;
 }
 
-/// A label that has nothing to say before the program has put a value into it.
-bool IsValue(const Control& control) {
-    return control.kind == ControlKind::Label && control.Design() != nullptr && control.Design()->text.empty();
-}
-
-bool IsCalledByCaption(const Control& control) {
-    return control.kind == ControlKind::TextBox || control.kind == ControlKind::List ||
-           control.kind == ControlKind::ListView || IsValue(control);
-}
-
-bool IsPressed(const Control& control) {
-    return control.kind == ControlKind::Button || control.kind == ControlKind::Option ||
-           control.kind == ControlKind::CheckBox;
-}
-
 /// Text follows its form up to the largest ratio, and from there on more slowly: on a large screen it is read from no
 /// farther away.
 double TextGrowth(double growth) {
@@ -89,21 +71,10 @@ bool IsOneLine(const Control& control) {
 }  // namespace
 
 GenericLayout::GenericLayout(Form& form, QWidget& window, FormMenus& menus)
-    : form_{form}, window_{window}, menus_{menus}, scroll_{new QScrollArea{&window}}, canvas_{new QWidget} {
-    scroll_->setFrameShape(QFrame::NoFrame);
-    scroll_->setFocusPolicy(Qt::NoFocus);
-    scroll_->setWidget(canvas_);
-    scroll_->viewport()->setAutoFillBackground(false);
-    canvas_->setAutoFillBackground(false);
-    QObject::connect(qApp, &QApplication::focusChanged, scroll_, [this](QWidget* /*before*/, QWidget* now) {
-        if (now != nullptr && canvas_->isAncestorOf(now)) {
-            scroll_->ensureWidgetVisible(now);
-        }
-    });
-}
+    : form_{form}, window_{window}, menus_{menus}, canvas_{window} {}
 
 QWidget& GenericLayout::ParentOf(const Control& /*control*/) {
-    return *canvas_;
+    return canvas_.Sheet();
 }
 
 void GenericLayout::Add(ControlWidget& widget) {
@@ -144,14 +115,8 @@ void GenericLayout::Arrange() {
     const double designPixels = form_.design.width / kUnitsPerPixel;
     const double designLines = form_.design.height / kUnitsPerPixel;
     const double growth = std::min(window_.width() / designPixels, window_.height() / designLines);
-    int top = 0;
-    if (QMenuBar* bar = menus_.Bar()) {
-        menus_.SetTextSize(std::max(kMenuPoints * kPixelsPerPoint * TextGrowth(growth), SmallestText()));
-        top = bar->sizeHint().height();
-        bar->setGeometry(0, 0, window_.width(), top);
-    }
-    const QSize room{window_.width(), window_.height() - top};
-    scroll_->setGeometry(0, top, room.width(), room.height());
+    const double menuText = std::max(kMenuPoints * kPixelsPerPoint * TextGrowth(growth), canvas_.SmallestText());
+    const QSize room = canvas_.Spread(menus_, menuText);
 
     const double wanted = kPixelsPerPoint * TextGrowth(growth) / TextRatio(form_);
     const auto fits = [&room](const std::pair<Stretch, Stretch>& fit) {
@@ -165,11 +130,12 @@ void GenericLayout::Arrange() {
     }
     TellNames();
     const auto& [x, y] = fit;
-    canvas_->resize(std::max(room.width(), static_cast<int>(x.Whole())),
-                    std::max(room.height(), static_cast<int>(y.Whole())));
+    QWidget& sheet = canvas_.Sheet();
+    sheet.resize(std::max(room.width(), static_cast<int>(x.Whole())),
+                 std::max(room.height(), static_cast<int>(y.Whole())));
     // What the design leaves over stands around it.
-    const double left = (canvas_->width() - x.Whole()) / 2;
-    const double above = (canvas_->height() - y.Whole()) / 2;
+    const double left = (sheet.width() - x.Whole()) / 2;
+    const double above = (sheet.height() - y.Whole()) / 2;
     arranged_.clear();
     for (ControlWidget* widget : widgets_) {
         const Place design = PlaceOf(widget->Logical());
@@ -229,13 +195,9 @@ std::optional<Place> GenericLayout::PlaceWithin(const Control& frame) const {
     return whole;
 }
 
-double GenericLayout::SmallestText() const {
-    return kSmallestText / window_.devicePixelRatioF();
-}
-
 Look GenericLayout::LookOf(const Control& control, double pointPixels) const {
     Look look;
-    look.pixels = std::max(control.State().fontSize * pointPixels, SmallestText());
+    look.pixels = std::max(control.State().fontSize * pointPixels, canvas_.SmallestText());
     const bool oneLine = IsOneLine(control);
     look.wrapped = control.kind == ControlKind::Label && !oneLine;
     look.trimmed = control.kind == ControlKind::Label && oneLine;

@@ -3,16 +3,16 @@
 #include <optional>
 #include <vector>
 
+#include "forms/qt/canvas.h"
 #include "forms/qt/form_layout.h"
 #include "forms/qt/form_menus.h"
 #include "forms/qt/stretch.h"
 
-class QScrollArea;
-
 namespace tallyhut {
 
-/// Puts every control where its form says, scaled with the window, and moves the design apart where a text needs more
-/// room than its place has. Text grows with the window; where the window is too small for readable text, it scrolls.
+/// The layout of a form that has no table yet: puts every control where its form says, scaled with the window, and
+/// moves the design apart where a text needs more room than its place has. Text grows with the window; where the window
+/// is too small for readable text, it scrolls.
 class GenericLayout : public FormLayout {
 public:
     GenericLayout(Form& form, QWidget& window, FormMenus& menus);
@@ -27,7 +27,6 @@ public:
 private:
     /// Gives all controls their text in this size (pixels of a point), and returns how the design lies in the window.
     std::pair<Stretch, Stretch> Fit(double pointPixels, const QSize& room);
-    double SmallestText() const;
     Look LookOf(const Control& control, double pointPixels) const;
     /// The control's place in the design. A caption on the line of a field stands exactly on it.
     Place PlaceOf(const Control& control) const;
@@ -43,8 +42,7 @@ private:
     Form& form_;
     QWidget& window_;
     FormMenus& menus_;
-    QScrollArea* scroll_;
-    QWidget* canvas_;
+    Canvas canvas_;
     std::vector<ControlWidget*> widgets_;
     std::vector<std::pair<const Control*, Place>> arranged_;  ///< the places that the last arrangement is made of
     double pointPixels_ = 0;                                  ///< of that arrangement

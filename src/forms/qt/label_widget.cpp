@@ -10,7 +10,6 @@
 namespace tallyhut {
 namespace {
 
-constexpr int kChipSide = 3;
 constexpr int kEndless = 100'000;
 constexpr double kSmallestShare = 0.6;  ///< of the look's size of text
 
@@ -75,17 +74,16 @@ LabelWidget::Colours LabelWidget::ColoursOf(const Theme& theme) const {
     const ControlState& state = Logical().State();
     const QColor beneath = TheLook().ground.isValid() ? TheLook().ground : theme.panel;
     Colours colours;
-    if (state.backColor >= 0) {
+    const bool told = state.backColor >= 0 && !(TheLook().boxed && drawn_.trimmed().isEmpty());
+    if (told) {
         colours.ground = ToQColor(state.backColor, theme);
     } else if (TheLook().boxed) {
         colours.ground = theme.field;
     }
     if (state.foreColor >= 0) {
         colours.text = ToQColor(state.foreColor, theme);
-        const QColor under = colours.ground.isValid() ? colours.ground : beneath;
-        if (const QColor readable = GroundFor(colours.text, under); state.backColor < 0 && readable != under) {
-            colours.ground = readable;
-            colours.chip = true;
+        if (state.backColor < 0) {
+            colours.text = Readable(colours.text, colours.ground.isValid() ? colours.ground : beneath);
         }
     } else if (state.backColor >= 0) {
         colours.text = TextOn(colours.ground);
@@ -116,7 +114,7 @@ void LabelWidget::paintEvent(QPaintEvent* /*event*/) {
     const Colours colours = ColoursOf(theme);
     QPainter painter{this};
     QRect room = rect();
-    if (colours.ground.isValid() && !colours.chip) {
+    if (colours.ground.isValid()) {
         DrawBox(painter, room, colours.ground, colours.ground, 0);
     }
     if (TheLook().boxed) {
@@ -130,10 +128,6 @@ void LabelWidget::paintEvent(QPaintEvent* /*event*/) {
     painter.setFont(FittingFont(room.size()));
     const QString fitting =
         Wraps() ? drawn_ : painter.fontMetrics().elidedText(drawn_, Qt::ElideRight, room.width(), flags);
-    if (colours.chip) {
-        const QRect text = painter.fontMetrics().boundingRect(room, flags, fitting);
-        DrawBox(painter, text.adjusted(-kChipSide, 0, kChipSide, 0), colours.ground, colours.ground, 0);
-    }
     painter.setPen(isEnabled() ? colours.text : theme.quietText);
     painter.drawText(room, flags, fitting);
 }

@@ -27,7 +27,6 @@ private:
     struct Colours {
         QColor ground;  ///< invalid: what lies under the label
         QColor text;
-        bool chip = false;  ///< the ground is only there for the text to be read, and no larger than it
     };
     Colours ColoursOf(const Theme& theme) const;
     bool Wraps() const;

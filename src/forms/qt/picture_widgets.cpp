@@ -2,7 +2,9 @@
 
 #include <QMouseEvent>
 #include <QPainter>
+#include <QStyleOptionGroupBox>
 
+#include "forms/qt/program_style.h"
 #include "forms/qt/text_codec.h"
 #include "toolkit/controls.h"
 
@@ -13,11 +15,47 @@ FrameWidget::FrameWidget(Control& control, const OperatorInput& input, QWidget* 
 
 /// Its caption; what lies in it asks for itself.
 QSize FrameWidget::Needed(int /*width*/) const {
+    if (TheLook().frame != FrameLook::Box) {
+        return {fontMetrics().horizontalAdvance(CaptionText(Logical().State().text)), fontMetrics().height()};
+    }
     return {fontMetrics().horizontalAdvance(title() + "MM"), fontMetrics().height() * 2};
 }
 
 void FrameWidget::ShowState() {
     setTitle(ToQt(Logical().State().text));
+}
+
+void FrameWidget::ShowLook() {
+    WidgetOf::ShowLook();
+    setTitle({});  // what it encloses is reckoned anew
+    setTitle(ToQt(Logical().State().text));
+    update();
+}
+
+/// To the style, which reckons what it encloses, a frame that is no box has no caption.
+void FrameWidget::initStyleOption(QStyleOptionGroupBox* option) const {
+    QGroupBox::initStyleOption(option);
+    if (TheLook().frame != FrameLook::Box) {
+        option->text.clear();
+    }
+}
+
+void FrameWidget::paintEvent(QPaintEvent* event) {
+    const QString caption = CaptionText(Logical().State().text);
+    QPainter painter{this};
+    switch (TheLook().frame) {
+        case FrameLook::Box:
+            painter.end();
+            QGroupBox::paintEvent(event);
+            break;
+        case FrameLook::Panel:
+            DrawPanel(painter, *this, caption, TheLook().captionRoom);
+            break;
+        case FrameLook::Line:
+            painter.setPen(ThemeOf(parentWidget()->palette()).quietText);
+            painter.drawText(TheLook().captionRoom, Qt::AlignLeft | Qt::AlignVCenter, caption);
+            break;
+    }
 }
 
 void FrameWidget::mousePressEvent(QMouseEvent* event) {

@@ -18,6 +18,9 @@ public:
 
 protected:
     void ShowState() override;
+    void ShowLook() override;
+    void initStyleOption(QStyleOptionGroupBox* option) const override;
+    void paintEvent(QPaintEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
 };
 

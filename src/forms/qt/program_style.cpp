@@ -1,5 +1,6 @@
 #include "forms/qt/program_style.h"
 
+#include <QAbstractItemView>
 #include <QLineEdit>
 #include <QPainter>
 #include <QStyleFactory>
@@ -22,7 +23,7 @@ void DrawField(const QStyleOption& option, QPainter& painter, const QWidget* wid
     const Theme theme = ThemeOf(option.palette);
     const bool ours = widget != nullptr && widget->property(kFocusMark).isValid();
     const bool focused = ours ? IsFocusMarked(*widget) : option.state.testFlag(QStyle::State_HasFocus);
-    DrawBox(painter, option.rect, option.palette.color(QPalette::Base), focused ? theme.accent : theme.edge,
+    DrawBox(painter, option.rect, option.palette.color(QPalette::Base), focused ? theme.accent : theme.fieldEdge,
             focused ? FocusEdge(option.fontMetrics) : kEdge);
 }
 
@@ -30,14 +31,22 @@ void DrawButton(const QStyleOption& option, QPainter& painter, const QWidget* wi
     const Theme theme = ThemeOf(option.palette);
     const bool ours = widget != nullptr && widget->property(kFocusMark).isValid();
     const bool focused = ours ? IsFocusMarked(*widget) : option.state.testFlag(QStyle::State_HasFocus);
-    QColor fill = theme.button;
+    const bool enabled = option.state.testFlag(QStyle::State_Enabled);
+    const bool accented = enabled && widget != nullptr && widget->property(kAccentMark).toBool();
+    QColor fill = accented ? theme.accent : theme.button;
     if (option.state.testFlag(QStyle::State_Sunken)) {
         fill = Mixed(theme.text, fill, 0.2);
-    } else if (option.state.testFlag(QStyle::State_MouseOver) && option.state.testFlag(QStyle::State_Enabled)) {
+    } else if (option.state.testFlag(QStyle::State_MouseOver) && enabled) {
         fill = Mixed(theme.text, fill, 0.06);
     }
-    DrawBox(painter, option.rect, fill, focused ? theme.accent : theme.edge,
-            focused ? FocusEdge(option.fontMetrics) : kEdge);
+    const double edge = focused ? FocusEdge(option.fontMetrics) : kEdge;
+    if (accented && focused) {  // on its own colour a line of that colour would not be seen
+        DrawBox(painter, option.rect, theme.panel, theme.text, edge);
+        const int inset = static_cast<int>(2 * edge);
+        DrawBox(painter, option.rect.adjusted(inset, inset, -inset, -inset), fill, fill, 0);
+        return;
+    }
+    DrawBox(painter, option.rect, fill, focused ? theme.accent : accented ? fill : theme.edge, edge);
 }
 
 /// A ring that can be seen in a dark window, too, and a dot in it.
@@ -47,13 +56,15 @@ void DrawChoice(const QStyleOption& option, QPainter& painter) {
     const QRectF ring{option.rect.x() + 0.5, option.rect.y() + 0.5, size, size};
     painter.save();
     painter.setRenderHint(QPainter::Antialiasing);
-    painter.setPen(theme.quietText);
-    painter.setBrush(theme.field);
+    const bool chosen = option.state.testFlag(QStyle::State_On);
+    const QColor filled = option.state.testFlag(QStyle::State_Enabled) ? theme.accent : theme.quietText;
+    painter.setPen(chosen ? filled : theme.quietText);
+    painter.setBrush(chosen ? filled : theme.field);
     painter.drawEllipse(ring);
-    if (option.state.testFlag(QStyle::State_On)) {
-        const double inset = size * 0.27;
+    if (chosen) {
+        const double inset = size * 0.3;
         painter.setPen(Qt::NoPen);
-        painter.setBrush(theme.text);
+        painter.setBrush(TextOn(filled));
         painter.drawEllipse(ring.adjusted(inset, inset, -inset, -inset));
     }
     painter.restore();
@@ -66,12 +77,14 @@ void DrawCheck(const QStyleOption& option, QPainter& painter) {
     const QRectF square{option.rect.x() + 0.5, option.rect.y() + 0.5, size, size};
     painter.save();
     painter.setRenderHint(QPainter::Antialiasing);
-    painter.setPen(theme.quietText);
-    painter.setBrush(theme.field);
+    const bool ticked = option.state.testFlag(QStyle::State_On);
+    const QColor filled = option.state.testFlag(QStyle::State_Enabled) ? theme.accent : theme.quietText;
+    painter.setPen(ticked ? filled : theme.quietText);
+    painter.setBrush(ticked ? filled : theme.field);
     painter.drawRoundedRect(square, 2, 2);
-    if (option.state.testFlag(QStyle::State_On)) {
+    if (ticked) {
         const auto at = [&square, size](double x, double y) { return square.topLeft() + QPointF{x, y} * size; };
-        painter.setPen(QPen{theme.text, std::max(1.5, size / 7), Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin});
+        painter.setPen(QPen{TextOn(filled), std::max(1.5, size / 7), Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin});
         painter.setBrush(Qt::NoBrush);
         painter.drawPolyline(QPolygonF{{at(0.22, 0.52), at(0.42, 0.72), at(0.78, 0.28)}});
     }
@@ -93,6 +106,17 @@ bool IsFocusMarked(const QWidget& widget) {
 
 void DrawFocusEdge(QPainter& painter, const QWidget& widget, const QRect& rect) {
     DrawBox(painter, rect, Qt::transparent, ThemeOf(widget.palette()).accent, FocusEdge(widget.fontMetrics()));
+}
+
+void DrawPanel(QPainter& painter, const QWidget& widget, const QString& title, const QRect& titleRoom) {
+    const Theme theme = ThemeOf(widget.palette());
+    DrawBox(painter, widget.rect(), theme.panel, theme.edge, kEdge);
+    QFont font = widget.font();
+    font.setBold(true);
+    painter.setFont(font);
+    painter.setPen(theme.quietText);
+    painter.drawText(titleRoom, Qt::AlignLeft | Qt::AlignVCenter,
+                     painter.fontMetrics().elidedText(title, Qt::ElideRight, titleRoom.width()));
 }
 
 void DrawBox(QPainter& painter, const QRect& rect, const QColor& fill, const QColor& edge, double edgeWidth) {
@@ -134,6 +158,8 @@ int ProgramStyle::pixelMetric(PixelMetric metric, const QStyleOption* option, co
             return std::max(std::min(usual, line), line * 4 / 5);
         case PM_ScrollBarExtent:
             return std::max(usual, line * 4 / 5);
+        case PM_FocusFrameHMargin:
+            return qobject_cast<const QAbstractItemView*>(widget) == nullptr ? usual : std::max(usual, line / 4);
         case PM_MenuBarItemSpacing:
             return std::max(usual, line / 2);
         default:

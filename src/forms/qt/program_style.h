@@ -7,6 +7,9 @@ namespace tallyhut {
 /// Set to true on a widget whose control keys go to; the style marks it, whichever window the desktop holds active.
 inline constexpr const char* kFocusMark = "focusMark";
 
+/// Set to true on the main button of a form.
+inline constexpr const char* kAccentMark = "accentMark";
+
 bool IsFocusMarked(const QWidget& widget);
 
 /// One look on every desktop: flat fields and buttons with a clear mark of the focus. Leaves the Alt key and F10 alone,
@@ -30,6 +33,9 @@ public:
 
 /// Around what has the focus, within the rectangle: at least two pixels, and more around large text.
 void DrawFocusEdge(QPainter& painter, const QWidget& widget, const QRect& rect);
+
+/// A panel that fills the widget, and what it is called.
+void DrawPanel(QPainter& painter, const QWidget& widget, const QString& title, const QRect& titleRoom);
 
 /// A filled rectangle with round corners, marked where it has the focus.
 void DrawBox(QPainter& painter, const QRect& rect, const QColor& fill, const QColor& edge, double edgeWidth);

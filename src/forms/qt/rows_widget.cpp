@@ -28,6 +28,9 @@ private:
     const int& pixels_;
 };
 
+/// Of a list whose rows are not spread over it, in units of its text.
+constexpr double kLooseRow = 1.7;
+
 const ListView* AsListView(const Control& control) {
     return control.kind == ControlKind::ListView ? static_cast<const ListView*>(&control) : nullptr;
 }
@@ -125,7 +128,7 @@ void RowsWidget::SetRowsInView(int count) {
 
 QSize RowsWidget::Needed(int /*width*/) const {
     constexpr int kFewest = 2;
-    return {0, kFewest * fontMetrics().height() * 3 / 2 + (header()->isHidden() ? 0 : header()->height())};
+    return {0, kFewest * fontMetrics().height() * 7 / 4 + (header()->isHidden() ? 0 : header()->height())};
 }
 
 void RowsWidget::SpreadRows() {
@@ -157,8 +160,9 @@ void RowsWidget::ShowState() {
     wanted.setColor(QPalette::Base, AsListView(Logical()) != nullptr ? theme.panel : theme.field);
     wanted.setColor(QPalette::AlternateBase, theme.stripe);
     wanted.setColor(QPalette::Text, theme.text);
-    wanted.setColor(QPalette::Highlight, theme.accent);
-    wanted.setColor(QPalette::HighlightedText, TextOn(theme.accent));
+    const bool focused = HasLogicalFocus();
+    wanted.setColor(QPalette::Highlight, focused ? theme.accent : theme.quietSelection);
+    wanted.setColor(QPalette::HighlightedText, focused ? TextOn(theme.accent) : theme.text);
     if (palette() != wanted) {
         setPalette(wanted);
     }
@@ -166,6 +170,10 @@ void RowsWidget::ShowState() {
 
 void RowsWidget::ShowLook() {
     setFont(FontOf(TheLook()));
+    if (rowsInView_ <= 0) {
+        rowHeight_ = qRound(TheLook().pixels * kLooseRow);
+        scheduleDelayedItemsLayout();
+    }
     Look heading = TheLook();
     heading.data = false;
     header()->setFont(FontOf(heading));
@@ -192,7 +200,7 @@ void RowsWidget::paintEvent(QPaintEvent* event) {
     if (IsFocusMarked(*this)) {
         DrawFocusEdge(painter, *this, viewport()->rect());
     } else if (AsListView(Logical()) == nullptr) {
-        painter.setPen(theme.edge);
+        painter.setPen(theme.fieldEdge);
         painter.drawRect(viewport()->rect().adjusted(0, 0, -1, -1));
     }
 }

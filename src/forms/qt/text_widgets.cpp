@@ -19,14 +19,16 @@ namespace {
 QPalette FieldPalette(const Control& control, bool focused, const QPalette& desktop) {
     const Theme theme = ThemeOf(desktop);
     const ControlState& state = control.State();
-    const QColor own = focused ? theme.focusField : theme.field;
+    const bool page = state.multiLine;  // so large a ground would dazzle
+    const QColor own = focused && !page ? theme.focusField : theme.field;
     const QColor ground = state.backColor >= 0 ? ToQColor(state.backColor, theme) : own;
-    const QColor plain = state.backColor >= 0 ? TextOn(ground) : (focused ? theme.focusText : theme.text);
+    const QColor plain = state.backColor >= 0 ? TextOn(ground) : (focused && !page ? theme.focusText : theme.text);
     const QColor text = state.foreColor >= 0 ? ToQColor(state.foreColor, theme) : plain;
     QPalette palette = desktop;
     palette.setColor(QPalette::Base, ground);
     palette.setColor(QPalette::Text, state.enabled ? text : Mixed(text, ground, 0.6));
     palette.setColor(QPalette::Highlight, focused ? theme.accent : theme.quietSelection);
+    palette.setColor(QPalette::PlaceholderText, Readable(theme.quietText, ground));
     palette.setColor(QPalette::HighlightedText, focused ? TextOn(theme.accent) : theme.text);
     return palette;
 }
@@ -193,6 +195,7 @@ void FieldWidget::ShowState() {
 
 void FieldWidget::ShowLook() {
     setFont(FontOf(TheLook()));
+    setPlaceholderText(TheLook().placeholder);
     setAlignment(TheLook().alignment);
     const int side = qRound(TheLook().pixels * 0.25);
     setTextMargins(side, 0, side, 0);

@@ -7,8 +7,6 @@
 namespace tallyhut {
 namespace {
 
-/// Calmer than white and black, and just far enough from them for a pure blue, a pure yellow and their like.
-constexpr QColor kLightSheet{0xB9, 0xBE, 0xC4};
 constexpr QColor kDarkSheet{0x1C, 0x22, 0x28};
 
 double LinearLight(double channel) {
@@ -20,16 +18,23 @@ double Luminance(const QColor& colour) {
            0.0722 * LinearLight(colour.blueF());
 }
 
-/// The colour, moved towards black or white until it stands out from the ground.
-QColor MadeReadable(const QColor& colour, const QColor& ground) {
-    const QColor end = TextOn(ground);
-    for (double share = 1; share > 0; share -= 0.1) {
-        const QColor candidate = Mixed(colour, end, share);
-        if (Contrast(candidate, ground) >= kReadableContrast) {
+constexpr double kSteps = 50;
+
+/// Of the candidates between a colour (share 0) and its extreme (share 1), the first that stands out from the ground so
+/// far; the extreme where none does.
+template <typename CandidateAt>
+QColor FirstStandingOut(const CandidateAt& candidateAt, const QColor& ground, double contrast) {
+    for (double step = 0; step < kSteps; ++step) {
+        if (const QColor candidate = candidateAt(step / kSteps); Contrast(candidate, ground) >= contrast) {
             return candidate;
         }
     }
-    return end;
+    return candidateAt(1);
+}
+
+/// The colour, moved towards black or white until it stands out from the ground.
+QColor MadeReadable(const QColor& colour, const QColor& ground, double contrast = kReadableContrast) {
+    return FirstStandingOut([&](double share) { return Mixed(TextOn(ground), colour, share); }, ground, contrast);
 }
 
 }  // namespace
@@ -44,14 +49,17 @@ Theme ThemeOf(const QPalette& palette) {
     theme.panel = Mixed(base, theme.dark ? Qt::white : Qt::black, theme.dark ? 0.94 : 0.975);
     theme.ground = theme.dark ? Mixed(base, Qt::black, 0.75) : Mixed(window, QColor{0xDC, 0xE4, 0xEB}, 0.35);
     theme.text = Contrast(text, theme.panel) >= kReadableContrast ? text : TextOn(theme.panel);
-    theme.quietText = MadeReadable(Mixed(theme.text, theme.panel, 0.62), theme.panel);
+    theme.quietText = MadeReadable(MadeReadable(Mixed(theme.text, theme.panel, 0.62), theme.panel), theme.ground);
     theme.edge = Mixed(theme.text, theme.panel, 0.17);
     theme.stripe = Mixed(theme.text, theme.panel, 0.035);
-    theme.field = Mixed(theme.text, theme.panel, theme.dark ? 0.08 : 0.045);
+    // Lighter than the panel in a light window, and darker in a dark one: here is something to be filled.
+    theme.field = theme.dark ? Mixed(theme.panel, Qt::black, 0.7) : Mixed(theme.panel, Qt::white, 0.5);
+    const QColor edge = Mixed(theme.text, theme.panel, 0.35);
+    theme.fieldEdge = MadeReadable(MadeReadable(edge, theme.panel, kEdgeContrast), theme.ground, kEdgeContrast);
     theme.quietSelection = Mixed(theme.text, theme.field, 0.16);
-    theme.focusField = theme.dark ? QColor{0xF4, 0xF8, 0xFC} : QColor{Qt::white};
-    theme.focusText = Qt::black;
     theme.accent = MadeReadable(QColor{0x15, 0x65, 0xC0}, theme.panel);
+    theme.focusField = theme.dark ? Mixed(theme.accent, theme.field, 0.22) : QColor{Qt::white};
+    theme.focusText = theme.dark ? QColor{Qt::white} : QColor{Qt::black};
     theme.button = Mixed(theme.text, theme.panel, theme.dark ? 0.14 : 0.08);
     theme.buttonText = theme.text;
     return theme;
@@ -86,17 +94,15 @@ QColor TextOn(const QColor& ground) {
     return Contrast(Qt::black, ground) >= Contrast(Qt::white, ground) ? Qt::black : Qt::white;
 }
 
-QColor GroundFor(const QColor& text, const QColor& ground) {
-    if (Contrast(text, ground) >= kReadableContrast) {
-        return ground;
-    }
-    constexpr std::array kSheets{kLightSheet, kDarkSheet};
-    for (const QColor& sheet : kSheets) {
-        if (Contrast(text, sheet) >= kReadableContrast) {
-            return sheet;
-        }
-    }
-    return TextOn(text);
+QColor Readable(const QColor& text, const QColor& ground) {
+    const QColor hsl = text.toHsl();
+    const float end = Contrast(Qt::black, ground) >= Contrast(Qt::white, ground) ? 0.0F : 1.0F;
+    return FirstStandingOut(
+        [&](double share) {
+            const float lightness = hsl.lightnessF() + (end - hsl.lightnessF()) * static_cast<float>(share);
+            return share == 0 ? text : QColor::fromHslF(std::max(hsl.hslHueF(), 0.0F), hsl.hslSaturationF(), lightness);
+        },
+        ground, kReadableContrast);
 }
 
 QColor DarkSheet() {

@@ -3,7 +3,7 @@
 #include <QColor>
 #include <QPalette>
 
-#include "toolkit/colour.h"
+#include "values/colour.h"
 
 namespace tallyhut {
 
@@ -12,13 +12,14 @@ struct Theme {
     bool dark = false;
     QColor ground;          ///< of windows, between the panels
     QColor panel;           ///< of panels, which hold controls that belong together
-    QColor edge;            ///< around panels and fields
+    QColor edge;            ///< around panels
+    QColor fieldEdge;       ///< around what is typed into
     QColor stripe;          ///< every other row of a list, and its heading
     QColor text;            ///< on panels
     QColor quietText;       ///< captions beside something more important
     QColor field;           ///< of text fields that wait
     QColor quietSelection;  ///< in a field that waits
-    QColor focusField;      ///< of the field that keys go to: the brightest thing of a form
+    QColor focusField;      ///< of the field that keys go to: in a light window the brightest thing
     QColor focusText;
     QColor accent;  ///< around what has the focus
     QColor button;
@@ -35,10 +36,12 @@ Colour FromQColor(const QColor& colour);
 double Contrast(const QColor& one, const QColor& other);
 /// Text is held to be readable from here on.
 inline constexpr double kReadableContrast = 4.5;
+/// And the edge of a field or a mark to be seen.
+inline constexpr double kEdgeContrast = 3;
 /// Black or white, whichever is told better from the ground.
 QColor TextOn(const QColor& ground);
-/// The ground itself, if the text can be read on it, or else a light or a dark one.
-QColor GroundFor(const QColor& text, const QColor& ground);
+/// The colour, or where it cannot be read on the ground, one of the same hue that can.
+QColor Readable(const QColor& text, const QColor& ground);
 
 /// A dark ground on which light colours can be read, in a light window, too.
 QColor DarkSheet();

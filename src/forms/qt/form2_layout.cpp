@@ -1,0 +1,48 @@
+#include <array>
+
+#include "forms/qt/form_table.h"
+
+namespace tallyhut {
+namespace {
+
+constexpr std::array kRows{
+    Column(0),
+    Group("fraCategory"),
+    Grid("", "Option11 Option12 Option13 Option14 Option15 Option16 Option17", 1),
+    Group("fraPower"),
+    Line("", "Option18 Option19 Option20"),
+    Group("fraAssisted"),
+    Line("", "OptCatYes optCatNo"),
+
+    Column(3),
+    Group("Entry"),
+    Below("lblText(2)", "Text2:*"),
+    Line("lblText(5)", "Text5:*"),
+    Line("lblText(6)", "Text6:*"),
+    Line("lblText(7)", "Text7:*"),
+    Line("lblText(8)", "Text8:*"),
+    Line("lblText(10)", "Text10:*"),
+    Below("lblText(11)", "Text11:*"),
+    Line("", "Command4"),
+
+    Column(2),
+    Group("Summary sheet"),
+    Below("Frame1", "Option1 Option2 Option3"),
+    Below("lblText(1)", "Text1:*"),
+    Below("fraOperatorClass", "Option4 Option8 Option5"),
+    Line("fraOperator", "Option6 Option7"),
+    Line("fraClub", "Option9 Option10"),
+    Group("fraEquipment"),
+    Line("lblText(3)", "Text3:*"),
+    Line("lblText(4)", "Text4:*"),
+    Line("lblText(9)", "Text9:*"),
+
+    Left("Command1 Command2"),
+    Main("Command3"),
+};
+
+}  // namespace
+
+const FormTable kForm2Table{kRows};
+
+}  // namespace tallyhut

@@ -1,0 +1,28 @@
+#include <array>
+
+#include "forms/qt/form_table.h"
+
+namespace tallyhut {
+namespace {
+
+constexpr std::array kRows{
+    Column(1),
+    Group(),
+    Line("lblField(1)", "txtEditNumSent:6", RowLook::Data),
+    Line("lblField(2)", "txtEditNum:6", RowLook::Data),
+    Line("lblField(3)", "txtEditPre:3", RowLook::Data),
+    Line("lblField(4)", "txtEditCall:12 Label1:7", RowLook::Data),
+    Line("lblField(5)", "txtEditCk:3", RowLook::Data),
+    Line("lblField(6)", "txtEditSec:5 Label2:7", RowLook::Data),
+    Line("lblField(7)", "txtEditDate:11", RowLook::Data),
+    Line("lblField(8)", "txtEditTime:9", RowLook::Data),
+    Line("lblField(9)", "txtEditBnd:5", RowLook::Data),
+    Left("cmdDeleteDupe"),
+    Main("cmdDone"),
+};
+
+}  // namespace
+
+const FormTable kFrmEditConTable{kRows};
+
+}  // namespace tallyhut

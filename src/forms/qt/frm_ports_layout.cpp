@@ -1,0 +1,23 @@
+#include <array>
+
+#include "forms/qt/form_table.h"
+
+namespace tallyhut {
+namespace {
+
+constexpr std::array kRows{
+    Column(1),
+    Group(),
+    Fill("lblPorts", "lstPorts", 2),
+    Fill("lblDevices", "lstDevices"),
+    Line("lblDevice", "txtDevice:*", RowLook::Data),
+    Text("lblNote"),
+    Left("cmdUse cmdLook"),
+    Main("cmdDone"),
+};
+
+}  // namespace
+
+const FormTable kFrmPortsTable{kRows};
+
+}  // namespace tallyhut

@@ -16,6 +16,7 @@
 #include "platform/real/ini_settings.h"
 #include "platform/real/posix_files.h"
 #include "platform/real/system_clock.h"
+#include "platform/real/termination_signals.h"
 #include "platform/real/tty_ports.h"
 
 namespace tallyhut {
@@ -28,6 +29,7 @@ int RunWindow(int& argc, char** argv, const Options& options, const std::string&
     QApplication::setWindowIcon(LogoIcon());
     QApplication::setDesktopFileName("tallyhut");
 
+    const TerminationSignals terminations;
     SystemClock clock;
     QtPump pump{clock};
     QtDialogs dialogs;
@@ -53,7 +55,10 @@ int RunWindow(int& argc, char** argv, const Options& options, const std::string&
     dialogs.Bind(program.desk);
     printer.Bind(program.desk);
     WindowHost host{program.desk, pump};
-    pump.onTerminate = [&program] { program.RequestClose(); };
+    const IoSource termination{program.desk, terminations.Number(), [&terminations, &program] {
+                                   terminations.Clear();
+                                   program.RequestClose();
+                               }};
     try {
         if (options.chooseDirectory) {
             program.ChooseDirectory();

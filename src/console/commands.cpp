@@ -1,6 +1,5 @@
 #include "console/commands.h"
 
-#include <poll.h>
 #include <unistd.h>
 
 #include <algorithm>
@@ -17,8 +16,6 @@
 
 namespace tallyhut {
 namespace {
-
-constexpr Tick kSettleSlice = 10;
 
 struct CommandRow {
     std::string_view name;
@@ -399,11 +396,7 @@ void Commands::At(CommandWords& words) {
 void Commands::Settle(CommandWords& words) {
     const Tick milliseconds = TakeMilliseconds(words);
     words.CheckEnd();
-    program.desk.RunPending();
-    for (Tick passed = 0; passed < milliseconds; passed += kSettleSlice) {
-        poll(nullptr, 0, static_cast<int>(std::min(kSettleSlice, milliseconds - passed)));
-        program.desk.RunPending();
-    }
+    pump.Settle(milliseconds, program.desk);
 }
 
 /// The far end of a port that is simulated.

@@ -222,6 +222,12 @@ TEST_F(CommandsTest, ACommandPutAtAMomentIsDeliveredThen) {
     EXPECT_EQ(program.Get("txtNum"), R"("77")");
 }
 
+TEST_F(CommandsTest, TheEndOfInputIsNoticedWhileTimeSettles) {
+    program.Send("settle 86400000");
+    program.CloseInput();
+    EXPECT_EQ(program.Wait(), 0);
+}
+
 TEST_F(CommandsTest, SettleLetsRealTimePassAndNoOther) {
     program.Do("settle 20");
     EXPECT_EQ(program.Get("$clock"), R"("2026-11-07T21:04:33.000")");

@@ -17,6 +17,9 @@
 namespace tallyhut {
 namespace {
 
+/// Moments add up, so that a command needs one; more are a driver's mistake.
+constexpr int kMostMoments = 10;
+
 struct CommandRow {
     std::string_view name;
     void (Commands::*run)(CommandWords&);
@@ -386,9 +389,16 @@ void Commands::Advance(CommandWords& words) {
 void Commands::At(CommandWords& words) {
     const Tick milliseconds = TakeMilliseconds(words);
     const std::string line{words.Rest()};
-    const CommandRow& row = FindCommand(words.Take("command").text);
-    if (row.movesTime) {
-        throw ConsoleError{std::string{row.name} + " cannot be put at a moment"};
+    const CommandRow* row = &FindCommand(words.Take("command").text);
+    for (int moments = 1; row->run == &Commands::At; ++moments) {
+        if (moments == kMostMoments) {
+            throw ConsoleError{"at is nested deeper than " + std::to_string(kMostMoments)};
+        }
+        TakeMilliseconds(words);
+        row = &FindCommand(words.Take("command").text);
+    }
+    if (row->movesTime) {
+        throw ConsoleError{std::string{row->name} + " cannot be put at a moment"};
     }
     pump.PutAt(milliseconds, line);
 }

@@ -14,6 +14,7 @@
 #include "forms/qt/window_host.h"
 #include "platform/platform_error.h"
 #include "platform/real/real_machine.h"
+#include "platform/real/termination_signals.h"
 
 namespace tallyhut {
 
@@ -25,6 +26,7 @@ int RunWindow(int& argc, char** argv, const Options& options, const std::string&
     QApplication::setWindowIcon(LogoIcon());
     QApplication::setDesktopFileName("tallyhut");
 
+    const TerminationSignals terminations;
     RealMachine machine{options.ports};
     QtPump pump{machine.clock};
     QtDialogs dialogs;
@@ -49,7 +51,10 @@ int RunWindow(int& argc, char** argv, const Options& options, const std::string&
     DesktopLook desktopLook;
     program.look.show = [&desktopLook](WindowLook look) { desktopLook.Show(look); };
     program.look.ShowStored();
-    pump.onTerminate = [&program] { program.RequestClose(); };
+    const IoSource termination{program.desk, terminations.Number(), [&terminations, &program] {
+                                   terminations.Clear();
+                                   program.RequestClose();
+                               }};
     try {
         if (options.chooseDirectory) {
             program.ChooseDirectory();

@@ -99,7 +99,8 @@ Json DescribeTurn(const Desk& desk, const ConsoleDialogs& dialogs) {
 int RunConsole(const Options& options, const std::string& workingDirectory, const std::string& dataFolder,
                int inputDescriptor, std::ostream& out) {
     std::signal(SIGPIPE, SIG_IGN);  // a driver that has gone is the end of input
-    LineSource lines{inputDescriptor};
+    PolledDescriptors descriptors;
+    LineSource lines{descriptors, inputDescriptor};
     JsonOutput output{out};
     RealMachine machine{options.ports};
     std::unique_ptr<sim::Clock> virtualClock;
@@ -109,7 +110,7 @@ int RunConsole(const Options& options, const std::string& workingDirectory, cons
         output.virtualNow = [&virtualClock] { return virtualClock->IsoNow(); };
     }
     Clock& clock = virtualClock ? static_cast<Clock&>(*virtualClock) : machine.clock;
-    ConsolePump pump{lines, output, virtualClock.get(), clock};
+    ConsolePump pump{descriptors, lines, output, virtualClock.get(), machine.clock};
     ConsoleDialogs dialogs{output};
     EventClipboard clipboard{output};
     ConsolePrinter printer{output};

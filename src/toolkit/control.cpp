@@ -164,6 +164,7 @@ void Control::SetChosen(bool chosen) {
     Touch();
     if (kind == ControlKind::CheckBox) {
         form.desk.Call(Click);
+        return;
     }
     if (kind != ControlKind::Option || !chosen) {
         return;

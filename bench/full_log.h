@@ -2,8 +2,8 @@
 
 #include <string>
 
-#include "log/contact_record.h"
-#include "log/section_table.h"
+#include "contest/contact_record.h"
+#include "contest/section_table.h"
 #include "values/date_time.h"
 #include "values/format.h"
 #include "values/number.h"

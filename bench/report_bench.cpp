@@ -3,7 +3,7 @@
 #include <benchmark/benchmark.h>
 
 #include "bench/full_log.h"
-#include "log/contact_log.h"
+#include "contest/contact_log.h"
 #include "reports/adif.h"
 #include "reports/cabrillo.h"
 #include "reports/dupe_sheet.h"

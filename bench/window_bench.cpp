@@ -12,7 +12,6 @@
 #include <string_view>
 #include <vector>
 
-#include "app/program.h"
 #include "bench/full_log.h"
 #include "forms/qt/program_style.h"
 #include "forms/qt/qt_clipboard.h"
@@ -21,22 +20,18 @@
 #include "forms/qt/qt_screen.h"
 #include "forms/qt/window_host.h"
 #include "platform/real/system_clock.h"
-#include "platform/sim/environment.h"
-#include "platform/sim/files.h"
-#include "platform/sim/printer.h"
-#include "platform/sim/serial_port.h"
-#include "platform/sim/settings_store.h"
+#include "platform/sim/machine.h"
+#include "tests/program_units.h"
 
 namespace tallyhut {
 namespace {
 
 constexpr int kBefore = 10'600;  // the table is full at 11,000
 
-struct WindowProgram {
-    WindowProgram() {
+struct WindowProgram : sim::Machine {
+    WindowProgram() : sim::Machine{{2026, 11, 8, 21, 0, 0}} {
         dialogs.Bind(program.desk);
-        program.form1.Form_Load = {};  // no questions
-        program.sections.Fill(program.form1);
+        program.ShowWithoutQuestions();
         files.Put("/contest/Log.txt", FullLog(kBefore, clock.Now()));
         program.form1.Show();
         program.reload.mnuopen2();
@@ -68,9 +63,10 @@ struct WindowProgram {
     QtPump pump{clock};
     QtDialogs dialogs;
     QtClipboard clipboard;
-    sim::Printer printer;
     QtScreen screen;
-    sim::Files files{"/contest"};
+    ProgramUnits program{
+        Lend({.clock = &clock, .pump = &pump, .dialogs = &dialogs, .clipboard = &clipboard, .screen = &screen}),
+        "/contest"};
     sim::SettingsStore settings;
     sim::Environment environment;
     sim::SerialPorts serialPorts{clock};

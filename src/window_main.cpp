@@ -13,11 +13,7 @@
 #include "forms/qt/qt_screen.h"
 #include "forms/qt/window_host.h"
 #include "platform/platform_error.h"
-#include "platform/real/desktop_environment.h"
-#include "platform/real/ini_settings.h"
-#include "platform/real/posix_files.h"
-#include "platform/real/system_clock.h"
-#include "platform/real/tty_ports.h"
+#include "platform/real/real_machine.h"
 
 namespace tallyhut {
 
@@ -29,26 +25,22 @@ int RunWindow(int& argc, char** argv, const Options& options, const std::string&
     QApplication::setWindowIcon(LogoIcon());
     QApplication::setDesktopFileName("tallyhut");
 
-    SystemClock clock;
-    QtPump pump{clock};
+    RealMachine machine{options.ports};
+    QtPump pump{machine.clock};
     QtDialogs dialogs;
     QtClipboard clipboard;
     QtPrinter printer;
     QtScreen screen;
-    PosixFiles files;
-    IniSettings settings;
-    DesktopEnvironment environment;
-    TtyPorts serialPorts{settings, options.ports};
-    Program program{{.clock = clock,
+    Program program{{.clock = machine.clock,
                      .pump = pump,
                      .dialogs = dialogs,
                      .clipboard = clipboard,
                      .printer = printer,
-                     .files = files,
-                     .settings = settings,
+                     .files = machine.files,
+                     .settings = machine.settings,
                      .screen = screen,
-                     .environment = environment,
-                     .serialPorts = serialPorts,
+                     .environment = machine.environment,
+                     .serialPorts = machine.serialPorts,
                      .dataFolder = dataFolder},
                     workingDirectory};
     dialogs.Bind(program.desk);

@@ -31,13 +31,22 @@ std::optional<std::string> FolderChoice::Choose() {
 /// The dialog can only offer a folder that is there.
 std::string FolderChoice::Offered() {
     const std::string last = settings.Get(kSection, kKey);
-    if (!last.empty() && files.FolderExists(last)) {
+    if (!last.empty() && IsThere(last)) {
         return last;
     }
     const std::string documents = environment.DocumentsFolder();
-    const std::string first = (files.FolderExists(documents) ? documents : environment.Variable("HOME")) + kFirstFolder;
+    const std::string first = (IsThere(documents) ? documents : environment.Variable("HOME")) + kFirstFolder;
     MakeIfMissing(first);
     return first;
+}
+
+/// A folder that cannot be looked at, on a drive that is gone for example, cannot be offered either.
+bool FolderChoice::IsThere(const std::string& folder) const {
+    try {
+        return files.FolderExists(folder);
+    } catch (const PlatformError&) {  // the operator chooses another one
+        return false;
+    }
 }
 
 void FolderChoice::MakeIfMissing(const std::string& folder) {

@@ -25,6 +25,7 @@ struct FolderChoice {
 
 private:
     std::string Offered();
+    bool IsThere(const std::string& folder) const;
     void MakeIfMissing(const std::string& folder);
     void Remember(const std::string& folder);
 };

@@ -1,19 +1,14 @@
 #pragma once
 
-#include <functional>
-#include <map>
-
-#include "log/entry_flow.h"
+#include "log/log_part.h"
+#include "rig/rig_part.h"
 
 namespace tallyhut {
 
-/// What the main form does with a key before its fields see it.
+/// What the main form does with a key before its fields see it. Each such key is a row of one table.
 struct MainFormKeys {
-    const Preferences& preferences;
-    EntryFlow& entry;
-
-    /// What a key opens that is pressed with Ctrl, by its letter.
-    std::map<int, std::function<void()>> onCtrlKey = {};
+    LogPart& log;
+    RigPart& rig;
 
     bool gCtrlKeyTaken = false;  ///< the press that goes with this key is swallowed
 

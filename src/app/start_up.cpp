@@ -24,9 +24,9 @@ Preferences FirstPreferences(const Clock& clock) {
 }  // namespace
 
 void StartUp::PrepareFolders() {
-    SetUpDirectories(machine.files, machine.environment, machine.dialogs, directories, shared);
-    if (IsFreshInstallation(machine.files, directories)) {
-        MakeFreshInstallation(machine.files, directories, machine.dataFolder,
+    SetUpDirectories(machine.files, machine.environment, machine.dialogs, support.directories, support.shared);
+    if (IsFreshInstallation(machine.files, support.directories)) {
+        MakeFreshInstallation(machine.files, support.directories, machine.dataFolder,
                               WritePreferences(FirstPreferences(machine.clock)));
     }
 }
@@ -42,23 +42,26 @@ void StartUp::Form1_Load() {
 }
 
 void StartUp::LoadSteps() {
+    Form1& form1 = log.form1;
+    const Preferences& preferences = log.contest.preferences;
     layout.LayOutMainForm();
-    message.Write(kFirstMessage);
-    form1.lblNumCurCon.SetCaption(" " + NumberForm(log.gContactCount + 1));
-    sections.Fill(form1);
-    preferencesFile.Load();
-    time.gOpSecondsNow = preferences.gOpSeconds;
+    log.panel.message.Write(kFirstMessage);
+    form1.lblNumCurCon.SetCaption(" " + NumberForm(log.contest.log.gContactCount + 1));
+    log.contest.sections.Fill();
+    log.display.grid.Fill();
+    log.preferencesFile.Load();
+    log.time.gOpSecondsNow = preferences.gOpSeconds;
     form1.mnuDXSpotsColor.SetChecked(preferences.gColorNeededSpots == 1);
     form1.mnuAudioAlert.SetChecked(preferences.gAudioAlert == 1);
     layout.ShowTaskbarOption();
-    utcOffset.CheckUtcOffset();
+    log.utcOffset.CheckUtcOffset();
     if (preferences.gFormScale != kUnscaled) {
         layout.LayOutMainForm();
     }
-    band.ShowBand();
-    entry.CheckTabModeEntry();
+    log.band.ShowBand();
+    log.entry.CheckTabModeEntry();
     readVoiceSettings();
-    question.PromptLogStart();
+    log.question.PromptLogStart();
     readCwMessages();
     layout.LayOutMainForm();
     if (RigNamed(preferences.gRigName).link != RigLink::None) {

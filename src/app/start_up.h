@@ -2,31 +2,16 @@
 
 #include <functional>
 
-#include "app/machine.h"
 #include "app/main_form_layout.h"
-#include "log/band_selection.h"
-#include "log/start_question.h"
-#include "log/utc_offset_check.h"
-#include "support/shared_preferences.h"
+#include "log/log_part.h"
 
 namespace tallyhut {
 
 /// How the program comes up: the folders, then the steps of the main form's load in their order.
 struct StartUp {
     Machine& machine;
-    Form1& form1;
-    Directories& directories;
-    SharedPreferences& shared;
-    Preferences& preferences;
-    PreferencesFile& preferencesFile;
-    ContactLog& log;
-    SectionTable& sections;
-    MessageLine& message;
-    OperatingTime& time;
-    BandSelection& band;
-    EntryFlow& entry;
-    UtcOffsetCheck& utcOffset;
-    StartQuestion& question;
+    SupportPart& support;
+    LogPart& log;
     MainFormLayout& layout;
 
     // Steps that other parts of the program add.

@@ -66,6 +66,14 @@ int CommandWords::TakeNumber(std::string_view what) {
     throw ConsoleError{std::string{what} + " is no whole number: " + text};
 }
 
+Tick CommandWords::TakeMilliseconds() {
+    const int milliseconds = TakeNumber("milliseconds");
+    if (milliseconds < 0) {
+        throw ConsoleError{"time does not run backwards"};
+    }
+    return static_cast<Tick>(milliseconds);
+}
+
 void CommandWords::CheckEnd() const {
     if (!AtEnd()) {
         throw ConsoleError{"too many words: " + words_[next_].text};

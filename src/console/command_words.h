@@ -4,6 +4,8 @@
 #include <string_view>
 #include <vector>
 
+#include "platform/clock.h"
+
 namespace tallyhut {
 
 /// One word of a command line. Texts are in the driver's encoding, UTF-8.
@@ -23,6 +25,8 @@ public:
     const CommandWord& Take(std::string_view what);
     /// A whole number; throws ConsoleError for anything else.
     int TakeNumber(std::string_view what);
+    /// A time that passes; throws ConsoleError for one that runs backwards.
+    Tick TakeMilliseconds();
     /// Throws ConsoleError when words are left.
     void CheckEnd() const;
     /// What stands in the line behind the words taken so far.

@@ -9,10 +9,8 @@
 #include "console/console_error.h"
 #include "console/target.h"
 #include "console/text_encoding.h"
-#include "console/told_state.h"
-#include "platform/platform_error.h"
+#include "support/told_names.h"
 #include "values/format.h"
-#include "values/hex.h"
 #include "values/value_error.h"
 
 namespace tallyhut {
@@ -50,13 +48,6 @@ constexpr std::array kCommands{
     CommandRow{.name = "advance", .run = &Commands::Advance, .movesTime = true},
     CommandRow{.name = "at", .run = &Commands::At},
     CommandRow{.name = "settle", .run = &Commands::Settle, .movesTime = true},
-    CommandRow{"rx", &Commands::Receive},
-    CommandRow{"reply", &Commands::Reply},
-    CommandRow{"hold", &Commands::Hold},
-    CommandRow{"unplug", &Commands::Unplug},
-    CommandRow{"plug", &Commands::Plug},
-    CommandRow{"setting", &Commands::Setting},
-    CommandRow{"clipboard", &Commands::SetClipboard},
     CommandRow{"quit", &Commands::Quit},
 };
 
@@ -68,12 +59,9 @@ struct ButtonName {
 constexpr std::array kButtonNames{ButtonName{"left", kLeftButton}, ButtonName{"right", kRightButton},
                                   ButtonName{"middle", kMiddleButton}};
 
-const CommandRow& FindCommand(const std::string& name) {
-    const auto row = std::ranges::find(kCommands, name, &CommandRow::name);
-    if (row == kCommands.end()) {
-        throw ConsoleError{"unknown command " + name};
-    }
-    return *row;
+const CommandRow* FindCommand(const std::string& name) {
+    const auto* row = std::ranges::find(kCommands, name, &CommandRow::name);
+    return row == kCommands.end() ? nullptr : row;
 }
 
 void CheckSomeForm(const Desk& desk) {
@@ -146,15 +134,34 @@ void Commands::Run(const std::string& line, bool putAt) {
     }
 }
 
+void Commands::CheckPutAt(const std::string& name) const {
+    const CommandRow* row = FindCommand(name);
+    if (row == nullptr && !devices.contains(name)) {
+        throw ConsoleError{"unknown command " + name};
+    }
+    if (row != nullptr && row->movesTime) {
+        throw ConsoleError{name + " cannot be put at a moment"};
+    }
+}
+
 void Commands::Dispatch(CommandWords& words, bool putAt) {
-    const CommandRow& row = FindCommand(words.Take("command").text);
-    if (!dialogs.Waiting().empty() && !row.reads) {
+    const std::string name = words.Take("command").text;
+    const CommandRow* row = FindCommand(name);
+    const auto device = devices.find(name);
+    if (row == nullptr && device == devices.end()) {
+        throw ConsoleError{"unknown command " + name};
+    }
+    if (!dialogs.Waiting().empty() && (row == nullptr || !row->reads)) {
         throw ConsoleError{"a dialog waits for its answer"};
     }
-    if (putAt && row.movesTime) {
-        throw ConsoleError{std::string{row.name} + " cannot be put at a moment"};
+    if (putAt) {
+        CheckPutAt(name);
     }
-    (this->*row.run)(words);
+    if (row != nullptr) {
+        (this->*row->run)(words);
+    } else {
+        device->second(words);
+    }
 }
 
 void Commands::Type(CommandWords& words) {
@@ -321,7 +328,7 @@ void Commands::Get(CommandWords& words) {
                                   : FormatDateTime(program.machine.clock.Now(), "yyyy-mm-dd") + 'T' +
                                         FormatDateTime(program.machine.clock.Now(), "hh:nn:ss") + ".000"}});
     } else if (text.starts_with('$')) {
-        const std::optional<ToldValue> value = FindToldValue(program, std::string_view{text}.substr(1));
+        const std::optional<ToldNames::Value> value = program.told.Find(std::string_view{text}.substr(1));
         if (!value) {
             throw ConsoleError{"unknown name " + text};
         }
@@ -355,16 +362,8 @@ void Commands::Dump(CommandWords& words) {
     out.Result({{"controls", ControlsOf(form)}});
 }
 
-Tick Commands::TakeMilliseconds(CommandWords& words) {
-    const int milliseconds = words.TakeNumber("milliseconds");
-    if (milliseconds < 0) {
-        throw ConsoleError{"time does not run backwards"};
-    }
-    return static_cast<Tick>(milliseconds);
-}
-
 void Commands::Advance(CommandWords& words) {
-    const Tick milliseconds = TakeMilliseconds(words);
+    const Tick milliseconds = words.TakeMilliseconds();
     words.CheckEnd();
     if (virtualClock == nullptr) {
         throw ConsoleError{"the clock is the machine's: --clock gives one that can be moved"};
@@ -387,92 +386,20 @@ void Commands::Advance(CommandWords& words) {
 }
 
 void Commands::At(CommandWords& words) {
-    const Tick milliseconds = TakeMilliseconds(words);
+    const Tick milliseconds = words.TakeMilliseconds();
     const std::string line{words.Rest()};
-    const CommandRow& row = FindCommand(words.Take("command").text);
-    if (row.movesTime) {
-        throw ConsoleError{std::string{row.name} + " cannot be put at a moment"};
-    }
+    CheckPutAt(words.Take("command").text);
     pump.PutAt(milliseconds, line);
 }
 
 void Commands::Settle(CommandWords& words) {
-    const Tick milliseconds = TakeMilliseconds(words);
+    const Tick milliseconds = words.TakeMilliseconds();
     words.CheckEnd();
     program.desk.RunPending();
     for (Tick passed = 0; passed < milliseconds; passed += kSettleSlice) {
         poll(nullptr, 0, static_cast<int>(std::min(kSettleSlice, milliseconds - passed)));
         program.desk.RunPending();
     }
-}
-
-/// The far end of a port that is simulated.
-sim::SerialLine& Commands::TakeLine(CommandWords& words) {
-    const int number = words.TakeNumber("port");
-    if (!ports.IsSimulated(number)) {
-        throw ConsoleError{"no simulated port: " + std::to_string(number)};
-    }
-    return ports.simulated.Line(number);
-}
-
-void Commands::Receive(CommandWords& words) {
-    sim::SerialLine& line = TakeLine(words);
-    const std::string bytes = HexToBytes(words.Take("bytes").text);
-    words.CheckEnd();
-    line.Receive(bytes);
-}
-
-void Commands::Reply(CommandWords& words) {
-    sim::SerialLine& line = TakeLine(words);
-    const std::string request = HexToBytes(words.Take("request").text);
-    const std::string reply = HexToBytes(words.Take("reply").text);
-    const Tick after = words.AtEnd() ? 0 : TakeMilliseconds(words);
-    words.CheckEnd();
-    if (request.empty()) {
-        throw ConsoleError{"the request has no bytes"};
-    }
-    line.Reply(request, reply, after);
-}
-
-void Commands::Hold(CommandWords& words) {
-    sim::SerialLine& line = TakeLine(words);
-    const std::string& state = words.Take("on or off").text;
-    words.CheckEnd();
-    if (state == "on") {
-        line.holding = true;
-    } else if (state == "off") {
-        line.LetGo();
-    } else {
-        throw ConsoleError{"on or off is wanted, not " + state};
-    }
-}
-
-void Commands::Unplug(CommandWords& words) {
-    sim::SerialLine& line = TakeLine(words);
-    words.CheckEnd();
-    line.Unplug();
-}
-
-void Commands::Plug(CommandWords& words) {
-    sim::SerialLine& line = TakeLine(words);
-    words.CheckEnd();
-    line.Plug();
-}
-
-void Commands::Setting(CommandWords& words) {
-    const std::string key = words.Take("key").text;
-    const std::string value = FromUtf8(words.Take("value").text);
-    words.CheckEnd();
-    try {
-        program.machine.settings.Set("Settings", key, value);
-    } catch (const PlatformError& failure) {
-        throw ConsoleError{failure.what()};
-    }
-}
-
-void Commands::SetClipboard(CommandWords& words) {
-    clipboard.text = FromUtf8(words.Take("text").text);
-    words.CheckEnd();
 }
 
 /// As a lost power line: nothing of the program runs any more.

@@ -5,10 +5,9 @@
 #include "app/program.h"
 #include "console/command_words.h"
 #include "console/console_dialogs.h"
-#include "console/console_ports.h"
 #include "console/console_pump.h"
+#include "console/device_commands.h"
 #include "console/json_output.h"
-#include "platform/sim/clipboard.h"
 #include "platform/sim/clock.h"
 
 namespace tallyhut {
@@ -21,8 +20,7 @@ struct Commands {
     ConsolePump& pump;
     ConsoleDialogs& dialogs;
     sim::Clock* virtualClock;  ///< null with the machine's clock
-    sim::Clipboard& clipboard;
-    ConsolePorts& ports;
+    const DeviceCommands& devices;
 
     /// Runs one line; an empty one does nothing. `putAt` tells a command that comes at its moment from a typed one.
     void Run(const std::string& line, bool putAt);
@@ -49,20 +47,13 @@ struct Commands {
     void Advance(CommandWords& words);
     void At(CommandWords& words);
     void Settle(CommandWords& words);
-    void Receive(CommandWords& words);
-    void Reply(CommandWords& words);
-    void Hold(CommandWords& words);
-    void Unplug(CommandWords& words);
-    void Plug(CommandWords& words);
-    void Setting(CommandWords& words);
-    void SetClipboard(CommandWords& words);
     [[noreturn]] void Quit(CommandWords& words);
 
 private:
     void Dispatch(CommandWords& words, bool putAt);
+    /// Throws ConsoleError for a name that is none, and for what cannot be put at a moment.
+    void CheckPutAt(const std::string& name) const;
     void ClickRow(CommandWords& words, MouseButton button, bool twice);
-    Tick TakeMilliseconds(CommandWords& words);
-    sim::SerialLine& TakeLine(CommandWords& words);
 };
 
 }  // namespace tallyhut

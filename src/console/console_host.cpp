@@ -4,14 +4,13 @@
 #include <memory>
 
 #include "console/commands.h"
+#include "console/console_error.h"
 #include "console/console_ports.h"
 #include "console/console_printer.h"
 #include "console/text_encoding.h"
 #include "platform/platform_error.h"
-#include "platform/real/desktop_environment.h"
-#include "platform/real/ini_settings.h"
-#include "platform/real/posix_files.h"
-#include "platform/real/system_clock.h"
+#include "platform/real/real_machine.h"
+#include "platform/sim/clipboard.h"
 #include "platform/sim/screen.h"
 
 namespace tallyhut {
@@ -29,8 +28,28 @@ struct EventClipboard : sim::Clipboard {
         out.Event({{"event", "clipboard"}, {"text", ToUtf8(newText)}});
     }
 
+    void AddTo(DeviceCommands& commands) {
+        commands["clipboard"] = [this](CommandWords& words) {
+            text = FromUtf8(words.Take("text").text);
+            words.CheckEnd();
+        };
+    }
+
     JsonOutput& out;
 };
+
+void AddSettingTo(DeviceCommands& commands, SettingsStore& settings) {
+    commands["setting"] = [&settings](CommandWords& words) {
+        const std::string key = words.Take("key").text;
+        const std::string value = FromUtf8(words.Take("value").text);
+        words.CheckEnd();
+        try {
+            settings.Set("Settings", key, value);
+        } catch (const PlatformError& failure) {
+            throw ConsoleError{failure.what()};
+        }
+    };
+}
 
 ScreenSize InUnits(const ScreenSize& pixels) {
     return {.width = pixels.width * kUnitsAPixel, .height = pixels.height * kUnitsAPixel};
@@ -82,23 +101,24 @@ int RunConsole(const Options& options, const std::string& workingDirectory, cons
     std::signal(SIGPIPE, SIG_IGN);  // a driver that has gone is the end of input
     LineSource lines{inputDescriptor};
     JsonOutput output{out};
-    SystemClock systemClock;
+    RealMachine machine{options.ports};
     std::unique_ptr<sim::Clock> virtualClock;
     if (options.clock) {
         virtualClock =
             std::make_unique<sim::Clock>(*options.clock, static_cast<int>(options.utcOffset * kMinutesAnHour));
         output.virtualNow = [&virtualClock] { return virtualClock->IsoNow(); };
     }
-    Clock& clock = virtualClock ? static_cast<Clock&>(*virtualClock) : systemClock;
+    Clock& clock = virtualClock ? static_cast<Clock&>(*virtualClock) : machine.clock;
     ConsolePump pump{lines, output, virtualClock.get(), clock};
     ConsoleDialogs dialogs{output};
     EventClipboard clipboard{output};
     ConsolePrinter printer{output};
-    PosixFiles files;
-    IniSettings settings;
     sim::Screen screen = SimulatedScreen(options);
-    DesktopEnvironment environment;
-    ConsolePorts ports{settings, clock, options.ports, output};
+    ConsolePorts ports{machine.serialPorts, clock, output};
+    DeviceCommands devices;
+    ports.AddTo(devices);
+    clipboard.AddTo(devices);
+    AddSettingTo(devices, machine.settings);
 
     try {
         Program program{{.clock = clock,
@@ -106,14 +126,14 @@ int RunConsole(const Options& options, const std::string& workingDirectory, cons
                          .dialogs = dialogs,
                          .clipboard = clipboard,
                          .printer = printer,
-                         .files = files,
-                         .settings = settings,
+                         .files = machine.files,
+                         .settings = machine.settings,
                          .screen = screen,
-                         .environment = environment,
+                         .environment = machine.environment,
                          .serialPorts = ports,
                          .dataFolder = dataFolder},
                         workingDirectory};
-        Commands commands{program, output, pump, dialogs, virtualClock.get(), clipboard, ports};
+        Commands commands{program, output, pump, dialogs, virtualClock.get(), devices};
         dialogs.runDialog = [&program](const std::function<bool()>& done) { program.desk.RunDialog(done); };
         pump.describeTurn = [&] { return DescribeTurn(program.desk, dialogs); };
         pump.runLine = [&commands](const std::string& line, bool putAt) { commands.Run(line, putAt); };

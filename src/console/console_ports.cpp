@@ -2,6 +2,7 @@
 
 #include <array>
 
+#include "console/console_error.h"
 #include "values/hex.h"
 
 namespace tallyhut {
@@ -60,9 +61,8 @@ struct ConsolePort : SerialPort {
 
 }  // namespace
 
-ConsolePorts::ConsolePorts(SettingsStore& settings, const Clock& clock, const std::map<int, std::string>& ports,
-                           JsonOutput& output)
-    : out{output}, real{settings, ports}, simulated{clock} {
+ConsolePorts::ConsolePorts(TtyPorts& machinePorts, const Clock& clock, JsonOutput& output)
+    : out{output}, real{machinePorts}, simulated{clock} {
     simulated.onPort = [this](int number, const sim::SerialLine& line) {
         out.Event({{"event", "port"},
                    {"port", number},
@@ -94,6 +94,61 @@ PortMeaning ConsolePorts::MeaningOf(int number) const {
 bool ConsolePorts::IsSimulated(int number) const {
     const auto given = real.commandLine.find(number);
     return given != real.commandLine.end() && given->second == kSimulated;
+}
+
+void ConsolePorts::AddTo(DeviceCommands& commands) {
+    commands["rx"] = [this](CommandWords& words) { Receive(words); };
+    commands["reply"] = [this](CommandWords& words) { Reply(words); };
+    commands["hold"] = [this](CommandWords& words) { Hold(words); };
+    commands["unplug"] = [this](CommandWords& words) { TakeOnlyLine(words).Unplug(); };
+    commands["plug"] = [this](CommandWords& words) { TakeOnlyLine(words).Plug(); };
+}
+
+/// The far end of a port that is simulated.
+sim::SerialLine& ConsolePorts::TakeLine(CommandWords& words) {
+    const int number = words.TakeNumber("port");
+    if (!IsSimulated(number)) {
+        throw ConsoleError{"no simulated port: " + std::to_string(number)};
+    }
+    return simulated.Line(number);
+}
+
+sim::SerialLine& ConsolePorts::TakeOnlyLine(CommandWords& words) {
+    sim::SerialLine& line = TakeLine(words);
+    words.CheckEnd();
+    return line;
+}
+
+void ConsolePorts::Receive(CommandWords& words) {
+    sim::SerialLine& line = TakeLine(words);
+    const std::string bytes = HexToBytes(words.Take("bytes").text);
+    words.CheckEnd();
+    line.Receive(bytes);
+}
+
+void ConsolePorts::Reply(CommandWords& words) {
+    sim::SerialLine& line = TakeLine(words);
+    const std::string request = HexToBytes(words.Take("request").text);
+    const std::string reply = HexToBytes(words.Take("reply").text);
+    const Tick after = words.AtEnd() ? 0 : words.TakeMilliseconds();
+    words.CheckEnd();
+    if (request.empty()) {
+        throw ConsoleError{"the request has no bytes"};
+    }
+    line.Reply(request, reply, after);
+}
+
+void ConsolePorts::Hold(CommandWords& words) {
+    sim::SerialLine& line = TakeLine(words);
+    const std::string& state = words.Take("on or off").text;
+    words.CheckEnd();
+    if (state == "on") {
+        line.holding = true;
+    } else if (state == "off") {
+        line.LetGo();
+    } else {
+        throw ConsoleError{"on or off is wanted, not " + state};
+    }
 }
 
 }  // namespace tallyhut

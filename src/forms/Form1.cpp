@@ -3,6 +3,8 @@
 #include <array>
 #include <string_view>
 
+#include "contest/bands.h"
+
 namespace tallyhut {
 namespace {
 
@@ -180,12 +182,12 @@ Form1::Form1(Desk& owner)
       mnuRig{mnuSettings, "mnuRig", "&Rig Interface", "Ctrl+R"},
       mnuPorts{mnuSettings, "mnuPorts", "Serial P&orts"},
       mnuBand{*this, "mnuBand", "&Band"},
-      mnu160{mnuBand, "mnu160", "160"},
-      mnu80{mnuBand, "mnu80", "  80"},
-      mnu40{mnuBand, "mnu40", "  40"},
-      mnu20{mnuBand, "mnu20", "  20"},
-      mnu15{mnuBand, "mnu15", "  15"},
-      mnu10{mnuBand, "mnu10", "  10"},
+      mnu160{mnuBand, "mnu160", FindBand("160")->menuText},
+      mnu80{mnuBand, "mnu80", FindBand("80")->menuText},
+      mnu40{mnuBand, "mnu40", FindBand("40")->menuText},
+      mnu20{mnuBand, "mnu20", FindBand("20")->menuText},
+      mnu15{mnuBand, "mnu15", FindBand("15")->menuText},
+      mnu10{mnuBand, "mnu10", FindBand("10")->menuText},
       mnuTabOrder{*this, "mnuTabOrder", "&TabOrder"},
       numopt{mnuTabOrder, "numopt", "Begin in # Field"},
       callopt{mnuTabOrder, "callopt", "Begin in Call Field"},

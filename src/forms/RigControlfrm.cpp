@@ -133,7 +133,8 @@ RigControlfrm::RigControlfrm(Desk& owner)
       Label8{*this, "Label8", kHowToUse, {.place = {180, kTexts, kTextsWidth, 510}, .fontSize = kSmallText}},
       Label12{*this, "Label12", kSpotsTune, {.place = {180, kTexts + 540, kTextsWidth, 510}, .fontSize = kSmallText}},
       Label11{*this, "Label11", kUnlisted, {.place = {180, kTexts + 1080, kTextsWidth, 345}, .fontSize = kSmallText}},
-      tmrGetData{*this, "tmrGetData", 250, false} {
+      tmrGetData{*this, "tmrGetData", 250, false},
+      tmrCommand{*this, "tmrCommand", 0, false} {
     for (Option* option : {&optBaud12, &optBaud24, &optBaud48, &optBaud96, &optBaud144, &optBaud192, &optBaud288,
                            &optBaud384, &optBaud560}) {
         option->PutInto(fraBaud);

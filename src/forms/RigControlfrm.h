@@ -76,6 +76,7 @@ struct RigControlfrm : Form {
     Label Label11;
 
     Timer tmrGetData;
+    Timer tmrCommand;  ///< the waits of a command to the radio
 };
 
 }  // namespace tallyhut

@@ -3,6 +3,7 @@
 #include <array>
 #include <string_view>
 
+#include "contest/bands.h"
 #include "forms/refused_paste.h"
 
 namespace tallyhut {
@@ -14,9 +15,6 @@ constexpr std::int32_t kScanMs = 299;
 
 /// Of cmdTune by pairs, up and down.
 constexpr std::array<std::string_view, 5> kTuneCaptions{"10 Hz", "1 MHz", "5 KHz", "1 KHz", "100 Hz"};
-
-constexpr std::array<std::string_view, 16> kBandCaptions{"160", "80", "60", "40", "30",   "20", "17", "15",
-                                                         "12",  "10", "6",  "2",  "1.25", "70", "33", "23"};
 
 TextBoxDesign Frequency(double left, double top, int tabIndex) {
     return {.place = {left, top, 1500, 360},
@@ -31,7 +29,8 @@ ButtonDesign At(double left, double top, double width, int tabIndex) {
 
 /// Of cmdTune: a pair is a column.
 ButtonDesign TuneButton(int index) {
-    return At(960 + index / 2 * 900.0, index % 2 == 0 ? 720 : 1140, 840, 3 + index);
+    const int column = index / 2;
+    return At(960 + column * 900.0, index % 2 == 0 ? 720 : 1140, 840, 3 + index);
 }
 
 /// Of cmdBand: two rows of eight.
@@ -66,8 +65,8 @@ frmRigTune::frmRigTune(Desk& owner)
       fraBand{*this, "fraBand", "Band", {kLeft, 1650, 5580, 1170}},
       cmdBand{0, 15,
               [this](int i) {
-                  return std::make_unique<Button>(*this, "cmdBand", i, kBandCaptions.at(static_cast<std::size_t>(i)),
-                                                  BandButton(i));
+                  return std::make_unique<Button>(
+                      *this, "cmdBand", i, kBandTable.at(static_cast<std::size_t>(i)).tuneCaption, BandButton(i));
               }},
       fraMode{*this, "fraMode", "Mode", {kLeft, 2970, 5580, 750}},
       cmdCW{*this, "cmdCW", "&CW", ModeButton(0)},

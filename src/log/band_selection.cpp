@@ -1,6 +1,6 @@
 #include "log/band_selection.h"
 
-#include <algorithm>
+#include "contest/bands.h"
 
 namespace tallyhut {
 
@@ -14,9 +14,8 @@ void BandSelection::ChooseBand(std::string_view band) {
 }
 
 void BandSelection::Label30_DblClick() {
-    const auto* row = std::ranges::find(kBands, std::string_view{preferences.gBand}, &BandRow::band);
-    if (row != kBands.end()) {
-        ChooseBand(row->next);
+    if (const std::string_view next = NextContestBand(preferences.gBand); !next.empty()) {
+        ChooseBand(next);
     }
 }
 

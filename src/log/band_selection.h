@@ -8,15 +8,16 @@
 
 namespace tallyhut {
 
+/// A band and its entry in the menu.
 struct BandRow {
     MenuEntry Form1::*entry;
     std::string_view band;  ///< metres
-    std::string_view next;  ///< on a double click
 };
 
+/// The contest's bands.
 inline constexpr std::array kBands{
-    BandRow{&Form1::mnu160, "160", "80"}, BandRow{&Form1::mnu80, "80", "40"}, BandRow{&Form1::mnu40, "40", "20"},
-    BandRow{&Form1::mnu20, "20", "15"},   BandRow{&Form1::mnu15, "15", "10"}, BandRow{&Form1::mnu10, "10", "160"},
+    BandRow{&Form1::mnu160, "160"}, BandRow{&Form1::mnu80, "80"}, BandRow{&Form1::mnu40, "40"},
+    BandRow{&Form1::mnu20, "20"},   BandRow{&Form1::mnu15, "15"}, BandRow{&Form1::mnu10, "10"},
 };
 
 /// The band that contacts are stamped with.

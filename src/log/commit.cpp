@@ -2,7 +2,6 @@
 
 #include <array>
 
-#include "log/utc.h"
 #include "toolkit/running.h"
 #include "values/format.h"
 #include "values/number.h"
@@ -28,9 +27,9 @@ constexpr std::array kRequiredFields{
 void Commit::frmcmp() {
     gIncomplete = 0;
     for (const RequiredField& required : kRequiredFields) {
-        TextBox& box = form.*required.field;
+        TextBox& box = panel.form.*required.field;
         if (box.Text().size() < required.leastLength) {
-            message.Write(required.message);
+            panel.message.Write(required.message);
             gIncomplete = 1;
             box.SetFocus();
         }
@@ -38,16 +37,16 @@ void Commit::frmcmp() {
 }
 
 void Commit::ValidateSection() {
-    gBadSection = sections.Find(form.txtSec.Text()) == 0 ? 1 : 0;
+    gBadSection = contest.sections.Find(panel.form.txtSec.Text()) == 0 ? 1 : 0;
     if (gBadSection == 1) {
-        message.Write("Invalid Section");
+        panel.message.Write("Invalid Section");
     }
 }
 
 void Commit::TallySection() {
-    const int section = sections.Find(form.txtSec.Text());
-    if (section != 0 && sections.Count(section)) {
-        ShowWorked(form.Label10(section), preferences.gColorWorked);
+    const int section = contest.sections.Find(panel.form.txtSec.Text());
+    if (section != 0 && contest.sections.Count(section)) {
+        display.grid.ShowWorked(section);
     }
 }
 
@@ -57,7 +56,7 @@ void Commit::Mains() {
     }
     const Running running{committing};
     // What is typed ahead belongs to the next contact: it waits until the fields are empty and the focus is back.
-    const Desk::InputHold hold{desk};
+    const Desk::InputHold hold{panel.desk};
     if (time.gTimeOn == 0) {
         time.cmdLogOn_Click();
     }
@@ -73,62 +72,56 @@ void Commit::Mains() {
     if (gBadSection == 0 && gIncomplete == 0) {
         BeginNextEntry();
     }
-    message.BlankPartials();
-    desk.RunPending();
-    rates.TimeStats();
-    log.gFrq.clear();
+    panel.message.BlankPartials();
+    panel.desk.RunPending();
+    display.rates.TimeStats();
+    contest.log.gFrq.clear();
 }
 
 void Commit::LogContact() {
     Keep(EnteredContact());
-    form.lblTotCon.SetCaption(NumberForm(log.gContactCount));
-    list.ListContacts();
-    message.WriteNormal("");
+    panel.form.lblTotCon.SetCaption(NumberForm(contest.log.gContactCount));
+    display.list.ListContacts();
+    panel.message.WriteNormal("");
     // Focus events wait: leaving the call field now would find the contact just logged and call it a duplicate.
-    desk.RunTimersAndIo();
+    panel.desk.RunTimersAndIo();
     TallySection();
-    desk.RunTimersAndIo();
-    ShowScore();
-    message.Write(" ");
+    panel.desk.RunTimersAndIo();
+    display.ShowScore();
+    panel.message.Write(" ");
 }
 
 Contact Commit::EnteredContact() const {
-    const DateTime utc = UtcNow(desk.clock, preferences);
+    const DateTime utc = UtcOf(panel.desk.clock.Now(), contest.preferences);
     return {
-        .Ns = PlainText(log.NextSerial()),
-        .Nr = form.txtNum.Text(),
-        .P = form.txtPre.Text(),
-        .Call = form.txtCall.Text(),
-        .Ck = form.txtCK.Text(),
-        .Sec = form.txtSec.Text(),
-        .Date = postContest.IsOn() ? form.txtPostConDate.Text() : FormatDateTime(utc, "yyyy/mm/dd"),
-        .Time = postContest.IsOn() ? form.txtPostConTime.Text() : FormatDateTime(utc, "hh:mm:ss"),
-        .Bnd = preferences.gBand,
-        .Frq = log.gFrq,
+        .Ns = PlainText(contest.log.NextSerial()),
+        .Nr = panel.form.txtNum.Text(),
+        .P = panel.form.txtPre.Text(),
+        .Call = panel.form.txtCall.Text(),
+        .Ck = panel.form.txtCK.Text(),
+        .Sec = panel.form.txtSec.Text(),
+        .Date = postContest.IsOn() ? panel.form.txtPostConDate.Text() : FormatDateTime(utc, "yyyy/mm/dd"),
+        .Time = postContest.IsOn() ? panel.form.txtPostConTime.Text() : FormatDateTime(utc, "hh:mm:ss"),
+        .Bnd = contest.preferences.gBand,
+        .Frq = contest.log.gFrq,
     };
 }
 
 void Commit::Keep(const Contact& contact) {
-    ++log.gContactCount;
+    ++contest.log.gContactCount;
     try {
-        log.Row(log.gContactCount) = contact;
+        contest.log.Row(contest.log.gContactCount) = contact;
     } catch (const LogFullError& full) {
         throw ContactNotLogged(contact, full.what());
     }
     file.Append(contact);
 }
 
-void Commit::ShowScore() {
-    form.lblTotSec.SetCaption(PlainText(sections.gSectionsWorked));
-    form.lblsectogo.SetCaption(PlainText(sections.gSectionCount - sections.gSectionsWorked));
-    form.lblTotScore.SetCaption(PlainText(Score(sections.gSectionsWorked, log.gContactCount)));
-}
-
 void Commit::BeginNextEntry() {
-    fields.Empty();
-    fields.gPassedCallTwice = false;
-    fields.ShowNextSerial();
-    fields.First().SetFocus();
+    panel.fields.Empty();
+    panel.fields.gPassedCallTwice = false;
+    panel.fields.ShowNextSerial();
+    panel.fields.First().SetFocus();
 }
 
 }  // namespace tallyhut

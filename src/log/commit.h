@@ -1,29 +1,21 @@
 #pragma once
 
-#include "log/contact_list.h"
+#include "log/contest_display.h"
 #include "log/duplicates.h"
 #include "log/log_file.h"
 #include "log/post_contest.h"
-#include "log/section_table.h"
-#include "log/time_stats.h"
 
 namespace tallyhut {
 
 /// The one way of a contact into the log. The order of its steps is part of what the operator relies on.
 struct Commit {
-    Form1& form;
-    ContactLog& log;
-    SectionTable& sections;
-    const Preferences& preferences;
+    Panel& panel;
+    Contest& contest;
     LogFile& file;
-    EntryFields& fields;
-    MessageLine& message;
     OperatingTime& time;
     PostContest& postContest;
     Duplicates& duplicates;
-    ContactList& list;
-    RateLabels& rates;
-    Desk& desk;
+    ContestDisplay& display;
 
     std::uint8_t gIncomplete = 0;
     std::uint8_t gBadSection = 0;
@@ -42,7 +34,6 @@ private:
     void LogContact();
     Contact EnteredContact() const;
     void Keep(const Contact& contact);
-    void ShowScore();
     void BeginNextEntry();
 };
 

@@ -49,75 +49,75 @@ void AcceptOnly(int& KeyAscii, int first, int last) {
 }  // namespace
 
 void ContactEditing::cmdEdit_Click() {
-    if (list.LogRowAt(form1.ListView1.Row()) == 0) {
+    if (list.LogRowAt(panel.form.ListView1.Row()) == 0) {
         return;
     }
     dialog.ShowModal();
     list.ListContacts();
-    fields.HideRowButtons();
+    panel.fields.HideRowButtons();
     RewriteAndReload();
 }
 
 void ContactEditing::cmdDelete_Click() {
-    const std::int32_t row = list.LogRowAt(form1.ListView1.Row());
+    const std::int32_t row = list.LogRowAt(panel.form.ListView1.Row());
     if (row == 0) {
         return;
     }
-    const Answer answer = desk.dialogs.Show(kAreYouSureBox);
-    fields.HideRowButtons();
+    const Answer answer = panel.desk.dialogs.Show(kAreYouSureBox);
+    panel.fields.HideRowButtons();
     if (answer != Answer::Yes) {
         return;
     }
     CloseUp(row);
-    --log.gContactCount;
+    --contest.log.gContactCount;
     RewriteAndReload();
 }
 
 /// Behind the last row of a full table there is none: it counts as an empty one.
 void ContactEditing::CloseUp(std::int32_t row) {
-    for (std::int32_t i = row; i <= log.gContactCount; ++i) {
-        log.Row(i) = i < ContactLog::kMostContacts ? log.Row(i + 1) : Contact{};
+    for (std::int32_t i = row; i <= contest.log.gContactCount; ++i) {
+        contest.log.Row(i) = i < ContactLog::kMostContacts ? contest.log.Row(i + 1) : Contact{};
     }
 }
 
 void ContactEditing::RewriteAndReload() {
-    file.Rewrite(log);
+    file.Rewrite(contest.log);
     reload.mnuopen2();
-    fields.First().SetFocus();
+    panel.fields.First().SetFocus();
 }
 
 void ContactEditing::cmdList_Click() {
     const bool listsAll = list.gListAll == 1;
-    form1.cmdList.SetCaption(listsAll ? "Last 20" : "All");
+    panel.form.cmdList.SetCaption(listsAll ? "Last 20" : "All");
     list.gListAll = listsAll ? 0 : 1;
     list.ListContacts();
-    fields.First().SetFocus();
+    panel.fields.First().SetFocus();
 }
 
 void ContactEditing::ListView1_Click() {
-    if (form1.ListView1.RowCount() > 0) {
-        form1.cmdEdit.SetVisible(true);
-        form1.cmdDelete.SetVisible(true);
+    if (panel.form.ListView1.RowCount() > 0) {
+        panel.form.cmdEdit.SetVisible(true);
+        panel.form.cmdDelete.SetVisible(true);
     }
 }
 
 void ContactEditing::ListView1_MouseDown(MouseButton button) {
-    if (button == kRightButton && form1.ListView1.RowCount() > 0) {
+    if (button == kRightButton && panel.form.ListView1.RowCount() > 0) {
         cmdEdit_Click();
     }
 }
 
 void ContactEditing::ListView1_ColumnClick(int column) {
-    form1.ListView1.SortOnce(static_cast<std::size_t>(column - 1));
+    panel.form.ListView1.SortOnce(static_cast<std::size_t>(column - 1));
 }
 
 void ContactEditing::frmEditCon_Load() {
-    editedRow = list.LogRowAt(form1.ListView1.Row());
+    editedRow = list.LogRowAt(panel.form.ListView1.Row());
     if (editedRow == 0) {
         return;
     }
     for (const EditField& edit : kEditFields) {
-        (dialog.*edit.box).SetText(log.Row(editedRow).*edit.field);
+        (dialog.*edit.box).SetText(contest.log.Row(editedRow).*edit.field);
     }
 }
 
@@ -160,28 +160,28 @@ void ContactEditing::txtEditTime_KeyPress(int& KeyAscii) {
 
 void ContactEditing::txtEditDate_LostFocus() {
     if (!IsDate(dialog.txtEditDate.Text())) {
-        desk.dialogs.Show(kInvalidDateBox);
+        panel.desk.dialogs.Show(kInvalidDateBox);
         dialog.txtEditDate.GiveFocusBack();
     }
 }
 
 void ContactEditing::txtEditTime_LostFocus() {
     if (!IsTime(dialog.txtEditTime.Text())) {
-        desk.dialogs.Show(kInvalidTimeBox);
+        panel.desk.dialogs.Show(kInvalidTimeBox);
         dialog.txtEditTime.GiveFocusBack();
     }
 }
 
 void ContactEditing::cmdDone_Click() {
     if (!IsTime(dialog.txtEditTime.Text())) {
-        desk.dialogs.Beep();
-        desk.dialogs.Show(kInvalidTimeBox);
+        panel.desk.dialogs.Beep();
+        panel.desk.dialogs.Show(kInvalidTimeBox);
         dialog.txtEditTime.SetFocus();
         return;
     }
     if (!IsDate(dialog.txtEditDate.Text())) {
-        desk.dialogs.Beep();
-        desk.dialogs.Show(kInvalidDateBox);
+        panel.desk.dialogs.Beep();
+        panel.desk.dialogs.Show(kInvalidDateBox);
         dialog.txtEditDate.SetFocus();
         return;
     }
@@ -198,29 +198,29 @@ void ContactEditing::cmdDone_Click() {
 
 bool ContactEditing::HasDuplicate() {
     bool duplicate = false;
-    for (std::int32_t n = 1; n <= log.gContactCount; ++n) {
-        if (n != editedRow && log.Row(n).Call == dialog.txtEditCall.Text()) {
+    for (std::int32_t n = 1; n <= contest.log.gContactCount; ++n) {
+        if (n != editedRow && contest.log.Row(n).Call == dialog.txtEditCall.Text()) {
             duplicate = true;
             dialog.Label1.SetVisible(true);
             dialog.cmdDeleteDupe.SetVisible(true);
-            desk.dialogs.Beep();
+            panel.desk.dialogs.Beep();
         }
     }
     return duplicate;
 }
 
 bool ContactEditing::HasSection() {
-    if (sections.Find(dialog.txtEditSec.Text()) != 0) {
+    if (contest.sections.Find(dialog.txtEditSec.Text()) != 0) {
         return true;
     }
     dialog.Label2.SetVisible(true);
-    desk.dialogs.Beep();
+    panel.desk.dialogs.Beep();
     return false;
 }
 
 void ContactEditing::Store() {
     for (const EditField& edit : kEditFields) {
-        log.Row(editedRow).*edit.field = (dialog.*edit.box).Text();
+        contest.log.Row(editedRow).*edit.field = (dialog.*edit.box).Text();
     }
 }
 

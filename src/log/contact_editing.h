@@ -3,19 +3,17 @@
 #include "forms/frmEditCon.h"
 #include "log/contact_list.h"
 #include "log/log_reload.h"
+#include "log/panel.h"
 
 namespace tallyhut {
 
 /// The only ways to change a logged contact: from the list to the edit form, and deleting. Each changes the tables,
 /// rewrites the log whole and reloads it. A log that cannot be written is a LogWriteError and nobody's business here.
 struct ContactEditing {
-    Form1& form1;
+    Panel& panel;
     frmEditCon& dialog;
-    Desk& desk;
-    ContactLog& log;
-    const SectionTable& sections;
+    Contest& contest;
     LogFile& file;
-    EntryFields& fields;
     ContactList& list;
     LogReload& reload;
 

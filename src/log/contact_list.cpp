@@ -27,7 +27,7 @@ constexpr std::array kContactColumns{
 }  // namespace
 
 void ContactList::ListContacts() {
-    const std::int32_t newest = log.gContactCount;
+    const std::int32_t newest = contest.log.gContactCount;
     const std::int32_t listed = gListAll == 1 ? newest : std::min(newest, kRecent);
     form.ListView1.SetRows(static_cast<std::size_t>(listed), [this, newest](std::size_t row, std::size_t column) {
         return CellText(newest - static_cast<std::int32_t>(row), column);
@@ -46,7 +46,7 @@ std::string ContactList::CellText(std::int32_t logRow, std::size_t column) const
         return PlainText(logRow);
     }
     const ContactColumn& shown = kContactColumns.at(column - 1);
-    const std::string& text = log.Row(logRow).*shown.field;
+    const std::string& text = contest.log.Row(logRow).*shown.field;
     return shown.picture.empty() ? text : FormatDateText(text, shown.picture, clock.Now().year);
 }
 

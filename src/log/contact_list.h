@@ -2,8 +2,8 @@
 
 #include <cstdint>
 
+#include "contest/contest.h"
 #include "forms/Form1.h"
-#include "log/contact_log.h"
 #include "platform/clock.h"
 
 namespace tallyhut {
@@ -11,7 +11,7 @@ namespace tallyhut {
 /// The list of recent contacts.
 struct ContactList {
     Form1& form;
-    const ContactLog& log;
+    const Contest& contest;
     const Clock& clock;
 
     std::uint8_t gListAll = 0;  ///< 1 lists all contacts, 0 the last 20

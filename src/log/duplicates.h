@@ -3,25 +3,18 @@
 #include <cstdint>
 #include <optional>
 
-#include "log/contact_log.h"
-#include "log/entry_fields.h"
-#include "log/message_line.h"
 #include "log/operating_time.h"
 #include "log/prompts.h"
-#include "toolkit/desk.h"
 
 namespace tallyhut {
 
 /// The two checks of a call sign against the log: the whole call when it is left or committed, its beginning while it
 /// is typed. A call counts once in the whole contest, whatever the band.
 struct Duplicates {
-    EntryFields& fields;
-    MessageLine& message;
-    const ContactLog& log;
+    Panel& panel;
+    const Contest& contest;
     const OperatingTime& time;
-    const Preferences& preferences;
     Prompts& prompts;
-    Desk& desk;
 
     std::uint8_t gIsDupe = 0;     ///< 1 while a duplicate is being reported
     Tick gDupeAt = 0;             ///< when gIsDupe was set
@@ -40,11 +33,6 @@ struct Duplicates {
 
 private:
     void Report(std::int32_t row);
-    std::string PartialList(const std::string& begin) const;
 };
-
-/// Whether the second or third character of a call's first three is a digit (or a "/"): in all call areas one of them
-/// is.
-bool HasCallAreaDigit(std::string_view firstThree);
 
 }  // namespace tallyhut

@@ -16,7 +16,7 @@ void EntryFields::HideRowButtons() {
 }
 
 void EntryFields::ShowNextSerial() {
-    form.lblNumCurCon.SetCaption(" " + NumberForm(log.NextSerial()));
+    form.lblNumCurCon.SetCaption(" " + NumberForm(contest.log.NextSerial()));
 }
 
 }  // namespace tallyhut

@@ -65,25 +65,25 @@ void EntryFlow::EndCarry(TextBox& field, int key) {
 }
 
 void EntryFlow::RemindOfTimeOn() {
-    message.Write(kNotOnTime);
-    desk.dialogs.Beep();
+    panel.message.Write(kNotOnTime);
+    panel.desk.dialogs.Beep();
 }
 
 void EntryFlow::txtNum_KeyPress(int& KeyAscii) {
     if (CommitsOnEnter(KeyAscii)) {
         return;
     }
-    if (log.gContactCount > 0) {
-        fields.ShowNextSerial();
+    if (contest.log.gContactCount > 0) {
+        panel.fields.ShowNextSerial();
     }
-    message.WriteNormal(" ");
-    message.BlankPartials();
+    panel.message.WriteNormal(" ");
+    panel.message.BlankPartials();
     if (time.gTimeOn == 0) {
         RemindOfTimeOn();
     }
     if (KeyAscii > '9' && gCarryFrom == kNoCarry) {  // a letter is no serial number: it is the precedence
         StartCarry(kNumToPre, KeyAscii);
-        form1.txtPre.SetText("");
+        panel.form.txtPre.SetText("");
         txtPre_KeyPress(KeyAscii);
         KeyAscii = ' ';
     }
@@ -92,11 +92,11 @@ void EntryFlow::txtNum_KeyPress(int& KeyAscii) {
         KeyAscii = gCarryKey;
     }
     if (KeyAscii == ' ') {
-        form1.txtPre.SetFocus();
+        panel.form.txtPre.SetFocus();
     }
     number(KeyAscii);
     if (carried) {
-        EndCarry(form1.txtNum, KeyAscii);
+        EndCarry(panel.form.txtNum, KeyAscii);
     }
     if (duplicates.gIsDupe == 1) {
         duplicates.WaitDupeDelay();
@@ -107,19 +107,20 @@ void EntryFlow::txtPre_KeyPress(int& KeyAscii) {
     if (CommitsOnEnter(KeyAscii)) {
         return;
     }
-    const int mode = TabMode(preferences);
+    const int mode = TabMode(contest.preferences);
     if (KeyAscii == ' ' && gCarryFrom == kNoCarry) {
         KeyAscii = 0;
-        (mode == 2 ? form1.txtCK : form1.txtCall).SetFocus();
+        (mode == 2 ? panel.form.txtCK : panel.form.txtCall).SetFocus();
         return;
     }
-    if (form1.txtPre.Text().size() == 1 && KeyAscii >= '0') {  // the one letter is there: the key is for the next field
+    if (panel.form.txtPre.Text().size() == 1 &&
+        KeyAscii >= '0') {  // the one letter is there: the key is for the next field
         StartCarry(kPreToNext, KeyAscii);
         if (mode == 1) {
-            form1.txtCall.SetFocus();
+            panel.form.txtCall.SetFocus();
             txtCall_KeyPress(KeyAscii);
         } else {
-            form1.txtCK.SetFocus();
+            panel.form.txtCK.SetFocus();
             if (KeyAscii >= 'A') {  // no check begins with a letter, and the section is not next: the key is lost
                 StartCarry(kNoCarry, 0);
             } else {
@@ -140,17 +141,17 @@ void EntryFlow::txtPre_KeyPress(int& KeyAscii) {
         KeyAscii = 0;
     }
     if (carried) {
-        EndCarry(form1.txtPre, KeyAscii);
+        EndCarry(panel.form.txtPre, KeyAscii);
     }
 }
 
 /// A call ends in letters: a digit typed behind them begins the next field. Not so behind a "/" or before the first
 /// digit.
 bool EntryFlow::DigitBeginsNextField(int key) const {
-    const std::string& call = form1.txtCall.Text();
+    const std::string& call = panel.form.txtCall.Text();
     const bool plain = std::ranges::none_of(call, [](char c) { return static_cast<unsigned char>(c) < '0'; });
     const bool hasDigit = std::ranges::any_of(call, [](char c) { return IsDigit(c); });
-    const bool caretAtEnd = form1.txtCall.SelStart() == static_cast<int>(call.size());
+    const bool caretAtEnd = panel.form.txtCall.SelStart() == static_cast<int>(call.size());
     return call.size() >= 3 && hasDigit && !IsDigit(call.back()) && plain && IsDigit(key) && caretAtEnd;
 }
 
@@ -158,24 +159,24 @@ void EntryFlow::txtCall_KeyPress(int& KeyAscii) {
     if (CommitsOnEnter(KeyAscii)) {
         return;
     }
-    form1.lblDupe.SetFontSize(kPartialsFontSize * FontRatioOf(form1));
+    panel.form.lblDupe.SetFontSize(kPartialsFontSize * FontRatioOf(panel.form));
     if (KeyAscii == kDoubleQuote) {
         KeyAscii = 0;
     }
-    const int mode = TabMode(preferences);
+    const int mode = TabMode(contest.preferences);
     if (DigitBeginsNextField(KeyAscii)) {
         StartCarry(kCallToNext, KeyAscii);
         if (mode == 1) {
-            form1.txtCK.SetFocus();
+            panel.form.txtCK.SetFocus();
             txtCK_KeyPress(KeyAscii);
         } else {
-            form1.txtNum.SetFocus();
+            panel.form.txtNum.SetFocus();
             txtNum_KeyPress(KeyAscii);
         }
         KeyAscii = ' ';
     }
-    if (time.gTimeOn == 1 && form1.txtCall.Text().size() < 3) {
-        message.Write(" ");
+    if (time.gTimeOn == 1 && panel.form.txtCall.Text().size() < 3) {
+        panel.message.Write(" ");
     }
     if (time.gTimeOn == 0) {
         RemindOfTimeOn();
@@ -186,12 +187,12 @@ void EntryFlow::txtCall_KeyPress(int& KeyAscii) {
     }
     if (KeyAscii == ' ' && gCarryFrom != kCallToNext) {
         KeyAscii = 0;
-        (mode == 2 ? form1.txtNum : form1.txtCK).SetFocus();
+        (mode == 2 ? panel.form.txtNum : panel.form.txtCK).SetFocus();
     }
     Capital(KeyAscii);
     duplicates.ShowPartials(KeyAscii);
     if (carried) {
-        EndCarry(form1.txtCall, KeyAscii);
+        EndCarry(panel.form.txtCall, KeyAscii);
     }
     if (duplicates.gIsDupe == 1) {
         duplicates.WaitDupeDelay();
@@ -212,11 +213,11 @@ void EntryFlow::txtCK_KeyPress(int& KeyAscii) {
         KeyAscii = gCarryKey;
     }
     if (KeyAscii == ' ') {
-        form1.txtSec.SetFocus();
+        panel.form.txtSec.SetFocus();
     }
     number(KeyAscii);
     if (carried) {
-        EndCarry(form1.txtCK, KeyAscii);
+        EndCarry(panel.form.txtCK, KeyAscii);
     }
 }
 
@@ -233,21 +234,21 @@ void EntryFlow::txtSec_KeyPress(int& KeyAscii) {
     }
     if (KeyAscii == ' ') {
         KeyAscii = 0;
-        if (TabMode(preferences) == 3) {
-            fields.gPassedCallTwice = false;
-            form1.txtCall.SetFocus();
+        if (TabMode(contest.preferences) == 3) {
+            panel.fields.gPassedCallTwice = false;
+            panel.form.txtCall.SetFocus();
         } else {
-            desk.SendKeys(KeyForCharacter(kKeyTab));
+            panel.desk.SendKeys(KeyForCharacter(kKeyTab));
         }
     }
     Capital(KeyAscii);
     if (carried) {
-        EndCarry(form1.txtSec, KeyAscii);
+        EndCarry(panel.form.txtSec, KeyAscii);
     }
 }
 
 void EntryFlow::Prompt(std::string_view prompt, int leastLevel) {
-    if (preferences.gVoiceNav >= leastLevel) {
+    if (contest.preferences.gVoiceNav >= leastLevel) {
         prompts.BlindKeyPhone(prompt);
     }
 }
@@ -255,11 +256,11 @@ void EntryFlow::Prompt(std::string_view prompt, int leastLevel) {
 void EntryFlow::txtNum_GotFocus() {
     if (!numHasHadFocus) {
         numHasHadFocus = true;
-        if (TabMode(preferences) == 3) {
-            form1.txtCall.SetFocus();
+        if (TabMode(contest.preferences) == 3) {
+            panel.form.txtCall.SetFocus();
         }
     }
-    fields.HideRowButtons();
+    panel.fields.HideRowButtons();
     Prompt("Number", 2);
 }
 
@@ -268,15 +269,16 @@ void EntryFlow::txtPre_GotFocus() {
 }
 
 void EntryFlow::txtCall_GotFocus() {
-    fields.HideRowButtons();
+    panel.fields.HideRowButtons();
     Prompt("Call", 1);
 }
 
 void EntryFlow::txtCK_GotFocus() {
-    const bool looksTwice = TabMode(preferences) == 3 && !fields.gPassedCallTwice && duplicates.gIsDupe == 0;
-    if (looksTwice && form1.txtCK.HasFocus()) {
-        fields.gPassedCallTwice = true;
-        form1.txtNum.SetFocus();
+    const bool looksTwice =
+        TabMode(contest.preferences) == 3 && !panel.fields.gPassedCallTwice && duplicates.gIsDupe == 0;
+    if (looksTwice && panel.form.txtCK.HasFocus()) {
+        panel.fields.gPassedCallTwice = true;
+        panel.form.txtNum.SetFocus();
     }
     Prompt("Check", 2);
 }
@@ -287,52 +289,53 @@ void EntryFlow::txtSec_GotFocus() {
 
 void EntryFlow::txtCall_LostFocus() {
     for (const Greeting& greeting : kGreetings) {
-        if (form1.txtCall.Text() == greeting.call) {
-            message.WriteOn(kGreetingGround, greeting.text);
-            desk.dialogs.Beep();
+        if (panel.form.txtCall.Text() == greeting.call) {
+            panel.message.WriteOn(kGreetingGround, greeting.text);
+            panel.desk.dialogs.Beep();
         }
     }
-    if (!form1.txtCall.Text().empty()) {
+    if (!panel.form.txtCall.Text().empty()) {
         duplicates.dupcheck();
     }
 }
 
 std::optional<Tick> EntryFlow::txtPre_HoldsKey(const Key& key) const {
-    const bool goesToCall = TabMode(preferences) == 1 && form1.txtPre.Text().size() == 1 && key.character >= '0';
+    const bool goesToCall =
+        TabMode(contest.preferences) == 1 && panel.form.txtPre.Text().size() == 1 && key.character >= '0';
     return goesToCall ? duplicates.HoldsKey(key) : std::nullopt;
 }
 
 void EntryFlow::cmdClear_Click() {
-    fields.gPassedCallTwice = false;
-    fields.Empty();
-    message.BlankPartials();
-    message.WriteNormal(" ");
-    fields.First().SetFocus();
+    panel.fields.gPassedCallTwice = false;
+    panel.fields.Empty();
+    panel.message.BlankPartials();
+    panel.message.WriteNormal(" ");
+    panel.fields.First().SetFocus();
 }
 
 void EntryFlow::SetTabPositions() {
-    Form1& f = form1;
+    Form1& f = panel.form;
     const std::array exchangeOrder{&f.txtNum, &f.txtPre, &f.txtCall, &f.txtCK, &f.txtSec};
     const std::array callFirst{&f.txtCall, &f.txtNum, &f.txtPre, &f.txtCK, &f.txtSec};
     int position = 0;
-    for (TextBox* field : TabMode(preferences) == 2 ? callFirst : exchangeOrder) {
+    for (TextBox* field : TabMode(contest.preferences) == 2 ? callFirst : exchangeOrder) {
         field->SetTabIndex(++position);
     }
 }
 
 void EntryFlow::CheckTabModeEntry() {
-    form1.numopt.SetChecked(TabMode(preferences) == 1);
-    form1.callopt.SetChecked(TabMode(preferences) == 2);
-    form1.mnuCallTwice.SetChecked(TabMode(preferences) == 3);
+    panel.form.numopt.SetChecked(TabMode(contest.preferences) == 1);
+    panel.form.callopt.SetChecked(TabMode(contest.preferences) == 2);
+    panel.form.mnuCallTwice.SetChecked(TabMode(contest.preferences) == 3);
 }
 
 void EntryFlow::ChooseTabMode(int mode) {
-    preferences.gTabMode = static_cast<std::uint8_t>(mode);
+    contest.preferences.gTabMode = static_cast<std::uint8_t>(mode);
     SetTabPositions();
     if (mode == 3) {
-        fields.gPassedCallTwice = false;
+        panel.fields.gPassedCallTwice = false;
     }
-    fields.First().SetFocus();
+    panel.fields.First().SetFocus();
     preferencesFile.SavePref();
     CheckTabModeEntry();
 }

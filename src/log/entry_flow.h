@@ -16,13 +16,9 @@ enum Carry { kNoCarry = 0, kNumToPre = 1, kPreToNext = 2, kCkToSec = 3, kCallToN
 /// How keystrokes find their fields: each field takes what belongs to it and hands the rest to the field that it is
 /// for, so that the operator types what is heard and nothing else. Enter in any field commits.
 struct EntryFlow {
-    Form1& form1;
-    Desk& desk;
-    ContactLog& log;
-    Preferences& preferences;
+    Panel& panel;
+    Contest& contest;
     PreferencesFile& preferencesFile;
-    EntryFields& fields;
-    MessageLine& message;
     OperatingTime& time;
     Duplicates& duplicates;
     Commit& commit;

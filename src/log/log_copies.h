@@ -1,43 +1,31 @@
 #pragma once
 
-#include "log/log_reload.h"
-#include "log/operating_time.h"
-#include "log/preferences_file.h"
+#include <string>
+
+#include "contest/contest.h"
+#include "log/log_file.h"
+#include "platform/clock.h"
 
 namespace tallyhut {
 
-/// Whole copies of the log in the folder BACKUP of the program's own folder, and the new log. A copy is a plain file;
-/// whatever replaces the log runs the reload.
+/// Whole copies of the log in the folder BACKUP of the program's own folder. A copy is a plain file.
 struct LogCopies {
-    Desk& desk;
-    Files& files;
-    const Directories& directories;
-    ContactLog& log;
-    LogFile& file;
-    const Preferences& preferences;
-    PreferencesFile& preferencesFile;
-    OperatingTime& time;
-    RateLabels& rates;
-    LogReload& reload;
+    const Clock& clock;
+    const Contest& contest;
+    const LogFile& file;
 
-    std::string BackupFolder() const { return directories.DataDirectory + "/BACKUP"; }
+    std::string BackupFolder() const { return file.directories.DataDirectory + "/BACKUP"; }
+    /// What an archive of the present log is called if the operator does not say otherwise, with its path.
+    std::string ArchiveName() const;
 
     /// Copies the log if this run has changed the number of contacts. A failure is silent.
     void Backup();
-    /// Asks, empties log and time records if the operator types YES, and reloads in every case. Throws LogWriteError
-    /// when the log cannot be emptied, PlatformError for the other files.
-    void StartNewLog();
-
-    void mnuNew_Click();
-    void mnuArchive_Click();
-    void mnuRestore_Click();
+    /// Copies a log that is about to be replaced, unless a copy of this minute holds the same. Throws PlatformError.
+    void KeepPresentLog();
 
 private:
-    void EmptyLog();
     void MakeBackupFolder();
     std::string BackupStem() const;
-    std::string ArchiveName() const;
-    void KeepPresentLog();
 };
 
 }  // namespace tallyhut

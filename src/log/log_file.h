@@ -2,7 +2,7 @@
 
 #include <stdexcept>
 
-#include "log/contact_log.h"
+#include "contest/contact_log.h"
 #include "platform/files.h"
 #include "support/directories.h"
 

@@ -1,7 +1,6 @@
 #include "log/log_reload.h"
 
 #include "platform/platform_error.h"
-#include "values/number.h"
 #include "values/value_error.h"
 
 namespace tallyhut {
@@ -28,10 +27,10 @@ void LogReload::mnuopen2() {
     try {
         Clear();
         ReadAll();
-        ShowCounts();
-        rates.TimeStats();
-        if (log.gSavedCount == 0) {
-            log.gSavedCount = static_cast<float>(log.gContactCount);
+        display.ShowCounts();
+        display.rates.TimeStats();
+        if (contest.log.gSavedCount == 0) {
+            contest.log.gSavedCount = static_cast<float>(contest.log.gContactCount);
         }
     } catch (const PlatformError&) {
         giveUp();
@@ -43,43 +42,27 @@ void LogReload::mnuopen2() {
 }
 
 void LogReload::Clear() {
-    log.gContactCount = 0;
-    sections.Clear();
-    for (int i = 1; i <= sections.gSectionCount; ++i) {
-        ShowNeeded(form.Label10(i), preferences.gColorNeeded);
-    }
+    contest.log.gContactCount = 0;
+    contest.sections.Clear();
+    display.grid.ShowAllNeeded();
 }
 
 void LogReload::ReadAll() {
     const std::string text = file.Read();
     FieldReader fieldReader{text};
     while (!fieldReader.AtEnd()) {
-        ++log.gContactCount;
-        Contact& contact = log.Row(log.gContactCount);
+        ++contest.log.gContactCount;
+        Contact& contact = contest.log.Row(contest.log.gContactCount);
         contact = ReadRecord(fieldReader);
         CountSection(contact);
     }
 }
 
 void LogReload::CountSection(const Contact& contact) {
-    const int section = sections.Find(contact.Sec);
-    if (section != 0 && sections.Count(section)) {
-        ShowWorked(form.Label10(section), preferences.gColorWorked);
+    const int section = contest.sections.Find(contact.Sec);
+    if (section != 0 && contest.sections.Count(section)) {
+        display.grid.ShowWorked(section);
     }
-}
-
-void LogReload::ShowCounts() {
-    ShowTotals();
-    form.lblNumCurCon.SetCaption(log.gContactCount == 0 ? "1" : NumberForm(log.NextSerial()));
-    form.lblsectogo.SetCaption(" " + NumberForm(sections.gSectionCount - sections.gSectionsWorked));
-}
-
-/// The number form behind a further blank: two blanks stand before a number until the next commit writes none.
-void LogReload::ShowTotals() {
-    form.lblTotSec.SetCaption(" " + NumberForm(sections.gSectionsWorked));
-    form.lblTotScore.SetCaption(" " + NumberForm(Score(sections.gSectionsWorked, log.gContactCount)));
-    list.ListContacts();
-    form.lblTotCon.SetCaption(" " + NumberForm(log.gContactCount));
 }
 
 }  // namespace tallyhut

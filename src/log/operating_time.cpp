@@ -2,16 +2,13 @@
 
 #include <cmath>
 
-#include "log/utc.h"
 #include "values/format.h"
 #include "values/number.h"
-#include "values/text_file.h"
 #include "values/value_error.h"
 
 namespace tallyhut {
 namespace {
 
-constexpr const char* kFileName = "nsonoff.txt";
 constexpr std::string_view kTimeOnCaption = "&Log \"Time On\"";
 constexpr std::string_view kTimeOffCaption = "&Log \"Time Off\"";
 constexpr std::int64_t kLeastTimeOff = 1'800;  // seconds that count as time off the air
@@ -32,18 +29,11 @@ std::string DurationText(double seconds) {
 
 /// The record takes the offset in hours, where everything else takes it in minutes: a fraction is rounded here.
 DateTime OperatingTime::RecordedNow() const {
-    return AddHours(desk.clock.Now(), static_cast<double>(preferences.gUtcOffset));
+    return AddHours(panel.desk.clock.Now(), static_cast<double>(contest.preferences.gUtcOffset));
 }
 
 void OperatingTime::Record(std::uint8_t on, const DateTime& at, bool withTotal) {
-    RecordWriter record;
-    record.Number(on).Text(FormatDateTime(at, "ddddd", shortDate)).Text(FormatDateTime(at, "hh:mm:ss"));
-    if (withTotal) {
-        record.Text(form.lblttrack.Caption());
-    } else {
-        record.Empty();
-    }
-    files.Append(WorkingFile(directories, kFileName), record.EndLine().Result());
+    records.Append(on, at, withTotal ? &panel.form.lblttrack.Caption() : nullptr);
 }
 
 void OperatingTime::cmdLogOn_Click() {
@@ -52,39 +42,40 @@ void OperatingTime::cmdLogOn_Click() {
     } else {
         TimeOff();
     }
-    fields.First().SetFocus();
+    panel.fields.First().SetFocus();
 }
 
 void OperatingTime::TimeOn() {
-    gLogOnAt = desk.clock.Now();
+    gLogOnAt = panel.desk.clock.Now();
     gBandOnAt = gLogOnAt;
     gTimeOn = 1;
-    form.cmdLogOn.SetCaption(kTimeOffCaption);
-    message.Write(" ");
+    panel.form.cmdLogOn.SetCaption(kTimeOffCaption);
+    panel.message.Write(" ");
     Record(1, RecordedNow(), true);
 }
 
 void OperatingTime::TimeOff() {
     gTimeOn = 0;
-    form.cmdLogOn.SetCaption(kTimeOnCaption);
-    preferences.gOpSeconds = gOpSecondsNow;
+    panel.form.cmdLogOn.SetCaption(kTimeOnCaption);
+    contest.preferences.gOpSeconds = gOpSecondsNow;
     const DateTime at = RecordedNow();
     Record(0, at, true);
-    message.Write("Logged Off at " + FormatDateTime(at, "ddddd", shortDate) + " " + FormatDateTime(at, "hh:mm:ss") +
-                  " Log On after " + FormatDateTime(AddSeconds(at, kLeastTimeOff), "hh:mm:ss"));
+    panel.message.Write("Logged Off at " + FormatDateTime(at, "ddddd", records.shortDate) + " " +
+                        FormatDateTime(at, "hh:mm:ss") + " Log On after " +
+                        FormatDateTime(AddSeconds(at, kLeastTimeOff), "hh:mm:ss"));
     preferencesFile.SavePref();
 }
 
 void OperatingTime::Timer2_Elapsed() try {
-    const DateTime now = desk.clock.Now();
+    const DateTime now = panel.desk.clock.Now();
     const std::string time = FormatDateTime(now, "h:nn:ss AMPM");
-    form.lblCurTime.SetCaption(time.substr(0, time.size() - 3));
-    form.Label16.SetCaption(FormatDateTime(now, "AMPM"));
-    form.lblutctime.SetCaption(FormatDateTime(UtcNow(desk.clock, preferences), "hh:nn:ss"));
+    panel.form.lblCurTime.SetCaption(time.substr(0, time.size() - 3));
+    panel.form.Label16.SetCaption(FormatDateTime(now, "AMPM"));
+    panel.form.lblutctime.SetCaption(FormatDateTime(UtcOf(now, contest.preferences), "hh:nn:ss"));
     if (gTimeOn == 1) {
-        gOpSecondsNow = std::abs(preferences.gOpSeconds + static_cast<float>(SecondsBetween(gLogOnAt, now)));
-        form.lblttrack.SetCaption(DurationText(static_cast<double>(gOpSecondsNow)));
-        form.lbltimeon.SetCaption(DurationText(std::abs(static_cast<double>(SecondsBetween(gBandOnAt, now)))));
+        gOpSecondsNow = std::abs(contest.preferences.gOpSeconds + static_cast<float>(SecondsBetween(gLogOnAt, now)));
+        panel.form.lblttrack.SetCaption(DurationText(static_cast<double>(gOpSecondsNow)));
+        panel.form.lbltimeon.SetCaption(DurationText(std::abs(static_cast<double>(SecondsBetween(gBandOnAt, now)))));
     }
 } catch (const ValueError&) {
     // A clock beyond all years: the next tick may be better.
@@ -94,7 +85,7 @@ void OperatingTime::CloseAtExit(bool withTotal) {
     if (gTimeOn == 0) {
         return;
     }
-    preferences.gOpSeconds = gOpSecondsNow;
+    contest.preferences.gOpSeconds = gOpSecondsNow;
     preferencesFile.SavePref();
     gTimeOn = 0;
     Record(0, RecordedNow(), withTotal);
@@ -102,7 +93,7 @@ void OperatingTime::CloseAtExit(bool withTotal) {
 
 void OperatingTime::Reset() {
     gOpSecondsNow = 0;
-    preferences.gOpSeconds = 0;
+    contest.preferences.gOpSeconds = 0;
 }
 
 }  // namespace tallyhut

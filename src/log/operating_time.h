@@ -2,11 +2,9 @@
 
 #include <cstdint>
 
-#include "log/entry_fields.h"
-#include "log/message_line.h"
+#include "log/panel.h"
 #include "log/preferences_file.h"
-#include "toolkit/desk.h"
-#include "values/format.h"
+#include "log/time_records.h"
 
 namespace tallyhut {
 
@@ -15,15 +13,10 @@ namespace tallyhut {
 /// The total is always worked out from the moment of the last click, never counted up by ticks: a late tick loses
 /// nothing.
 struct OperatingTime {
-    Form1& form;
-    Desk& desk;
-    Files& files;
-    const Directories& directories;
-    Preferences& preferences;
+    Panel& panel;
+    Contest& contest;
     PreferencesFile& preferencesFile;
-    EntryFields& fields;
-    MessageLine& message;
-    std::string_view shortDate = kShortDate;  ///< the machine's picture of a date
+    TimeRecords& records;
 
     std::uint8_t gTimeOn = 0;  ///< 1 while the clock runs
     float gOpSecondsNow = 0;   ///< as gOpSeconds, and what has passed since the last Time On

@@ -6,23 +6,23 @@
 namespace tallyhut {
 
 void PostContest::mnuPostContest_Click() {
-    const bool on = !form.mnuPostContest.Checked();
-    form.mnuPostContest.SetChecked(on);
-    form.lblPostConTime.SetVisible(on);
-    form.txtPostConTime.SetVisible(on);
-    form.lblPostConDate.SetVisible(on);
-    form.txtPostConDate.SetVisible(on);
+    const bool on = !panel.form.mnuPostContest.Checked();
+    panel.form.mnuPostContest.SetChecked(on);
+    panel.form.lblPostConTime.SetVisible(on);
+    panel.form.txtPostConTime.SetVisible(on);
+    panel.form.lblPostConDate.SetVisible(on);
+    panel.form.txtPostConDate.SetVisible(on);
 }
 
 void PostContest::txtPostConTime_GotFocus() {
-    form.txtPostConTime.Select(0, static_cast<int>(form.txtPostConTime.Text().size()));
+    panel.form.txtPostConTime.Select(0, static_cast<int>(panel.form.txtPostConTime.Text().size()));
 }
 
 /// The date is the operator's and not UTC's: a guess to be looked at.
 void PostContest::txtPostConDate_GotFocus() {
-    if (form.txtPostConDate.Text().empty()) {
-        form.txtPostConDate.SetText(FormatDateTime(desk.clock.Now(), "YYYY/MM/DD"));
-        form.txtPostConDate.Select(0, static_cast<int>(form.txtPostConDate.Text().size()));
+    if (panel.form.txtPostConDate.Text().empty()) {
+        panel.form.txtPostConDate.SetText(FormatDateTime(panel.desk.clock.Now(), "YYYY/MM/DD"));
+        panel.form.txtPostConDate.Select(0, static_cast<int>(panel.form.txtPostConDate.Text().size()));
     }
 }
 
@@ -32,7 +32,7 @@ bool PostContest::KeyPress(int& KeyAscii, int lowest, int highest) {
         KeyAscii = 0;
     }
     if (key == ' ') {
-        desk.SendKeys(KeyForCharacter(kKeyTab));
+        panel.desk.SendKeys(KeyForCharacter(kKeyTab));
     }
     return key == kKeyEnter;
 }
@@ -46,15 +46,15 @@ bool PostContest::txtPostConDate_KeyPress(int& KeyAscii) {
 }
 
 bool PostContest::Refuse(std::string_view text) {
-    message.Write(text);
-    desk.dialogs.Beep();
+    panel.message.Write(text);
+    panel.desk.dialogs.Beep();
     return false;
 }
 
 bool PostContest::CheckDateAndTime() {
-    TextBox& date = form.txtPostConDate;
-    TextBox& time = form.txtPostConTime;
-    const int year = desk.clock.Now().year;
+    TextBox& date = panel.form.txtPostConDate;
+    TextBox& time = panel.form.txtPostConTime;
+    const int year = panel.desk.clock.Now().year;
     if (!ParseDate(date.Text(), year)) {
         return Refuse("Invalid date format!");
     }

@@ -1,18 +1,15 @@
 #pragma once
 
-#include "log/message_line.h"
-#include "toolkit/desk.h"
+#include "log/panel.h"
 
 namespace tallyhut {
 
 /// Contacts logged on paper are entered with their own date and time. That the two fields are shown is the mode's only
 /// state.
 struct PostContest {
-    Form1& form;
-    Desk& desk;
-    MessageLine& message;
+    Panel& panel;
 
-    bool IsOn() const { return form.txtPostConTime.IsShown(); }
+    bool IsOn() const { return panel.form.txtPostConTime.IsShown(); }
 
     void mnuPostContest_Click();
     void txtPostConTime_GotFocus();

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "log/preferences.h"
+#include "contest/preferences.h"
 #include "platform/files.h"
 #include "support/directories.h"
 

@@ -39,10 +39,10 @@ void StartQuestion::PromptLogStart() {
         if (goesOn) {
             reload.mnuopen2();
         } else {
-            copies.StartNewLog();
+            fileMenu.StartNewLog();
         }
     });
-    if (TabMode(preferences) == 2) {
+    if (TabMode(contest.preferences) == 2) {
         entry.SetTabPositions();
     }
 }

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "log/entry_flow.h"
-#include "log/log_copies.h"
+#include "log/file_menu.h"
 #include "log/station.h"
 
 namespace tallyhut {
@@ -10,10 +10,10 @@ namespace tallyhut {
 struct StartQuestion {
     Desk& desk;
     Station& station;
-    LogCopies& copies;
+    FileMenu& fileMenu;
     LogReload& reload;
     EntryFlow& entry;
-    const Preferences& preferences;
+    const Contest& contest;
 
     /// A failure is told in a box, and the next step follows. A log that cannot be written is fatal here as everywhere.
     void PromptLogStart();

@@ -4,6 +4,7 @@
 
 namespace tallyhut {
 
+// NOLINTNEXTLINE(readability-convert-member-functions-to-static): it is the pump's program that ends
 void EventPump::EndProgram(int status) {
     throw ProgramEnd{.status = status};
 }

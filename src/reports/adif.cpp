@@ -2,8 +2,8 @@
 
 #include <algorithm>
 
+#include "contest/section_table.h"
 #include "reports/column_writer.h"
-#include "reports/section_place.h"
 #include "values/date_time.h"
 #include "values/format.h"
 #include "values/text.h"

@@ -3,7 +3,7 @@
 #include <string>
 #include <string_view>
 
-#include "log/contact_log.h"
+#include "contest/contact_log.h"
 
 namespace tallyhut {
 

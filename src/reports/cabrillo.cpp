@@ -1,31 +1,17 @@
 #include "reports/cabrillo.h"
 
-#include <array>
-
+#include "contest/bands.h"
+#include "contest/score.h"
 #include "reports/report_text.h"
 #include "values/format.h"
 
 namespace tallyhut {
 namespace {
 
-struct BandEdge {
-    std::string_view band;
-    std::string_view kilohertz;  ///< the lower edge, 5 wide
-};
-
 /// The sponsor's robot wants the band and not the frequency, so the contact's own frequency plays no part.
-constexpr std::array kBandEdges{
-    BandEdge{"160", " 1800"}, BandEdge{"80", " 3500"}, BandEdge{"40", " 7000"},
-    BandEdge{"20", "14000"},  BandEdge{"15", "21000"}, BandEdge{"10", "28000"},
-};
-
-std::string_view FrequencyField(std::string_view band) {
-    for (const BandEdge& edge : kBandEdges) {
-        if (edge.band == band) {
-            return edge.kilohertz;
-        }
-    }
-    return "";
+std::string_view FrequencyField(std::string_view name) {
+    const Band* band = FindBand(name);
+    return band == nullptr ? "" : band->kilohertz;
 }
 
 std::string_view ModeWord(const Preferences& station) {
@@ -89,10 +75,6 @@ void WriteContact(const Contact& contact, const Preferences& station, int presen
 }
 
 }  // namespace
-
-std::int32_t ClaimedScore(std::int32_t contacts, int sectionsWorked) {
-    return ToInt32(static_cast<double>(contacts) * sectionsWorked * 2);
-}
 
 void WriteCabrillo(const CabrilloEntry& entry, const Preferences& station, const ContactLog& log, int sectionsWorked,
                    int presentYear, ColumnWriter& lines) {

@@ -3,8 +3,8 @@
 #include <string>
 #include <string_view>
 
-#include "log/contact_log.h"
-#include "log/preferences.h"
+#include "contest/contact_log.h"
+#include "contest/preferences.h"
 #include "reports/column_writer.h"
 
 namespace tallyhut {
@@ -32,8 +32,5 @@ struct CabrilloEntry {
 /// Throws ValueError when the claimed score is beyond 32 bits.
 void WriteCabrillo(const CabrilloEntry& entry, const Preferences& station, const ContactLog& log, int sectionsWorked,
                    int presentYear, ColumnWriter& lines);
-
-/// Contacts times sections times 2; throws ValueError beyond 32 bits.
-std::int32_t ClaimedScore(std::int32_t contacts, int sectionsWorked);
 
 }  // namespace tallyhut

@@ -2,7 +2,8 @@
 
 #include <algorithm>
 
-#include "log/section_table.h"
+#include "contest/score.h"
+#include "contest/section_table.h"
 #include "reports/column_writer.h"
 #include "reports/report_text.h"
 

@@ -3,8 +3,8 @@
 #include <string>
 #include <vector>
 
-#include "log/contact_log.h"
-#include "log/preferences.h"
+#include "contest/contact_log.h"
+#include "contest/preferences.h"
 #include "reports/printed_pages.h"
 
 namespace tallyhut {

@@ -105,9 +105,9 @@ void EntryForm::Open() {
 
 void EntryForm::Form2_Load() {
     for (const KeptAnswer& answer : kKeptAnswers) {
-        (dialog.*answer.box).SetText(settings.Get(kSettings, answer.setting));
+        (dialog.*answer.box).SetText(machine.settings.Get(kSettings, answer.setting));
     }
-    dialog.Frame1.SetCaption(preferences.gOwnCall + "'s License Class:");
+    dialog.Frame1.SetCaption(contest.preferences.gOwnCall + "'s License Class:");
 }
 
 void EntryForm::Text2_KeyPress(int& KeyAscii) {
@@ -130,8 +130,8 @@ CabrilloEntry EntryForm::Entry() const {
 }
 
 void EntryForm::Command4_Click() {
-    const FileRequest request =
-        SaveRequest(directories, "LOG Files (*.log) | *.log", CallToFileStem(Trim(preferences.gOwnCall)) + ".log");
+    const FileRequest request = SaveRequest(directories, "LOG Files (*.log) | *.log",
+                                            CallToFileStem(Trim(contest.preferences.gOwnCall)) + ".log");
     try {
         const std::optional<std::string> path = desk.dialogs.SaveFile(request);
         if (!path) {
@@ -153,17 +153,18 @@ void EntryForm::Command4_Click() {
 void EntryForm::WriteCabrilloFile(const std::string& path) {
     ColumnWriter lines;
     try {
-        WriteCabrillo(Entry(), preferences, log, sections.gSectionsWorked, desk.clock.Now().year, lines);
+        WriteCabrillo(Entry(), contest.preferences, contest.log, contest.sections.gSectionsWorked,
+                      desk.clock.Now().year, lines);
     } catch (const ValueError&) {
-        WriteReportFile(files, directories, path, FileText(lines.Lines()));
+        WriteReportFile(machine.files, directories, path, FileText(lines.Lines()));
         throw;
     }
-    WriteReportFile(files, directories, path, FileText(lines.Lines()));
+    WriteReportFile(machine.files, directories, path, FileText(lines.Lines()));
 }
 
 void EntryForm::KeepAnswers() {
     for (const KeptAnswer& answer : kKeptAnswers) {
-        settings.Set(kSettings, answer.setting, Trim((dialog.*answer.box).Text()));
+        machine.settings.Set(kSettings, answer.setting, Trim((dialog.*answer.box).Text()));
     }
     for (const KeptAnswer& answer : kKeptAnswers) {
         const bool saveNow = &answer == &kKeptAnswers.back();
@@ -195,15 +196,17 @@ SummaryAnswers EntryForm::Answers() const {
 
 void EntryForm::Command1_Click() {
     WarnOfOldFormat();
-    const auto lines = SummarySheet(Answers(), preferences, sections, log.gContactCount, kFileLiterals);
-    WriteReportFile(files, directories, WorkingFile(directories, "ASCIISum.txt"), FileText(lines));
+    const auto lines =
+        SummarySheet(Answers(), contest.preferences, contest.sections, contest.log.gContactCount, kFileLiterals);
+    WriteReportFile(machine.files, directories, WorkingFile(directories, "ASCIISum.txt"), FileText(lines));
     Command3_Click();
 }
 
 void EntryForm::Command2_Click() {
     WarnOfOldFormat();
-    const auto lines = SummarySheet(Answers(), preferences, sections, log.gContactCount, kPrintLiterals);
-    PrintPages(printer, dialog.Caption(), {lines}, kSummaryHeadPoints);
+    const auto lines =
+        SummarySheet(Answers(), contest.preferences, contest.sections, contest.log.gContactCount, kPrintLiterals);
+    PrintPages(machine.printer, dialog.Caption(), {lines}, kSummaryHeadPoints);
 }
 
 void EntryForm::Command3_Click() {

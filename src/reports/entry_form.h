@@ -1,13 +1,9 @@
 #pragma once
 
+#include "contest/contest.h"
 #include "forms/Form1.h"
 #include "forms/Form2.h"
-#include "log/contact_log.h"
-#include "log/preferences.h"
-#include "log/section_table.h"
-#include "platform/files.h"
-#include "platform/printer.h"
-#include "platform/settings_store.h"
+#include "platform/machine.h"
 #include "reports/cabrillo.h"
 #include "reports/summary_sheet.h"
 #include "support/directories.h"
@@ -23,13 +19,9 @@ struct EntryForm {
     Form2& dialog;
     Desk& desk;
     const Directories& directories;
-    const Preferences& preferences;
-    const ContactLog& log;
-    Files& files;
-    const SectionTable& sections;
-    SettingsStore& settings;
+    const Contest& contest;
     SharedPreferences& shared;
-    Printer& printer;
+    Machine& machine;
 
     /// Of mnuCabrillo and mnuSummary; returns when the form has been closed.
     void Open();

@@ -51,8 +51,8 @@ void LogExports::expADIF_Click() {
                                  .exportedAt = FormatDateTime(now, "ddddd h:nn:ss AMPM", shortDate),
                                  .power = power,
                                  .comment = comment,
-                                 .phone = preferences.gContestMode != 0};
-        WriteReportFile(files, directories, *path, AdifText(details, log, now.year));
+                                 .phone = contest.preferences.gContestMode != 0};
+        WriteReportFile(files, directories, *path, AdifText(details, contest.log, now.year));
         desk.dialogs.Show(WrittenBox(*path));
     } catch (const PlatformError& failure) {
         desk.dialogs.Show(NotWrittenBox(failure.what()));
@@ -60,8 +60,8 @@ void LogExports::expADIF_Click() {
 }
 
 void LogExports::mnuExport_Click() {
-    const bool phone = preferences.gContestMode == 1;
-    WriteReportFile(files, directories, WorkingFile(directories, "LogExp.txt"), StationbookText(log, phone));
+    const bool phone = contest.preferences.gContestMode == 1;
+    WriteReportFile(files, directories, WorkingFile(directories, "LogExp.txt"), StationbookText(contest.log, phone));
     desk.dialogs.Beep();
     desk.dialogs.Show(ExportedBox(directories.WorkingDirectory));
 }

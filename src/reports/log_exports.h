@@ -1,8 +1,7 @@
 #pragma once
 
+#include "contest/contest.h"
 #include "forms/Form1.h"
-#include "log/contact_log.h"
-#include "log/preferences.h"
 #include "platform/files.h"
 #include "support/directories.h"
 #include "toolkit/desk.h"
@@ -15,10 +14,9 @@ struct LogExports {
     Form1& form;
     Desk& desk;
     const Directories& directories;
-    const Preferences& preferences;
-    const ContactLog& log;
+    const Contest& contest;
     Files& files;
-    std::string_view shortDate = kShortDate;  ///< the machine's picture of a date
+    std::string shortDate{kShortDate};  ///< the machine's picture of a date
 
     /// The whole log as ADIF, in a file that the operator chooses.
     void expADIF_Click();

@@ -3,7 +3,8 @@
 #include <array>
 #include <optional>
 
-#include "log/contact_log.h"
+#include "contest/contact_log.h"
+#include "contest/score.h"
 #include "reports/column_writer.h"
 #include "reports/report_text.h"
 

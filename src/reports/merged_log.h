@@ -6,9 +6,9 @@
 #include <variant>
 #include <vector>
 
-#include "log/contact_record.h"
-#include "log/preferences.h"
-#include "log/section_table.h"
+#include "contest/contact_record.h"
+#include "contest/preferences.h"
+#include "contest/section_table.h"
 #include "reports/printed_pages.h"
 
 namespace tallyhut {

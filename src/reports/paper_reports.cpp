@@ -10,7 +10,7 @@
 namespace tallyhut {
 namespace {
 
-/// The grid's colours after a report of the log: the program's own and not the operator's, until the next reload.
+/// The grid's colours after a report of the log: the program's own and not the operator's, until the next display.
 constexpr Colour kReportNeeded = 128;
 constexpr Colour kReportWorked = 0xFF0000;
 
@@ -29,45 +29,49 @@ const MessageBox kOldFormatBox{
 }  // namespace
 
 void PaperReports::Run(const std::function<void()>& report) {
-    desk.dialogs.Beep();
-    desk.dialogs.Show(kOldFormatBox);
+    panel.desk.dialogs.Beep();
+    panel.desk.dialogs.Show(kOldFormatBox);
     try {
         report();
     } catch (const PlatformError&) {  // a report that cannot be had is told by its absence
     } catch (const ValueError&) {
     } catch (const LogFullError&) {
     }
-    message.Write(" ");
+    panel.message.Write(" ");
 }
 
 std::vector<std::string> PaperReports::SortedCalls() {
-    message.Write("Sorting");
-    std::vector<std::string> calls = CallsByArea(log);
-    message.Write("Writing File");
+    panel.message.Write("Sorting");
+    std::vector<std::string> calls = CallsByArea(contest.log);
+    panel.message.Write("Writing File");
     return calls;
 }
 
 void PaperReports::WriteDupeFile() {
     Run([this] {
-        const std::vector<std::string> lines = DupeFile(SortedCalls(), sections.gSectionsWorked);
-        WriteReportFile(logFile.files, directories, WorkingFile(directories, "ASCIIDup.txt"), FileText(lines));
+        const std::vector<std::string> lines = DupeFile(SortedCalls(), contest.sections.gSectionsWorked);
+        WriteReportFile(logFile.files, logFile.directories, WorkingFile(logFile.directories, "ASCIIDup.txt"),
+                        FileText(lines));
     });
 }
 
 void PaperReports::PrintDupeSheet() {
-    Run([this] { PrintPages(printer, "Dupe Sheet", DupePages(SortedCalls(), sections.gSectionsWorked, preferences)); });
+    Run([this] {
+        PrintPages(printer, "Dupe Sheet",
+                   DupePages(SortedCalls(), contest.sections.gSectionsWorked, contest.preferences));
+    });
 }
 
 MergedLog PaperReports::Merged() const {
-    const std::string times = logFile.files.Read(WorkingFile(directories, "nsonoff.txt"));
-    return MergeLog(logFile.Read(), times, sections.gSectionCount);
+    const std::string times = records.Read();
+    return MergeLog(logFile.Read(), times, contest.sections.gSectionCount);
 }
 
 void PaperReports::WriteLogFile() {
     Run([this] {
-        message.Write("Writing ASCII Log File.");
+        panel.message.Write("Writing ASCII Log File.");
         const MergedLog merged = Merged();
-        WriteReportFile(logFile.files, directories, WorkingFile(directories, "ASCIILog.txt"),
+        WriteReportFile(logFile.files, logFile.directories, WorkingFile(logFile.directories, "ASCIILog.txt"),
                         FileText(LogReportFile(merged)));
         TakeOver(merged);
     });
@@ -75,29 +79,29 @@ void PaperReports::WriteLogFile() {
 
 void PaperReports::PrintLog() {
     Run([this] {
-        if (PrintPages(printer, "Log", LogReportPages(Merged(), preferences))) {
+        if (PrintPages(printer, "Log", LogReportPages(Merged(), contest.preferences))) {
             TakeOver(Merged());  // anew: events ran while the operator saw to the printer
         }
     });
 }
 
 void PaperReports::TakeOver(const MergedLog& merged) {
-    log.gContactCount = 0;
+    contest.log.gContactCount = 0;
     for (const auto& entry : merged.entries) {
         if (const auto* reported = std::get_if<ReportedContact>(&entry)) {
-            log.Row(++log.gContactCount) = reported->contact;
+            contest.log.Row(++contest.log.gContactCount) = reported->contact;
         }
     }
-    sections = merged.sections;
-    for (int i = 1; i <= sections.gSectionCount; ++i) {
-        const bool worked = sections.SectionQsos.at(static_cast<std::size_t>(i)) > 0;
+    contest.sections = merged.sections;
+    for (int i = 1; i <= contest.sections.gSectionCount; ++i) {
+        const bool worked = contest.sections.SectionQsos.at(static_cast<std::size_t>(i)) > 0;
         if (worked) {
-            ShowWorked(form.Label10(i), kReportWorked);
+            display.grid.ShowWorked(i, kReportWorked);
         } else {
-            ShowNeeded(form.Label10(i), kReportNeeded);
+            display.grid.ShowNeeded(i, kReportNeeded);
         }
     }
-    reload.ShowTotals();
+    display.ShowTotals();
 }
 
 }  // namespace tallyhut

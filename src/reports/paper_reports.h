@@ -2,8 +2,10 @@
 
 #include <functional>
 
-#include "log/log_reload.h"
-#include "log/message_line.h"
+#include "log/contest_display.h"
+#include "log/log_file.h"
+#include "log/panel.h"
+#include "log/time_records.h"
 #include "platform/printer.h"
 #include "reports/merged_log.h"
 
@@ -13,15 +15,11 @@ namespace tallyhut {
 /// reports of the log read the files and count anew on the way; whatever fails ends a report silently, and everything
 /// is then as it was before.
 struct PaperReports {
-    Form1& form;
-    Desk& desk;
-    const Directories& directories;
-    ContactLog& log;
-    SectionTable& sections;
-    const Preferences& preferences;
+    Panel& panel;
+    Contest& contest;
     const LogFile& logFile;
-    LogReload& reload;
-    MessageLine& message;
+    const TimeRecords& records;
+    ContestDisplay& display;
     Printer& printer;
 
     void WriteDupeFile();

@@ -3,7 +3,7 @@
 #include <string>
 #include <string_view>
 
-#include "log/preferences.h"
+#include "contest/preferences.h"
 #include "values/number.h"
 
 namespace tallyhut {

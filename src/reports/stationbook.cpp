@@ -1,6 +1,6 @@
 #include "reports/stationbook.h"
 
-#include "reports/section_place.h"
+#include "contest/section_table.h"
 #include "values/text_file.h"
 
 namespace tallyhut {

@@ -2,7 +2,7 @@
 
 #include <string>
 
-#include "log/contact_log.h"
+#include "contest/contact_log.h"
 
 namespace tallyhut {
 

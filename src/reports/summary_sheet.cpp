@@ -1,5 +1,6 @@
 #include "reports/summary_sheet.h"
 
+#include "contest/score.h"
 #include "log/operating_time.h"
 #include "reports/cabrillo.h"
 #include "reports/column_writer.h"

@@ -4,8 +4,8 @@
 #include <string_view>
 #include <vector>
 
-#include "log/preferences.h"
-#include "log/section_table.h"
+#include "contest/preferences.h"
+#include "contest/section_table.h"
 
 namespace tallyhut {
 

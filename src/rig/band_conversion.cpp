@@ -1,6 +1,6 @@
 #include "rig/band_conversion.h"
 
-#include "rig/band_limits.h"
+#include "contest/bands.h"
 #include "values/format.h"
 
 namespace tallyhut {

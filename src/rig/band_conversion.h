@@ -2,8 +2,8 @@
 
 #include <string>
 
+#include "contest/contact_log.h"
 #include "log/band_selection.h"
-#include "log/contact_log.h"
 
 namespace tallyhut {
 

@@ -17,9 +17,15 @@ void FrequencyTest::Open() {
 void FrequencyTest::Command1_Click() {
     const std::string command = Trim(form.Text1.Text());
     try {
-        comComm1.Write(form.Check1.Value() ? SpacedHexToBytes(command) : command);
+        commands.InTurn([this, bytes = form.Check1.Value() ? SpacedHexToBytes(command) : command] { Send(bytes); });
+    } catch (const ValueError&) {  // the radio's silence tells
+    }
+}
+
+void FrequencyTest::Send(std::string_view bytes) {
+    try {
+        comComm1.Write(bytes);
     } catch (const PlatformError&) {  // the radio's silence tells
-    } catch (const ValueError&) {
     }
 }
 

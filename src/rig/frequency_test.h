@@ -14,7 +14,7 @@ struct FrequencyTest {
 
     /// Shows the form; returns when it has been closed.
     void Open();
-    /// Sends the raw command.
+    /// Sends the raw command: at once, or behind the command that is under way.
     void Command1_Click();
     /// Tunes.
     void Command2_Click();
@@ -22,6 +22,9 @@ struct FrequencyTest {
     void Text1_KeyPress(int& KeyAscii);
     void Text2_KeyPress(int& KeyAscii);
     void cmdClose_Click();
+
+private:
+    void Send(std::string_view bytes);
 };
 
 }  // namespace tallyhut

@@ -1,35 +1,58 @@
 #pragma once
 
+#include <deque>
+#include <functional>
+#include <optional>
 #include <string>
 #include <vector>
 
-#include "forms/RigControlfrm.h"
-#include "log/preferences.h"
-#include "platform/serial_port.h"
+#include "platform/files.h"
 #include "rig/mode_plan.h"
-#include "rig/pegasus_files.h"
-#include "rig/rig_settings.h"
-#include "rig/rig_state.h"
-#include "rig/rig_table.h"
+#include "rig/radio.h"
 #include "support/directories.h"
 #include "toolkit/desk.h"
 
 namespace tallyhut {
 
-/// Tunes the radio and sets its mode. Between the commands stand pauses that the radios need; events run at their begin
-/// and end, so a caller finds that anything may have happened.
+/// One step of a command to the radio.
+struct CommandStep {
+    enum class Kind {
+        Discard,  ///< forgets what the radio has sent
+        Drain,    ///< waits until all bytes have left the machine, for 2 seconds at most
+        Pause,
+        SendMode,
+        SendFrequency,
+    };
+
+    Kind kind = Kind::Drain;
+    int pauseMs = 0;
+    std::optional<Tick> until = {};  ///< of a wait that has begun
+};
+
+/// A command to the radio: what it sets, and the steps that are left.
+struct RigCommand {
+    std::string mode;
+    std::optional<float> frequency;  ///< MHz; none where the mode alone is set
+    std::deque<CommandStep> steps = {};
+};
+
+/// Tunes the radio and sets its mode. A command is begun and comes back: its waits are waited for by a timer, and
+/// everything else goes on meanwhile, but for the poll. There is one command at a time; what is asked for meanwhile
+/// waits its turn, and the newest replaces one that waits.
 struct RigCommands {
-    RigControlfrm& form;
-    RigState& state;
-    const RigSettings& settings;
-    const Preferences& preferences;
-    SerialPort& comComm1;
-    PegasusFiles& pegasus;
+    Radio& radio;
     const Files& files;
     const Directories& directories;
     Desk& desk;
 
+    /// A command has failed; runs before the operator is told.
+    std::function<void()> failed = [] {};
+    /// No command is under way any more, and none has waited.
+    std::function<void()> over = [] {};
+
     std::vector<BandPlanRow> modePlan = {};
+    RigCommand command = {};                  ///< the one under way
+    std::function<void()> waiting = nullptr;  ///< begins the next one
 
     /// Sets the mode that fits a frequency in MHz, then the frequency. Nothing unless the radio is polled; the poll
     /// rests meanwhile, and after a failure, which is told in a box, until the next Test. Callers lend a copy: the
@@ -38,19 +61,26 @@ struct RigCommands {
     /// Sets a mode by its name; an empty one becomes the one that the plan has for the frequency in MHz. A failure is
     /// told in a box.
     void ChangeMode(const float& Frequency, std::string& Mode);
+    /// Runs what writes to the radio: at once, or when its turn comes.
+    void InTurn(std::function<void()> begin);
+    /// Ends the command under way where it stands, and forgets the one that waits. The poll is the caller's.
+    void Abandon();
     /// A plan that is missing is empty: no mode is set with a frequency then.
     void LoadModePlan();
-
-    /// Lets events run until all bytes have left the machine, for 2 seconds at most.
-    void WaitOutputDrained();
-    /// Lets events run before and after, not in between.
-    void DelayMs(int Milliseconds);
+    /// The wait of the command under way may be over.
+    void tmrCommand_Elapsed();
 
 private:
-    void TuneStepByStep(float& Frequency);
-    bool CanCarry(float frequency);
-    void SendMode(const std::string& mode);
-    void SendFrequency(float& Frequency);
+    bool CanCarry(float& frequency);
+    void Begin(RigCommand next);
+    void Continue();
+    bool MustWait(CommandStep& step);
+    void Perform(CommandStep::Kind kind);
+    void DiscardReplies();
+    void SendMode();
+    void SendFrequency();
+    void End();
+    void Fail(CommandStep::Kind kind, const std::string& why);
     void Report(const std::string& title, const std::string& text);
 };
 

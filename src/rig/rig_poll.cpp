@@ -1,7 +1,7 @@
 #include "rig/rig_poll.h"
 
+#include "contest/bands.h"
 #include "platform/platform_error.h"
-#include "rig/mode_segments.h"
 #include "values/format.h"
 #include "values/hex.h"
 #include "values/value_error.h"
@@ -9,20 +9,23 @@
 namespace tallyhut {
 
 void RigPoll::tmrGetData_Elapsed() {
-    const RigRow& rig = RigNamed(preferences.gRigName);
+    if (radio.state.commanding) {
+        return;
+    }
+    const RigRow& rig = radio.Row();
     try {
-        if (state.ReadPhase == 1) {
+        if (radio.state.ReadPhase == 1) {
             if (rig.link != RigLink::Files) {
-                state.RxBuffer = comComm1.ReadAll();
+                radio.state.RxBuffer = radio.comComm1.ReadAll();
             }
-            if (!state.RxBuffer.empty() || rig.link == RigLink::Files) {
+            if (!radio.state.RxBuffer.empty() || rig.link == RigLink::Files) {
                 Read(rig);
             }
-            state.RxBuffer.clear();
-            state.ReadPhase = 0;
+            radio.state.RxBuffer.clear();
+            radio.state.ReadPhase = 0;
         } else {
             Send();
-            state.ReadPhase = 1;
+            radio.state.ReadPhase = 1;
         }
     } catch (const PlatformError&) {
         // A cable that is out, a band that cannot be saved: ReadPhase and RxBuffer stay, and the next tick tries again.
@@ -32,92 +35,92 @@ void RigPoll::tmrGetData_Elapsed() {
 }
 
 void RigPoll::Send() {
-    if (comComm1.OutputCount() > 0) {
+    if (radio.comComm1.OutputCount() > 0) {
         return;
     }
-    const RequestManner& manner = RigNamed(preferences.gRigName).request;
+    const RequestManner& manner = radio.Row().request;
     const bool alternates = manner.turn == RequestTurn::Alternating;
-    const bool asksMode = alternates ? state.ModeTurn == 1 : manner.turn == RequestTurn::Both;
+    const bool asksMode = alternates ? radio.state.ModeTurn == 1 : manner.turn == RequestTurn::Both;
     if (!alternates || !asksMode) {
-        SendRequest(manner, settings.frequencyString);
+        SendRequest(manner, radio.settings.frequencyString);
     }
     if (asksMode) {
-        SendRequest(manner, settings.modeString);
+        SendRequest(manner, radio.settings.modeString);
     }
     if (alternates) {
-        state.ModeTurn = asksMode ? 0 : 1;
+        radio.state.ModeTurn = asksMode ? 0 : 1;
     }
 }
 
 void RigPoll::SendRequest(const RequestManner& manner, const std::string& text) {
-    const std::string bytes = EncodeRequest(manner, text, form.chkConvToHex.Value());
+    const std::string bytes = EncodeRequest(manner, text, radio.form.chkConvToHex.Value());
     if (!bytes.empty()) {
-        comComm1.Write(bytes);
+        radio.comComm1.Write(bytes);
     }
 }
 
 void RigPoll::Read(const RigRow& rig) {
     Decode(rig);
-    if (form.OptFreq.Value()) {
+    if (radio.form.OptFreq.Value()) {
         ModeFromFrequency();
     }
-    if (form.IsVisible()) {
+    if (radio.form.IsVisible()) {
         Show();
     }
-    if (form.chkFrequency.Value()) {
-        conversion.BandFreqConversion(state.RigFrequency);
+    if (radio.form.chkFrequency.Value()) {
+        conversion.BandFreqConversion(radio.state.RigFrequency);
     }
-    if (!form.OptDont.Value()) {
-        conversion.ModeSelection(state.RigMode);
+    if (!radio.form.OptDont.Value()) {
+        conversion.ModeSelection(radio.state.RigMode);
     }
 }
 
 void RigPoll::Decode(const RigRow& rig) {
     if (rig.link == RigLink::Files) {
-        Take(pegasus.ReadPegasusFile());
+        Take(radio.pegasus.ReadPegasusFile());
         return;
     }
     const bool alternates = rig.request.turn == RequestTurn::Alternating;
-    if (!alternates || state.ModeTurn == 1) {
+    if (!alternates || radio.state.ModeTurn == 1) {
         Run(rig.readFrequency);
     }
-    if (!alternates || state.ModeTurn == 0) {
+    if (!alternates || radio.state.ModeTurn == 0) {
         Run(rig.readMode);
     }
 }
 
 void RigPoll::Run(RigDecoder decoder) {
     if (decoder != nullptr) {
-        Take(decoder({.rxBuffer = state.RxBuffer,
-                      .frequencyString = settings.frequencyString,
-                      .modeString = settings.modeString}));
+        Take(decoder({.rxBuffer = radio.state.RxBuffer,
+                      .frequencyString = radio.settings.frequencyString,
+                      .modeString = radio.settings.modeString}));
     }
 }
 
 void RigPoll::Take(const RigReading& reading) {
-    state.RigFrequency = reading.frequency.value_or(state.RigFrequency);
+    radio.state.RigFrequency = reading.frequency.value_or(radio.state.RigFrequency);
     if (reading.mode) {
-        state.RigMode = *reading.mode;
+        radio.state.RigMode = *reading.mode;
     }
-    state.VfoDigit = reading.vfoDigit.value_or(state.VfoDigit);
+    radio.state.VfoDigit = reading.vfoDigit.value_or(radio.state.VfoDigit);
 }
 
 void RigPoll::ModeFromFrequency() {
-    const std::string_view mode = SegmentMode(state.RigFrequency);
+    const std::string_view mode = SegmentMode(radio.state.RigFrequency);
     if (!mode.empty()) {
-        state.RigMode = mode;
+        radio.state.RigMode = mode;
     }
 }
 
 void RigPoll::Show() {
-    if (state.RigFrequency > 0) {
-        form.lblFreq.SetCaption(FormatNumber(state.RigFrequency, "###.####0"));
+    if (radio.state.RigFrequency > 0) {
+        radio.form.lblFreq.SetCaption(FormatNumber(radio.state.RigFrequency, "###.####0"));
     }
-    form.lblMode.SetCaption(state.RigMode);
-    if (form.ChkConvHex.Value()) {
-        state.RxBuffer = BytesToHexDump(state.RxBuffer);
+    radio.form.lblMode.SetCaption(radio.state.RigMode);
+    if (radio.form.ChkConvHex.Value()) {
+        radio.state.RxBuffer = BytesToHexDump(radio.state.RxBuffer);
     }
-    form.lblUnProcess.SetCaption(state.RxBuffer);
+    radio.form.lblUnProcess.SetCaption(radio.state.RxBuffer);
 }
 
 }  // namespace tallyhut

@@ -1,13 +1,7 @@
 #pragma once
 
-#include "forms/RigControlfrm.h"
-#include "log/preferences.h"
-#include "platform/serial_port.h"
 #include "rig/band_conversion.h"
-#include "rig/pegasus_files.h"
-#include "rig/rig_settings.h"
-#include "rig/rig_state.h"
-#include "rig/rig_table.h"
+#include "rig/radio.h"
 
 namespace tallyhut {
 
@@ -15,15 +9,10 @@ namespace tallyhut {
 /// port holds. Nothing is carried from one read to the next, and nothing is waited for: a lost or broken reply costs
 /// one poll.
 struct RigPoll {
-    RigControlfrm& form;
-    RigState& state;
-    const RigSettings& settings;
-    const Preferences& preferences;
-    SerialPort& comComm1;
-    PegasusFiles& pegasus;
+    Radio& radio;
     BandConversion& conversion;
 
-    /// Silent: a failure ends the tick, and the next one tries again.
+    /// Silent: a failure ends the tick, and the next one tries again. Between the steps of a command it does nothing.
     void tmrGetData_Elapsed();
 
 private:

@@ -4,6 +4,8 @@
 #include <optional>
 #include <string_view>
 
+#include "contest/bands.h"
+
 namespace tallyhut {
 
 /// What a decoder looks at: the bytes of one read, and the strings that the radio was asked with.
@@ -22,9 +24,5 @@ struct RigReading {
 
 /// Decoders never fail: a reply that cannot be read is an empty reading.
 using RigDecoder = RigReading (*)(const RigReply&);
-
-// The modes that decoders tell of.
-inline constexpr std::string_view kPhone = "PH";
-inline constexpr std::string_view kCw = "CW";
 
 }  // namespace tallyhut

@@ -41,18 +41,14 @@ std::vector<std::string> RigNames() {
 
 }  // namespace
 
-const RigRow& RigSetup::Rig() const {
-    return RigNamed(preferences.gRigName);
-}
-
 void RigSetup::RigControlfrm_Load() {
-    form.List1.SetItems(RigNames());
+    radio.form.List1.SetItems(RigNames());
     {
         const Running loading{FormLoading};
         ReadRigSettings();
         commands.LoadModePlan();
     }
-    state.VfoDigit = RigState::kNoVfoYet;
+    radio.state.VfoDigit = RigState::kNoVfoYet;
 }
 
 void RigSetup::ReadRigSettings() {
@@ -64,6 +60,8 @@ void RigSetup::ReadRigSettings() {
 }
 
 void RigSetup::ShowRecord(const RigRecord& record) {
+    RigControlfrm& form = radio.form;
+    RigSettings& settings = radio.settings;
     settings = record.settings;
     form.chkConvToHex.SetValue(record.convertToHex == 1);
     form.chkFrequency.SetValue(record.useFrequency == 1);
@@ -71,13 +69,13 @@ void RigSetup::ShowRecord(const RigRecord& record) {
     form.txtFreq.SetText(record.settings.frequencyString);
     form.txtMode.SetText(record.settings.modeString);
     if (!record.rigName.empty()) {
-        preferences.gRigName = record.rigName;
+        radio.preferences.gRigName = record.rigName;
     }
     const std::vector<std::string>& rigs = form.List1.Items();
-    const auto row = std::ranges::find(rigs, preferences.gRigName);
+    const auto row = std::ranges::find(rigs, radio.preferences.gRigName);
     form.List1.SelectRow(row == rigs.end() ? -1 : static_cast<int>(row - rigs.begin()));
-    form.chkConvToHex.SetVisible(Rig().choosesConversion);
-    form.Label10.SetVisible(Rig().addressHint == AddressHint::WhenClickedOrLoaded);
+    form.chkConvToHex.SetVisible(radio.Row().choosesConversion);
+    form.Label10.SetVisible(radio.Row().addressHint == AddressHint::WhenClickedOrLoaded);
     const int port = settings.commPort - 1;
     if (port >= form.optComm.First() && port <= form.optComm.Last()) {
         form.optComm(port).SetValue(true);
@@ -91,8 +89,9 @@ void RigSetup::ShowRecord(const RigRecord& record) {
 }
 
 void RigSetup::WriteRigSettings() {
-    const RigRecord record{.settings = settings,
-                           .rigName = preferences.gRigName,
+    const RigControlfrm& form = radio.form;
+    const RigRecord record{.settings = radio.settings,
+                           .rigName = radio.preferences.gRigName,
                            .convertToHex = static_cast<std::uint8_t>(form.chkConvToHex.Value()),
                            .useFrequency = static_cast<std::uint8_t>(form.chkFrequency.Value()),
                            .modeBy = ToByte(TrimmedNumber(Chosen(form, kModeByOptions)))};
@@ -100,18 +99,19 @@ void RigSetup::WriteRigSettings() {
 }
 
 void RigSetup::List1_Click() {
+    RigControlfrm& form = radio.form;
     const int row = form.List1.Row();
     if (FormLoading || row < 0) {
         return;
     }
     Command2_Click();
-    preferences.gRigName = form.List1.Items().at(static_cast<std::size_t>(row));
+    radio.preferences.gRigName = form.List1.Items().at(static_cast<std::size_t>(row));
     form.txtFreq.SetText("");
     form.txtMode.SetText("");
     form.chkConvToHex.SetValue(false);
     form.chkConvToHex.SetVisible(false);
     form.Label10.SetVisible(false);
-    const RigRow& rig = Rig();
+    const RigRow& rig = radio.Row();
     Choose(form, kBaudOptions, rig.serial.baud);
     Choose(form, kDataOptions, rig.serial.dataBits);
     Choose(form, kStopOptions, rig.serial.stopBits);
@@ -124,39 +124,38 @@ void RigSetup::List1_Click() {
 }
 
 void RigSetup::txtFreq_Change() {
-    settings.frequencyString = form.txtFreq.Text();
+    radio.settings.frequencyString = radio.form.txtFreq.Text();
 }
 
 void RigSetup::txtMode_Change() {
-    settings.modeString = form.txtMode.Text();
+    radio.settings.modeString = radio.form.txtMode.Text();
 }
 
 void RigSetup::Command1_Click() {
-    if (Rig().link != RigLink::None) {
-        form.lblMode.SetCaption(kNoResponse);
-        form.lblFreq.SetCaption(kNoResponse);
+    if (radio.Row().link != RigLink::None) {
+        radio.form.lblMode.SetCaption(kNoResponse);
+        radio.form.lblFreq.SetCaption(kNoResponse);
         ShowPolling(true);
-        state.RigMode.clear();
+        radio.state.RigMode.clear();
     }
     CommitForm();
-    if (Rig().link == RigLink::None) {
+    if (radio.Row().link == RigLink::None) {
         return;
     }
-    if (Rig().link == RigLink::Port) {
+    if (radio.Row().link == RigLink::Port) {
         OpenRigPort();
     }
-    if (comComm1.IsOpen() || Rig().link == RigLink::Files) {
-        if (!state.commanding) {
-            poll.tmrGetData_Elapsed();
-        }
+    if (radio.comComm1.IsOpen() || radio.Row().link == RigLink::Files) {
+        poll.tmrGetData_Elapsed();
         StartPolling();
     } else {
-        StopPolling();  // a repeated test may have found the port gone
         ShowPolling(false);
     }
 }
 
 void RigSetup::CommitForm() {
+    const RigControlfrm& form = radio.form;
+    RigSettings& settings = radio.settings;
     for (int i = form.optComm.First(); i <= form.optComm.Last(); ++i) {
         if (form.optComm(i).Value()) {
             settings.commPort = static_cast<std::uint8_t>(i + 1);
@@ -173,65 +172,67 @@ void RigSetup::CommitForm() {
 
 void RigSetup::OpenRigPort() {
     try {
-        TryOpen(Rig());
+        TryOpen(radio.Row());
     } catch (const PlatformError&) {
+        StopPolling();
         desk.dialogs.Show(kInvalidPortBox);
-        if (!form.IsVisible()) {
-            form.ShowModal();
+        if (!radio.form.IsVisible()) {
+            radio.form.ShowModal();
         }
     }
 }
 
 void RigSetup::TryOpen(const RigRow& rig) {
-    comComm1.Close();
-    comComm1.SetNumber(settings.commPort);
+    radio.comComm1.Close();
+    radio.comComm1.SetNumber(radio.settings.commPort);
     if (rig.rtsHandshake) {  // no radio takes it back: it stays until the program ends
-        comComm1.SetHandshake(Handshake::Rts);
+        radio.comComm1.SetHandshake(Handshake::Rts);
     }
-    comComm1.SetSettings(settings.portSettings);
-    comComm1.SetDtr(false);
-    comComm1.SetRts(false);
-    comComm1.Open();
-    if (settings.power == "R") {
-        comComm1.SetRts(true);
-    } else if (settings.power == "D") {
-        comComm1.SetDtr(true);
+    radio.comComm1.SetSettings(radio.settings.portSettings);
+    radio.comComm1.SetDtr(false);
+    radio.comComm1.SetRts(false);
+    radio.comComm1.Open();
+    if (radio.settings.power == "R") {
+        radio.comComm1.SetRts(true);
+    } else if (radio.settings.power == "D") {
+        radio.comComm1.SetDtr(true);
     }
     if (!rig.greeting.empty()) {
-        comComm1.Write(rig.greeting);
+        radio.comComm1.Write(rig.greeting);
     }
 }
 
 void RigSetup::StartPolling() {
-    const auto* rate = std::ranges::find(kPollRates, settings.pollRate, &PollRate::letter);
+    const auto* rate = std::ranges::find(kPollRates, radio.settings.pollRate, &PollRate::letter);
     if (rate != kPollRates.end()) {
-        form.tmrGetData.SetInterval(rate->intervalMs);
+        radio.form.tmrGetData.SetInterval(rate->intervalMs);
     }
-    state.pollsAfter = true;
-    form.tmrGetData.SetTimerEnabled(!state.commanding);
+    radio.state.polls = true;
+    radio.form.tmrGetData.SetTimerEnabled(!radio.state.commanding);
 }
 
 void RigSetup::StopPolling() {
-    state.pollsAfter = false;
-    form.tmrGetData.SetTimerEnabled(false);
+    radio.state.polls = false;
+    radio.form.tmrGetData.SetTimerEnabled(false);
+    commands.Abandon();
 }
 
 void RigSetup::ShowPolling(bool polling) {
-    form.Command2.SetVisible(polling);
-    form.Label2.SetVisible(polling);
+    radio.form.Command2.SetVisible(polling);
+    radio.form.Label2.SetVisible(polling);
 }
 
 void RigSetup::Command2_Click() {
-    form.lblMode.SetCaption("");
-    form.lblFreq.SetCaption("");
-    form.lblUnProcess.SetCaption("");
+    radio.form.lblMode.SetCaption("");
+    radio.form.lblFreq.SetCaption("");
+    radio.form.lblUnProcess.SetCaption("");
     StopPolling();
     ShowPolling(false);
-    comComm1.Close();
+    radio.comComm1.Close();
 }
 
 void RigSetup::Command3_Click() {
-    if (!form.tmrGetData.Enabled()) {
+    if (!radio.state.polls) {
         desk.dialogs.Show(kNotPollingBox);
         return;
     }
@@ -239,36 +240,36 @@ void RigSetup::Command3_Click() {
 }
 
 void RigSetup::Command4_Click() {
-    desk.clipboard.SetText(form.lblUnProcess.Caption());
+    desk.clipboard.SetText(radio.form.lblUnProcess.Caption());
 }
 
 void RigSetup::cmdDone_Click() {
-    if (Rig().link != RigLink::None) {
+    if (radio.Row().link != RigLink::None) {
         Command1_Click();
     }
     preferencesFile.SavePref();
     WriteRigSettings();
-    form.Hide();
+    radio.form.Hide();
 }
 
 /// The poll and the commands live on the form: its close box hides it, with what stands on it.
 void RigSetup::RigControlfrm_QueryUnload(bool& Cancel) {
     Cancel = true;
-    form.Hide();
+    radio.form.Hide();
 }
 
 void RigSetup::RigControlfrm_Unload() {
     StopPolling();
     SayFarewell();
-    comComm1.Close();
+    radio.comComm1.Close();
 }
 
 void RigSetup::SayFarewell() {
-    if (Rig().farewell.empty() || !comComm1.IsOpen()) {
+    if (radio.Row().farewell.empty() || !radio.comComm1.IsOpen()) {
         return;
     }
     try {
-        comComm1.Write(Rig().farewell);
+        radio.comComm1.Write(radio.Row().farewell);
     } catch (const PlatformError&) {
         // A radio that is gone needs no farewell.
     }

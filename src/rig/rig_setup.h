@@ -2,8 +2,8 @@
 
 #include <functional>
 
-#include "forms/RigControlfrm.h"
 #include "log/preferences_file.h"
+#include "rig/radio.h"
 #include "rig/rig_commands.h"
 #include "rig/rig_poll.h"
 
@@ -11,14 +11,10 @@ namespace tallyhut {
 
 /// The radio's form: its settings and their file, opening and closing the port, starting and ending the poll.
 struct RigSetup {
-    RigControlfrm& form;
-    RigState& state;
-    RigSettings& settings;
-    Preferences& preferences;
+    Radio& radio;
     PreferencesFile& preferencesFile;
     RigPoll& poll;
     RigCommands& commands;
-    SerialPort& comComm1;
     Files& files;
     const Directories& directories;
     Desk& desk;
@@ -48,12 +44,11 @@ struct RigSetup {
     /// What the file lacks or what is damaged in it keeps the form's values.
     void ReadRigSettings();
     void WriteRigSettings();
-    /// A failure is told in a box, and the form shown where it is hidden.
+    /// A failure ends the poll and the command under way, is told in a box, and the form shown where it is hidden.
     void OpenRigPort();
     void StartPolling();
 
 private:
-    const RigRow& Rig() const;
     void ShowRecord(const RigRecord& record);
     void CommitForm();
     void TryOpen(const RigRow& rig);

@@ -16,8 +16,8 @@ struct RigState {
     std::uint8_t ModeTurn = 0;   ///< of radios that alternate: 1 when the frequency was asked for last
     std::uint8_t VfoDigit = kNoVfoYet;
 
-    bool commanding = false;  ///< a frequency command is under way: no poll tick falls between its steps
-    bool pollsAfter = false;  ///< whether the poll goes on behind it, as Test and End Test have it meanwhile
+    bool polls = false;       ///< from Test to End Test or a command that failed; also while the poll rests
+    bool commanding = false;  ///< a command is under way: no poll tick falls between its steps
 };
 
 }  // namespace tallyhut

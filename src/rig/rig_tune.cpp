@@ -2,7 +2,9 @@
 
 #include <array>
 #include <optional>
+#include <utility>
 
+#include "contest/bands.h"
 #include "rig/reply_numbers.h"
 #include "toolkit/key.h"
 #include "values/format.h"
@@ -13,11 +15,6 @@ namespace {
 
 /// MHz, by pairs of cmdTune: the first of a pair goes up.
 constexpr std::array kTuneSteps{0.00001, 1.0, 0.005, 0.001, 0.0001};
-
-/// MHz, by cmdBand.
-constexpr std::array<std::string_view, 16> kBandFrequencies{"1.9",    "3.75",   "5.368", "7.15", "10.13", "14.175",
-                                                            "18.118", "21.225", "24.94", "28.5", "52",    "146",
-                                                            "223.5",  "435",    "915",   "1270"};
 
 struct ScanStep {
     Option frmRigTune::*option;
@@ -30,10 +27,9 @@ constexpr std::array kScanSteps{
     ScanStep{&frmRigTune::Option4, 0.00001F},
 };
 
-/// Esc types nothing: it goes on and closes the form.
 void KeepFrequencyKeys(int& KeyAscii) {
     const bool digitPointOrSlash = KeyAscii >= '.' && KeyAscii <= '9';
-    if (!digitPointOrSlash && KeyAscii != kKeyBackspace && KeyAscii != kKeyEsc) {
+    if (!digitPointOrSlash && KeyAscii != kKeyBackspace) {
         KeyAscii = 0;
     }
 }
@@ -42,7 +38,7 @@ void KeepFrequencyKeys(int& KeyAscii) {
 
 void RigTune::Command1_Click() {
     const std::optional<float> typed = FloatOf(form.txtFreq.Text());
-    if (typed && RigNamed(preferences.gRigName).link != RigLink::None) {
+    if (typed && radio.Row().link != RigLink::None) {
         float Frequency = *typed;  // the command may overwrite it
         commands.ChangeFrequency(Frequency);
     }
@@ -58,7 +54,7 @@ void RigTune::cmdTune_Click(int Index) {
 }
 
 void RigTune::cmdBand_Click(int Index) {
-    form.txtFreq.SetText(kBandFrequencies.at(static_cast<std::size_t>(Index)));
+    form.txtFreq.SetText(kBandTable.at(static_cast<std::size_t>(Index)).tuneTo);
     Command1_Click();
 }
 
@@ -72,7 +68,9 @@ void RigTune::chkScan_Click() {
     if (form.chkScan.Value() && !IsNumeric(form.txtFreq.Text())) {
         form.txtFreq.SetText(form.txtFrom.Text());
     }
-    form.Command1.SetFocus();
+    if (form.IsActive()) {  // a scan that ends by itself takes no keys from another form
+        form.Command1.SetFocus();
+    }
 }
 
 float RigTune::Step() const {
@@ -92,9 +90,25 @@ void RigTune::Timer1_Elapsed() {
     if (!form.chkScan.Value() || !from || !to || !frequency) {
         return;
     }
+    if (radio.state.commanding) {
+        stepWaits = true;
+        return;
+    }
     *frequency += Step();
     form.txtFreq.SetText(FormatNumber(*frequency > *to ? *from : *frequency, "####.#####"));
     Command1_Click();
+}
+
+void RigTune::TakeWaitingStep() {
+    if (std::exchange(stepWaits, false)) {
+        form.Timer1.SetTimerEnabled(true);  // the one behind it counts from here
+        Timer1_Elapsed();
+    }
+}
+
+void RigTune::EndScan() {
+    stepWaits = false;
+    form.chkScan.SetValue(false);
 }
 
 void RigTune::txtFreq_Change() {
@@ -121,13 +135,20 @@ void RigTune::Limit_KeyPress(int& KeyAscii) {
 /// Space is the switch itself.
 void RigTune::Form_KeyDown(int& KeyCode, int /*Shift*/) {
     if ((KeyCode == kKeySpace || KeyCode == kKeyEnter) && !form.chkScan.HasFocus()) {
-        form.chkScan.SetValue(false);
+        EndScan();
     }
 }
 
-/// One key stroke stops a scan, whichever it is.
-void RigTune::Form_KeyPress(int& /*KeyAscii*/) {
-    form.chkScan.SetValue(false);
+/// One key stroke stops a scan, whichever it is. Esc does that alone, or is Done.
+void RigTune::Form_KeyPress(int& KeyAscii) {
+    const bool scanned = form.chkScan.Value();
+    EndScan();
+    if (KeyAscii == kKeyEsc) {
+        KeyAscii = 0;
+        if (!scanned) {
+            cmdDone_Click();
+        }
+    }
 }
 
 void RigTune::cmdDone_Click() {

@@ -15,15 +15,13 @@ constexpr std::string_view kFirstLine = R"(<?xml version="1.0" encoding="UTF-8" 
 void SharedPreferences::Load(const std::string& path) {
     SharedXmlPath = path;
     SharedXmlText = kFirstLine;
-    unreadable.clear();
-    if (!files.FileExists(path)) {
-        return;
+    unreadable = path;  // until it was read, or is known not to be there
+    if (files.FileExists(path)) {
+        SharedXmlText = files.Read(path);
+        // The line end that saving adds. What stands there is not looked at: every program of the family writes one.
+        SharedXmlText.resize(SharedXmlText.size() - std::min(SharedXmlText.size(), kLineEnd.size()));
     }
-    unreadable = path;
-    SharedXmlText = files.Read(path);
     unreadable.clear();
-    // The line end that saving adds. What stands there is not looked at: every program of the family writes one.
-    SharedXmlText.resize(SharedXmlText.size() - std::min(SharedXmlText.size(), kLineEnd.size()));
 }
 
 void SharedPreferences::Save(const std::string& path) {

@@ -8,8 +8,8 @@
 #include <vector>
 
 #include "platform/clock.h"
-#include "toolkit/colour.h"
 #include "toolkit/key.h"
+#include "values/colour.h"
 
 namespace tallyhut {
 
@@ -77,7 +77,7 @@ struct ControlState {
 /// Setting a value runs the same handler as the operator's action would, if the value differs: a text or caption runs
 /// Change; a chosen option, a check box and a list row run Click. Setting what is already there runs nothing.
 struct Control {
-    Control(Form& form, ControlKind kind, std::string name, int index = -1);
+    Control(Form& owner, ControlKind controlKind, std::string controlName, int controlIndex = -1);
     ~Control();
     Control(const Control&) = delete;
     Control& operator=(const Control&) = delete;

@@ -46,6 +46,11 @@ Form* Desk::FindForm(std::string_view name) const {
     return found == forms_.end() ? nullptr : *found;
 }
 
+void Desk::ArrangeForms(std::span<const std::string_view> names) {
+    const auto placeOf = [names](const Form* form) { return std::ranges::find(names, form->name) - names.begin(); };
+    std::ranges::stable_sort(forms_, {}, placeOf);
+}
+
 Form* Desk::Active() const {
     const auto takesKeys = [](const Form* form) {
         return form->visible_ && !form->minimised_ && !form->design.neverActive;

@@ -4,6 +4,8 @@
 #include <exception>
 #include <functional>
 #include <optional>
+#include <span>
+#include <string_view>
 #include <variant>
 #include <vector>
 
@@ -72,6 +74,8 @@ struct Desk {
 
     const std::vector<Form*>& Forms() const { return forms_; }
     Form* FindForm(std::string_view name) const;
+    /// Puts the forms of these names in this order, before all others.
+    void ArrangeForms(std::span<const std::string_view> names);
     /// The form that keys go to; null while none can take them.
     Form* Active() const;
     /// Brings a shown form to the front, unless a modal form stands over it.
@@ -195,10 +199,10 @@ private:
     bool AccessKeyTaken(Form& form, char letter);
     bool MenuKeyTaken(const Key& key);
     bool ToolkitKeyTaken(Form& form, Control* control, int keyCode, int shift);
-    bool TabTaken(Form& form, Control* control, bool backwards);
+    static bool TabTaken(Form& form, Control* control, bool backwards);
     bool PressTaken(Control& control, int keyCode);
-    bool RowKeyTaken(Control& control, int keyCode);
-    bool OptionKeyTaken(Option& option, int keyCode);
+    static bool RowKeyTaken(Control& control, int keyCode);
+    static bool OptionKeyTaken(Option& option, int keyCode);
     bool TextKeyTaken(TextBox& box, int keyCode, int shift);
     void CopySelection(const TextBox& box);
     void TypeInto(Control* control, int character);

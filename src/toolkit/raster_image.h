@@ -2,7 +2,7 @@
 
 #include <vector>
 
-#include "toolkit/colour.h"
+#include "values/colour.h"
 
 namespace tallyhut {
 

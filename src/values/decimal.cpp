@@ -62,7 +62,7 @@ Decimal Rounded(Decimal number, int decimals, Halves halves) {
     if (cut >= number.digits.size()) {
         return number;
     }
-    const bool isHalf = number.digits.compare(cut, std::string::npos, "5") == 0;
+    const bool isHalf = std::string_view{number.digits}.substr(cut) == "5";
     const bool isOdd = cut > 0 && (number.digits[cut - 1] - '0') % 2 == 1;
     const bool goesUp = isHalf ? halves == Halves::kAwayFromZero || isOdd : number.digits[cut] >= '5';
     number.digits.resize(cut);

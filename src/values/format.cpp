@@ -13,7 +13,7 @@ namespace tallyhut {
 namespace {
 
 ValueError NoPicture(std::string_view picture, std::string_view of) {
-    return ValueError('"' + std::string{picture} + "\" is no picture of a " + std::string{of});
+    return ValueError{'"' + std::string{picture} + "\" is no picture of a " + std::string{of}};
 }
 
 /// What a picture asks for.
@@ -117,7 +117,7 @@ std::string FormatParts(const DateTime& at, std::string_view picture, bool hasHa
             continue;
         }
         const std::string_view letters = picture.substr(0, picture.find_first_not_of(picture.front()));
-        const auto part = std::ranges::find(kDateParts, letters, &DatePart::letters);
+        const auto* const part = std::ranges::find(kDateParts, letters, &DatePart::letters);
         if (part == kDateParts.end()) {
             throw NoPicture(picture, "date or time");
         }

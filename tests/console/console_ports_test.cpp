@@ -20,7 +20,8 @@ struct ConsolePortsTest : testing::Test {
     JsonOutput output{printed};
     sim::Clock clock;
     sim::SettingsStore settings;
-    ConsolePorts ports{settings, clock, {{1, "sim"}, {2, radio.Path()}}, output};
+    TtyPorts machinePorts{settings, {{1, "sim"}, {2, radio.Path()}}};
+    ConsolePorts ports{machinePorts, clock, output};
     std::unique_ptr<SerialPort> port = ports.NewPort();
 
     std::string Events() {

@@ -41,11 +41,11 @@ TEST_F(WriteFailureTest, AFileSizeLimitKeepsTheFileAsItWas) {
     EXPECT_EQ(folder.Read("Log.txt"), kFirstRecord);
 }
 
-TEST_F(WriteFailureTest, AFullDiskIsToldWithTheExchange) {
+TEST_F(WriteFailureTest, ALogThatIsADeviceIsToldWithTheExchange) {
     program.Do(R"(type "89bk1ab73ct")");
     std::filesystem::remove(log);
     std::filesystem::create_symlink("/dev/full", log);
-    ExpectFatalBox(program, log, "No space left on device");
+    ExpectFatalBox(program, log, "Not a regular file");
 }
 
 TEST_F(WriteFailureTest, ALogThatIsAFolderIsToldWithTheExchange) {

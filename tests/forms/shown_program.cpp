@@ -3,8 +3,8 @@
 #include <QDir>
 #include <array>
 
-#include "log/contact_record.h"
-#include "log/section_table.h"
+#include "contest/contact_record.h"
+#include "contest/section_table.h"
 #include "toolkit/key.h"
 #include "values/format.h"
 #include "values/number.h"
@@ -45,14 +45,13 @@ std::string& ScreenName() {
     return name;
 }
 
-ShownProgram::ShownProgram() {
+ShownProgram::ShownProgram() : sim::Machine{{2026, 11, 8, 3, 12, 44}} {
     std::string log;
     for (const Contact& contact : LivelyContest(136, clock.Now())) {
         log += WriteRecord(contact);
     }
     files.Put("/contest/Log.txt", log);
-    program.form1.Form_Load = {};  // no questions
-    program.sections.Fill(program.form1);
+    program.ShowWithoutQuestions();
     program.layout.LayOutMainForm();
     program.reload.mnuopen2();
     program.band.ShowBand();

@@ -6,23 +6,16 @@
 #include <string>
 #include <vector>
 
-#include "app/program.h"
 #include "forms/qt/qt_pump.h"
 #include "forms/qt/qt_screen.h"
 #include "forms/qt/window_host.h"
-#include "platform/sim/clipboard.h"
-#include "platform/sim/clock.h"
-#include "platform/sim/dialogs.h"
-#include "platform/sim/environment.h"
-#include "platform/sim/files.h"
-#include "platform/sim/printer.h"
-#include "platform/sim/serial_port.h"
-#include "platform/sim/settings_store.h"
+#include "platform/sim/machine.h"
+#include "tests/program_units.h"
 
 namespace tallyhut {
 
 /// The program on a simulated machine, drawn in real windows on a screen that nobody sees.
-struct ShownProgram {
+struct ShownProgram : sim::Machine {
     ShownProgram();
 
     /// Lets the program and the windows come to rest.
@@ -36,28 +29,9 @@ struct ShownProgram {
     /// Keeps a picture of the form for whoever looks into a failure.
     void KeepScreenshot(const Form& form, const std::string& name);
 
-    sim::Clock clock{{2026, 11, 8, 3, 12, 44}};
     QtPump pump{clock};
-    sim::Dialogs dialogs;
-    sim::Clipboard clipboard;
     QtScreen screen;
-    sim::Printer printer;
-    sim::Files files{"/contest"};
-    sim::SettingsStore settings;
-    sim::Environment environment;
-    sim::SerialPorts serialPorts{clock};
-    Program program{{.clock = clock,
-                     .pump = pump,
-                     .dialogs = dialogs,
-                     .clipboard = clipboard,
-                     .printer = printer,
-                     .files = files,
-                     .settings = settings,
-                     .screen = screen,
-                     .environment = environment,
-                     .serialPorts = serialPorts,
-                     .dataFolder = "/data"},
-                    "/contest"};
+    ProgramUnits program{Lend({.pump = &pump, .screen = &screen}), "/contest"};
     WindowHost host{program.desk, pump};
 };
 

@@ -7,9 +7,9 @@
 #include <QStyleOptionButton>
 #include <array>
 
+#include "contest/preferences.h"
 #include "forms/Form1.h"
 #include "forms/qt/program_style.h"
-#include "log/preferences.h"
 
 namespace tallyhut {
 namespace {

@@ -1,4 +1,4 @@
-#include "log/preferences.h"
+#include "contest/preferences.h"
 
 #include <gtest/gtest.h>
 

@@ -8,18 +8,9 @@
 #include <string_view>
 #include <vector>
 
-#include "app/program.h"
 #include "platform/platform_error.h"
-#include "platform/sim/clipboard.h"
-#include "platform/sim/clock.h"
-#include "platform/sim/dialogs.h"
-#include "platform/sim/environment.h"
-#include "platform/sim/event_pump.h"
-#include "platform/sim/files.h"
-#include "platform/sim/printer.h"
-#include "platform/sim/screen.h"
-#include "platform/sim/serial_port.h"
-#include "platform/sim/settings_store.h"
+#include "platform/sim/machine.h"
+#include "tests/program_units.h"
 
 namespace tallyhut {
 
@@ -69,19 +60,11 @@ inline std::string LogText(const std::vector<Contact>& contacts) {
 }
 
 /// The whole program on a simulated machine, in a folder that has settings. Keys go the way of the operator's keys.
-struct ProgramFixture : testing::Test {
-    sim::Clock clock{{2026, 11, 7, 21, 4, 33}};
-    sim::EventPump pump{clock};
-    sim::Dialogs dialogs;
-    sim::Clipboard clipboard;
-    sim::Printer printer;
-    sim::Files files{kFolder};
-    sim::SettingsStore settings;
-    sim::Screen screen;
-    sim::Environment environment;
-    sim::SerialPorts serialPorts{clock};
+struct ProgramFixture : testing::Test, sim::Machine {
+    ProgramFixture() : sim::Machine{{2026, 11, 7, 21, 4, 33}} {}
+
     Preferences stored;  ///< what nspref.txt holds at the start
-    std::unique_ptr<Program> program;
+    std::unique_ptr<ProgramUnits> program;
 
     void PutLog(const std::vector<Contact>& contacts) { files.Put(kLogPath, LogText(contacts)); }
 
@@ -112,18 +95,7 @@ struct ProgramFixture : testing::Test {
         for (const char* name : {"wave2.txt", "BandPlan.txt", "readns.txt"}) {
             files.Put(std::string{"/data/"} + name, "");
         }
-        const Machine machine{.clock = clock,
-                              .pump = pump,
-                              .dialogs = dialogs,
-                              .clipboard = clipboard,
-                              .printer = printer,
-                              .files = files,
-                              .settings = settings,
-                              .screen = screen,
-                              .environment = environment,
-                              .serialPorts = serialPorts,
-                              .dataFolder = "/data"};
-        program = std::make_unique<Program>(machine, kFolder);
+        program = std::make_unique<ProgramUnits>(Lend(), kFolder);
     }
     void StartInMode(int mode) {
         stored.gTabMode = static_cast<std::uint8_t>(mode);

@@ -1,4 +1,4 @@
-#include "log/section_table.h"
+#include "contest/section_table.h"
 
 #include <set>
 
@@ -220,13 +220,6 @@ TEST_F(SectionTableTest, GridAndScoreHaveTheirCaptions) {
     for (int i = 1; i <= 6; ++i) {
         EXPECT_EQ(Main().lblScoreCaption(i).Caption(), captions.at(static_cast<std::size_t>(i - 1)));
     }
-}
-
-TEST(SectionTable, ScoreIsSectionsTimesContactsTimes2) {
-    EXPECT_EQ(Score(0, 0), 0);
-    EXPECT_EQ(Score(0, 500), 0);
-    EXPECT_EQ(Score(1, 2), 4);
-    EXPECT_EQ(Score(83, 11'000), 1'826'000);
 }
 
 }  // namespace

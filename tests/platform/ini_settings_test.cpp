@@ -1,11 +1,13 @@
 #include "platform/real/ini_settings.h"
 
 #include <gtest/gtest.h>
+#include <sys/resource.h>
+#include <sys/stat.h>
 
 #include <cstdlib>
 #include <filesystem>
+#include <iterator>
 #include <string>
-#include <vector>
 
 #include "platform/real/posix_files.h"
 #include "tests/platform/child_process.h"
@@ -15,14 +17,22 @@
 namespace tallyhut {
 namespace {
 
+namespace fs = std::filesystem;
+
+/// Where the settings lie, for as long as it lives.
+struct ConfigurationFolder {
+    explicit ConfigurationFolder(const std::string& path) { setenv("XDG_CONFIG_HOME", path.c_str(), 1); }
+    ConfigurationFolder(const ConfigurationFolder&) = delete;
+    ConfigurationFolder& operator=(const ConfigurationFolder&) = delete;
+    ~ConfigurationFolder() { unsetenv("XDG_CONFIG_HOME"); }
+};
+
 struct IniSettingsTest : testing::Test {
     TemporaryFolder configuration;
     PosixFiles files;
-    IniSettings settings;
+    ConfigurationFolder inEnvironment{configuration.Path()};
+    IniSettings settings{files};
     std::string file = configuration.At("Q7ZZQ_Software/tallyhut.ini");
-
-    IniSettingsTest() { setenv("XDG_CONFIG_HOME", configuration.Path().c_str(), 1); }
-    ~IniSettingsTest() override { unsetenv("XDG_CONFIG_HOME"); }
 };
 
 TEST_F(IniSettingsTest, NothingStoredIsEmptyAndMakesNoFile) {
@@ -52,58 +62,10 @@ TEST_F(IniSettingsTest, FileReadsAsItsSectionsKeysAndValues) {
               "Name=@ByteArray(Jos\\xe9)\n");
 }
 
-TEST_F(IniSettingsTest, EveryTextOfBytesComesBack) {
-    std::string everyByte;
-    for (int byte = 1; byte < 256; ++byte) {
-        everyByte += static_cast<char>(byte);
-    }
-    const std::vector<std::string> rows{
-        everyByte,
-        "",
-        " blanks around ",
-        "a, b",
-        "a;b",
-        "\"quoted\"",
-        "C:\\old\\x41",
-        "line\r\nend",
-        "@Invalid()",
-        "@ByteArray(x)",
-        "@",
-        "%41",
-        "\xE9",
-        "\xC3\xA9",
-        "\xC3",
-        "\xEF\xBB\xBF",
-        "\xEF\xBB\xBFtext",
-        "\xED\xA0\x80",
-        "\xEF\xBF\xBF",
-        "\xF0\x9F\x93\xBB",
-        "x\xE9y\xC3\xA9z",
-        "\xE9\x61\x31",
-        "\x01",
-        "\x1F\x30",
-        "\x7F",
-        "\x80",
-        "\xFF",
-    };
-    const auto key = [&](const std::string& value) { return "Value " + std::to_string(&value - rows.data()); };
-    for (const std::string& value : rows) {
-        settings.Set("Settings", key(value), value);
-        EXPECT_EQ(settings.Get("Settings", key(value)), value);
-    }
-    const TemporaryFolder other;  // holds a file that is new to the process, so that nothing comes from memory
-    files.MakeFolder(other.At("Q7ZZQ_Software"));
-    files.Copy(file, other.At("Q7ZZQ_Software/tallyhut.ini"));
-    setenv("XDG_CONFIG_HOME", other.Path().c_str(), 1);
-    for (const std::string& value : rows) {
-        EXPECT_EQ(settings.Get("Settings", key(value)), value) << "read from the file";
-    }
-}
-
 TEST_F(IniSettingsTest, AnotherProgramsChangeIsSeenAndKept) {
     settings.Set("Settings", "Left", "1200");
     EXPECT_EQ(InChild([&] {
-                  IniSettings theirs;
+                  IniSettings theirs{files};
                   theirs.Set("Settings", "Top", "300");
                   return theirs.Get("Settings", "Left");
               }),
@@ -120,10 +82,17 @@ TEST_F(IniSettingsTest, EditedFileIsRead) {
     EXPECT_EQ(settings.Get("Settings", "Names"), "one, two");
 }
 
+TEST_F(IniSettingsTest, FoldersAboveTheFileAreMade) {
+    const ConfigurationFolder deeper{configuration.At("none/yet")};
+    IniSettings first{files};
+    first.Set("Settings", "Left", "1200");
+    EXPECT_TRUE(files.FileExists(configuration.At("none/yet/Q7ZZQ_Software/tallyhut.ini")));
+}
+
 TEST_F(IniSettingsTest, FailedWriteNamesTheFileAndChangesNothing) {
     files.Replace(configuration.At("Q7ZZQ_Software"), "a file in the folder's place");
-    const std::string failure = file + ": The settings cannot be written";
-    EXPECT_EQ(FailureOf([&] { settings.Set("Settings", "Left", "1200"); }), failure);
+    EXPECT_EQ(FailureOf([&] { settings.Set("Settings", "Left", "1200"); }),
+              configuration.At("Q7ZZQ_Software") + ": File exists");
     EXPECT_EQ(settings.Get("Settings", "Left"), "");
 }
 
@@ -131,15 +100,103 @@ TEST_F(IniSettingsTest, FileWithoutWritePermissionKeepsTheFormerValue) {
     settings.Set("Settings", "Left", "1200");
     const std::string content = files.Read(file);
     const std::string owner = configuration.At("Q7ZZQ_Software");
-    std::filesystem::permissions(file, std::filesystem::perms{0444});
-    std::filesystem::permissions(owner, std::filesystem::perms{0555});
+    fs::permissions(file, fs::perms{0444});
+    fs::permissions(owner, fs::perms{0555});
     EXPECT_EQ(InUnprivilegedChild([&] {
                   const std::string failure = FailureOf([&] { settings.Set("Settings", "Left", "1500"); });
                   return failure + ", Left " + settings.Get("Settings", "Left");
               }),
-              file + ": The settings cannot be written, Left 1200");
-    std::filesystem::permissions(owner, std::filesystem::perms{0755});
+              file + ": Permission denied, Left 1200");
+    fs::permissions(owner, fs::perms{0755});
     EXPECT_EQ(files.Read(file), content);
+}
+
+TEST_F(IniSettingsTest, FolderThatCannotBeWrittenIsTold) {
+    fs::permissions(configuration.Path(), fs::perms{0555});
+    EXPECT_EQ(InUnprivilegedChild([&] { return FailureOf([&] { settings.Set("Settings", "Left", "1500"); }); }),
+              configuration.At("Q7ZZQ_Software") + ": Permission denied");
+    fs::permissions(configuration.Path(), fs::perms{0755});
+}
+
+TEST_F(IniSettingsTest, FullDiskLeavesWhatWasThere) {
+    settings.Set("Settings", "Left", "1200");
+    settings.Set("Machine", "Port1", "/dev/ttyUSB0");
+    const std::string content = files.Read(file);
+    EXPECT_EQ(InChild([&]() -> std::string {
+                  const rlimit none{content.size(), content.size()};
+                  return setrlimit(RLIMIT_FSIZE, &none) != 0
+                             ? "no limit"
+                             : FailureOf([&] { settings.Set("Settings", "Left", "a longer value"); });
+              }),
+              file + ": File too large");
+    EXPECT_EQ(files.Read(file), content);
+    const fs::directory_iterator entries(configuration.At("Q7ZZQ_Software"));
+    EXPECT_EQ(std::distance(begin(entries), end(entries)), 1) << "nothing is left beside it";
+}
+
+TEST_F(IniSettingsTest, FileThatCannotBeReadIsNotReplaced) {
+    settings.Set("Settings", "Left", "1200");
+    fs::permissions(file, fs::perms{0200});
+    fs::permissions(configuration.At("Q7ZZQ_Software"), fs::perms{0777});
+    EXPECT_EQ(InUnprivilegedChild([&] {
+                  const std::string failure = FailureOf([&] { settings.Set("Settings", "Top", "300"); });
+                  return failure + settings.Get("Settings", "Left");
+              }),
+              file + ": Permission denied");
+    EXPECT_EQ(settings.Get("Settings", "Left"), "1200");
+    EXPECT_EQ(settings.Get("Settings", "Top"), "");
+}
+
+TEST_F(IniSettingsTest, PipeInTheFilesPlaceIsRefusedAtOnce) {
+    files.MakeFolder(configuration.At("Q7ZZQ_Software"));
+    ASSERT_EQ(mkfifo(file.c_str(), 0600), 0);
+    EXPECT_EQ(settings.Get("Settings", "Left"), "");
+    EXPECT_EQ(FailureOf([&] { settings.Set("Settings", "Left", "1200"); }), file + ": Not a regular file");
+}
+
+TEST_F(IniSettingsTest, LockFileThatSomebodyLeftStopsNothing) {
+    files.MakeFolder(configuration.At("Q7ZZQ_Software"));
+    files.Write(file + ".lock", "1\nsomebody\nelsewhere\n");
+    settings.pause = [] { FAIL() << "nothing is to be waited for"; };
+    settings.Set("Settings", "Left", "1200");
+    EXPECT_EQ(settings.Get("Settings", "Left"), "1200");
+}
+
+TEST_F(IniSettingsTest, ProgramThatKeepsTheLockIsWaitedForAndThenTold) {
+    settings.Set("Settings", "Left", "1200");
+    const auto theirs = files.Lock(configuration.At("Q7ZZQ_Software"));
+    int pauses = 0;
+    settings.pause = [&] { ++pauses; };
+    EXPECT_EQ(FailureOf([&] { settings.Set("Settings", "Left", "1500"); }),
+              file + ": Another program holds the settings");
+    EXPECT_EQ(pauses, 99);
+    EXPECT_EQ(settings.Get("Settings", "Left"), "1200");
+}
+
+TEST_F(IniSettingsTest, LockThatIsFreedMeanwhileIsTaken) {
+    settings.Set("Settings", "Left", "1200");
+    auto theirs = files.Lock(configuration.At("Q7ZZQ_Software"));
+    settings.pause = [&] { theirs.reset(); };
+    settings.Set("Settings", "Left", "1500");
+    EXPECT_EQ(settings.Get("Settings", "Left"), "1500");
+}
+
+TEST_F(IniSettingsTest, ProgramsThatSetDifferentKeysLoseNone) {
+    const auto setMany = [&](const std::string& name) -> std::string {
+        for (int n = 0; n < 50; ++n) {
+            while (!FailureOf([&] { settings.Set("Settings", name + std::to_string(n), "x"); }).empty()) {
+                // the other one was always quicker to take the lock
+            }
+        }
+        return "done";
+    };
+    const ChildProcess one([&] { return setMany("one"); });
+    const ChildProcess other([&] { return setMany("other"); });
+    EXPECT_EQ(one.Text() + other.Text(), "donedone");
+    for (int n = 0; n < 50; ++n) {
+        EXPECT_EQ(settings.Get("Settings", "one" + std::to_string(n)), "x") << n;
+        EXPECT_EQ(settings.Get("Settings", "other" + std::to_string(n)), "x") << n;
+    }
 }
 
 }  // namespace

@@ -1,6 +1,8 @@
 #include "platform/real/posix_files.h"
 
+#include <fcntl.h>
 #include <gtest/gtest.h>
+#include <sys/file.h>
 #include <sys/resource.h>
 #include <sys/stat.h>
 #include <unistd.h>
@@ -8,6 +10,7 @@
 #include <filesystem>
 #include <set>
 #include <string>
+#include <thread>
 
 #include "tests/platform/child_process.h"
 #include "tests/platform/failure_of.h"
@@ -89,23 +92,12 @@ TEST_F(PosixFilesTest, WriteBeyondTheFileSizeLimitLeavesWhatWasWritten) {
     EXPECT_EQ(files.Read(log), std::string(10, 'x'));
 }
 
-TEST_F(PosixFilesTest, WriteToAFullDiskIsTold) {
-    fs::create_symlink("/dev/full", log);
-    EXPECT_EQ(FailureOf([&] { files.Write(log, "A\r\n"); }), log + ": No space left on device");
-}
-
 TEST_F(PosixFilesTest, LinkLeadsToTheSameFile) {
     files.Replace(log, "A");
     fs::create_symlink(log, folder.At("link.txt"));
     fs::create_directory_symlink(folder.Path(), folder.At("here"));
     EXPECT_TRUE(files.IsSameFile(log, folder.At("link.txt")));
     EXPECT_TRUE(files.IsSameFile(folder.At("here/Log.txt"), log));
-}
-
-TEST_F(PosixFilesTest, FullDiskIsTold) {
-    fs::create_symlink("/dev/full", log);
-    EXPECT_EQ(FailureOf([&] { files.Append(log, "A\r\n"); }), log + ": No space left on device");
-    EXPECT_TRUE(fs::exists("/dev/full"));
 }
 
 TEST_F(PosixFilesTest, DeviceIsNotReplacedByAFile) {
@@ -159,6 +151,22 @@ TEST_F(PosixFilesTest, NewFilesGetTheModeThatTheUserChose) {
         EXPECT_EQ(ModeOf(folder.At(name)), mode_t{0640}) << name;
     }
     EXPECT_EQ(afterwards, mode_t{027});
+}
+
+TEST_F(PosixFilesTest, ThreadsThatMakeFilesAtTheSameTimeGiveThemTheUsersMode) {
+    const mode_t former = umask(027);
+    const auto makeFiles = [&](const std::string& name) {
+        for (int n = 0; n < 200; ++n) {
+            files.Replace(folder.At(name + std::to_string(n)), "");
+        }
+    };
+    std::thread other([&] { makeFiles("a"); });
+    makeFiles("b");
+    other.join();
+    umask(former);
+    for (const std::string& name : Names()) {
+        EXPECT_EQ(ModeOf(folder.At(name)), mode_t{0640}) << name;
+    }
 }
 
 TEST_F(PosixFilesTest, LinkStaysALinkAndItsFileIsReplaced) {
@@ -241,6 +249,65 @@ TEST_F(PosixFilesTest, ReaderSeesTheOldContentOrTheNewOneAndNeverAPart) {
         files.Replace(log, times % 2 == 0 ? longer : shorter);
     }
     EXPECT_EQ(reader.Text(), "whole");
+}
+
+TEST_F(PosixFilesTest, WhatAnotherProgramIsWritingIsNoLeftover) {
+    const std::string written = folder.At(".Log.txt.tallyhut-a1B2c3");
+    ChildProcess writer(
+        [&]() -> std::string {
+            const int file = open(written.c_str(), O_RDWR | O_CREAT, 0600);
+            return flock(file, LOCK_EX | LOCK_NB) == 0 ? "writes" : "cannot lock";
+        },
+        true);
+    EXPECT_EQ(writer.Text(), "writes");
+    files.RemoveLeftovers(folder.Path());
+    EXPECT_TRUE(fs::exists(written));
+    writer.Kill();
+    files.RemoveLeftovers(folder.Path());
+    EXPECT_FALSE(fs::exists(written));
+}
+
+TEST_F(PosixFilesTest, LinksAndFoldersWithTheNameOfALeftoverStay) {
+    files.Replace(log, "log");
+    fs::create_symlink("Log.txt", folder.At(".a.tallyhut-a1B2c3"));
+    fs::create_directory(folder.At(".b.tallyhut-a1B2c3"));
+    ASSERT_EQ(mkfifo(folder.At(".c.tallyhut-a1B2c3").c_str(), 0600), 0);
+    files.RemoveLeftovers(folder.Path());
+    EXPECT_EQ(Names().size(), 4U);
+    EXPECT_EQ(files.Read(log), "log");
+}
+
+TEST_F(PosixFilesTest, FileOfAnotherUserIsNoLeftover) {
+    if (geteuid() != 0) {
+        GTEST_SKIP() << "only the superuser can be two users";
+    }
+    files.Replace(folder.At(".Log.txt.tallyhut-a1B2c3"), "");
+    fs::permissions(folder.Path(), fs::perms{0777});
+    InUnprivilegedChild([&]() -> std::string {
+        files.RemoveLeftovers(folder.Path());
+        return "";
+    });
+    EXPECT_EQ(Names().size(), 1U);
+}
+
+TEST_F(PosixFilesTest, RunThatIsKilledWhileItReplacesLeavesWhatTheNextOneRemoves) {
+    files.Replace(log, "old");
+    const std::string content(20'000'000, 'x');
+    bool leftOne = false;
+    for (int times = 0; times < 50 && !leftOne; ++times) {
+        ChildProcess writer([&]() -> std::string {
+            for (;;) {
+                files.Replace(log, content);
+            }
+        });
+        while (Names().size() == 1) {
+        }
+        writer.Kill();
+        leftOne = Names().size() > 1;
+        files.RemoveLeftovers(folder.Path());
+        EXPECT_EQ(Names(), std::set<std::string>{"Log.txt"});
+    }
+    EXPECT_TRUE(leftOne);
 }
 
 TEST_F(PosixFilesTest, FolderIsLockedForOtherProcesses) {

@@ -47,6 +47,23 @@ TEST_F(SimFiles, FailedWriteLeavesTheFirstHalf) {
     EXPECT_EQ(files.Read("report.txt"), "1234");
 }
 
+TEST_F(SimFiles, ChangeThatFailsBehindItsWorkHasDoneIt) {
+    files.FailBehind(1, "Input/output error");
+    files.FailBehind(2, "Input/output error");
+    const std::string reason = ": It was written, but the disk has not confirmed that it keeps it: Input/output error";
+    EXPECT_EQ(FailureOf([&] { files.Replace("Log.txt", "A\r\n"); }), "Log.txt" + reason);
+    EXPECT_THROW(files.Append("Log.txt", "B\r\n"), UnconfirmedError);
+    EXPECT_EQ(files.Read("Log.txt"), "A\r\nB\r\n");
+    files.Append("Log.txt", "C\r\n");
+    EXPECT_EQ(files.Read("Log.txt"), "A\r\nB\r\nC\r\n");
+}
+
+TEST_F(SimFiles, FileThatATestPutsThereIsAnotherOne) {
+    const FileMark mark = files.Replace("Log.txt", "A");
+    files.Put("/contest/Log.txt", "A");
+    EXPECT_NE(files.Mark("Log.txt"), mark);
+}
+
 TEST_F(SimFiles, ReadingAndLookingAreNoChange) {
     files.Put("/contest/Log.txt", "A");
     files.FailAt(1, "Input/output error");

@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "reports/section_place.h"
+#include "contest/section_table.h"
 #include "tests/reports/report_fixture.h"
 
 namespace tallyhut {

@@ -212,11 +212,5 @@ TEST(Cabrillo, ModeIsTheContests) {
     EXPECT_EQ(ContactLine(Usual(), PhoneStation()).substr(11, 2), "PH");
 }
 
-TEST(Cabrillo, ClaimedScoreBeyond32BitsIsRefused) {
-    EXPECT_EQ(ClaimedScore(11'000, 83), 1'826'000);
-    EXPECT_EQ(ClaimedScore(1'073'741'823, 1), 2'147'483'646);
-    EXPECT_THROW(ClaimedScore(1'073'741'824, 1), ValueError);
-}
-
 }  // namespace
 }  // namespace tallyhut

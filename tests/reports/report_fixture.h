@@ -2,8 +2,8 @@
 
 #include <vector>
 
-#include "log/contact_log.h"
-#include "log/preferences.h"
+#include "contest/contact_log.h"
+#include "contest/preferences.h"
 
 namespace tallyhut {
 

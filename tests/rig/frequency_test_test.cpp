@@ -20,6 +20,7 @@ struct FrequencyTestTest : RigFixture {
     std::string SentBy(Button& button) {
         Line().TakeSent();
         Click(button);
+        FinishCommands();
         return BytesToHexText(Line().TakeSent());
     }
 };
@@ -98,6 +99,7 @@ TEST_F(FrequencyTestTest, EnterInABoxSendsWhatStandsThere) {
         EXPECT_EQ(Line().TakeSent(), "FA00028475000;");
         Dialog().Text2.SetFocus();
         Press("Enter");
+        FinishCommands();
         EXPECT_NE(Line().TakeSent().find("FA00028475000;"), std::string::npos);
         EXPECT_TRUE(Dialog().IsVisible());
     });
@@ -109,6 +111,43 @@ TEST_F(FrequencyTestTest, PulledCableIsNotTold) {
         Click(Dialog().Command1);
     });
     EXPECT_TRUE(dialogs.boxes.empty());
+}
+
+TEST_F(FrequencyTestTest, CommandDuringAPauseGoesOutBehindTheCommandUnderWay) {
+    InForm("Elecraft", [this] {
+        Dialog().Text2.SetText("14.2");
+        Click(Dialog().Command2);
+        LetTimeGoBy(500);
+        Dialog().Text1.SetText("IF;");
+        Click(Dialog().Command1);
+        EXPECT_EQ(Line().TakeSent(), "MD2;");
+        FinishCommands();
+        EXPECT_EQ(Line().TakeSent(), "FA00014200000;IF;");
+    });
+}
+
+TEST_F(FrequencyTestTest, FormThatIsClosedDuringAPauseLeavesTheCommandToTheRadio) {
+    InForm("Elecraft", [this] {
+        Dialog().Text2.SetText("14.2");
+        Click(Dialog().Command2);
+        LetTimeGoBy(500);
+        Dialog().Text1.SetText("IF;");
+        Click(Dialog().Command1);
+    });
+    EXPECT_TRUE(State().commanding);
+    FinishCommands();
+    EXPECT_TRUE(Line().TakeSent().ends_with("MD2;FA00014200000;IF;"));
+    EXPECT_TRUE(Rig().tmrGetData.Enabled());
+}
+
+TEST_F(FrequencyTestTest, FormOpensAlsoWhileThePollRests) {
+    StartPolling("Elecraft");
+    AskFrequency(14.2F);
+    LetTimeGoBy(500);
+    pump.OnWait([this] { TheDesk().PostClick(Dialog().cmdClose, kLeftButton); });
+    Click(Rig().Command3);
+    EXPECT_TRUE(dialogs.boxes.empty());
+    EXPECT_FALSE(pump.HasScripts());
 }
 
 }  // namespace

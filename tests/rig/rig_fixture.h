@@ -54,7 +54,28 @@ struct RigFixture : ProgramFixture {
     std::string SentHex() { return BytesToHexText(Line().TakeSent()); }
     std::string FrequencyRead() { return FormatNumber(State().RigFrequency, "###.####0"); }
 
-    void ChangeFrequency(float frequency) { program->rigCommands.ChangeFrequency(frequency); }
+    /// Begins a command; its pauses have yet to pass.
+    void AskFrequency(float frequency) { program->rigCommands.ChangeFrequency(frequency); }
+    void AskMode(std::string mode, float frequency = 0) { program->rigCommands.ChangeMode(frequency, mode); }
+    /// Every timer runs at its own moment.
+    void LetTimeGoBy(Tick milliseconds) {
+        for (Tick passed = 0; passed < milliseconds; ++passed) {
+            PassTime(1);
+        }
+    }
+    void FinishCommands() {
+        while (State().commanding) {
+            PassTime(1);
+        }
+    }
+    void ChangeFrequency(float frequency) {
+        AskFrequency(frequency);
+        FinishCommands();
+    }
+    void ChangeMode(std::string mode) {
+        AskMode(std::move(mode));
+        FinishCommands();
+    }
     /// What is written from now on, one line a call: the milliseconds that have passed, and the bytes as pairs.
     std::vector<std::string> WrittenDuring(const std::function<void()>& step) {
         const std::size_t before = Line().written.size();

@@ -17,14 +17,17 @@ struct RigTuneTest : RigFixture {
         Tune().Show();
     }
     std::string Frequency() { return Tune().txtFreq.Text(); }
-    std::string SentText() { return Line().TakeSent(); }
+    std::string SentText() {
+        FinishCommands();
+        return Line().TakeSent();
+    }
     void StartScan(std::string_view frequency, std::string_view from, std::string_view to) {
         Tune().txtFreq.SetText(frequency);
         Tune().txtFrom.SetText(from);
         Tune().txtTo.SetText(to);
         Tune().chkScan.SetValue(true);
     }
-    void ScanTick() { PassTime(static_cast<Tick>(Tune().Timer1.Interval())); }
+    void ScanTick() { LetTimeGoBy(static_cast<Tick>(Tune().Timer1.Interval())); }
 };
 
 TEST_F(RigTuneTest, MenuAndCtrlGOpenTheForm) {
@@ -232,14 +235,174 @@ TEST_F(RigTuneTest, SpaceOnTheCheckBoxSwitchesTheScan) {
     EXPECT_FALSE(Tune().chkScan.Value());
 }
 
-TEST_F(RigTuneTest, ScanTunesTheRadioAndTheNextStepWaitsForIt) {
+TEST_F(RigTuneTest, ScanStepsAsFastAsTheRadioTakesThemAndPassesNoneOver) {
+    struct Case {
+        std::string_view rig;
+        std::vector<Tick> tuned;
+        std::string_view last;  ///< the next step may have begun
+    };
+    for (const Case& one : {Case{"Elecraft", {299 + 1'304, 299 + 2 * 1'304, 299 + 3 * 1'304}, "7.03004"},
+                            Case{"Kenwood", {299 + 304, 299 + 2 * 304, 299 + 3 * 304}, "7.03004"},
+                            Case{"Icom 735", {299 + 239, 2 * 299 + 239, 3 * 299 + 239}, "7.03003"}}) {
+        SCOPED_TRACE(one.rig);
+        StartTuning(one.rig);
+        StartScan("7.03", "7", "7.1");
+        const Tick start = clock.TickMs();
+        LetTimeGoBy(one.tuned.back());
+        std::vector<Tick> tuned;
+        for (const sim::SerialLine::Written& written : Line().written) {
+            constexpr std::size_t kLongestMode = 7;
+            if (written.at > start && written.bytes.size() > kLongestMode) {
+                tuned.push_back(written.at - start);
+            }
+        }
+        EXPECT_EQ(tuned, one.tuned);
+        EXPECT_EQ(Frequency(), one.last);
+    }
+}
+
+TEST_F(RigTuneTest, KeyDuringAPauseStopsTheScanBehindTheStepUnderWay) {
     StartTuning("Elecraft");
     StartScan("7.03", "7", "7.1");
-    const Tick before = clock.TickMs();
     ScanTick();
+    LetTimeGoBy(500);
+    Press("x");
+    EXPECT_FALSE(Tune().chkScan.Value());
     EXPECT_NE(SentText().find("FA00007030010;"), std::string::npos);
-    EXPECT_GE(clock.TickMs() - before, 1'204U);
-    EXPECT_TRUE(dialogs.boxes.empty());
+    LetTimeGoBy(3'000);
+    EXPECT_EQ(Frequency(), "7.03001");
+    EXPECT_EQ(SentText().find("FA0"), std::string::npos);
+}
+
+TEST_F(RigTuneTest, GoDuringAScanStepWaitsItsTurnAndTheScanGoesOnFromThere) {
+    StartTuning("Elecraft");
+    StartScan("7.03", "7", "7.1");
+    ScanTick();
+    LetTimeGoBy(500);
+    Tune().txtFreq.SetText("7.05");
+    Click(Tune().Command1);
+    LetTimeGoBy(804 + 1'304);
+    EXPECT_NE(Line().TakeSent().find("FA00007030010;MD3;FA00007050000;"), std::string::npos);
+    EXPECT_EQ(Frequency(), "7.05001");
+}
+
+TEST_F(RigTuneTest, StepThatNoCommandHoldsIsToldOnceAndEndsTheScan) {
+    StartTuning("Icom");
+    StartScan("20000", "20000", "30000");
+    ScanTick();
+    EXPECT_EQ(dialogs.boxes,
+              (std::vector<std::string>{"message \"Error Changing Frequency\" \"20000 MHz is too high for "
+                                        "the commands of this radio.\" OK Exclamation"}));
+    EXPECT_FALSE(Tune().chkScan.Value());
+    for (int i = 0; i < 10; ++i) {
+        ScanTick();
+    }
+    EXPECT_EQ(dialogs.boxes.size(), 1U);
+    EXPECT_TRUE(Rig().tmrGetData.Enabled());
+}
+
+TEST_F(RigTuneTest, GoThatNoCommandHoldsIsToldOnceAndEndsTheScan) {
+    StartTuning("Icom");
+    StartScan("14.2", "14", "14.3");
+    Tune().txtFreq.SetText("14200");
+    Click(Tune().Command1);
+    EXPECT_EQ(dialogs.boxes.size(), 1U);
+    EXPECT_FALSE(Tune().chkScan.Value());
+    LetTimeGoBy(5'000);
+    EXPECT_EQ(dialogs.boxes.size(), 1U);
+}
+
+TEST_F(RigTuneTest, CableThatIsPulledDuringAScanIsToldOnceAndEndsIt) {
+    StartTuning("Elecraft");
+    StartScan("7.03", "7", "7.1");
+    ScanTick();
+    LetTimeGoBy(500);
+    Line().Unplug();
+    LetTimeGoBy(804);
+    EXPECT_EQ(dialogs.boxes, (std::vector<std::string>{"message \"Error Changing Frequency\" \"Serial port 1: "
+                                                       "Input/output error\" OK Exclamation"}));
+    EXPECT_FALSE(Tune().chkScan.Value());
+    for (int i = 0; i < 10; ++i) {
+        ScanTick();
+    }
+    EXPECT_EQ(dialogs.boxes.size(), 1U);
+    EXPECT_EQ(Frequency(), "7.03001");
+}
+
+TEST_F(RigTuneTest, ScanThatEndsByItselfTakesNoKeysFromTheMainForm) {
+    StartTuning("Kenwood");
+    StartScan("7.03", "7", "7.1");
+    Focus(Main().txtNum);
+    ScanTick();
+    Line().Unplug();
+    LetTimeGoBy(304);
+    EXPECT_FALSE(Tune().chkScan.Value());
+    EXPECT_TRUE(Main().IsActive());
+    Type("8");
+    EXPECT_EQ(Main().txtNum.Text(), "8");
+}
+
+TEST_F(RigTuneTest, EscStopsAScanAndLeavesWhatIsTyped) {
+    StartTuning("Kenwood");
+    StartScan("7.03", "7", "7.1");
+    for (TextBox* box : {&Tune().txtFreq, &Tune().txtFrom, &Tune().txtTo}) {
+        Tune().chkScan.SetValue(true);
+        Focus(*box);
+        Press("Esc");
+        EXPECT_FALSE(Tune().chkScan.Value());
+        EXPECT_TRUE(Tune().IsVisible());
+        EXPECT_EQ(Frequency() + ' ' + Tune().txtFrom.Text() + ' ' + Tune().txtTo.Text(), "7.03 7 7.1");
+    }
+}
+
+TEST_F(RigTuneTest, EscDuringAPauseStopsTheScan) {
+    StartTuning("Elecraft");
+    StartScan("7.03", "7", "7.1");
+    ScanTick();
+    LetTimeGoBy(500);
+    Press("Esc");
+    EXPECT_FALSE(Tune().chkScan.Value());
+    EXPECT_TRUE(Tune().IsVisible());
+    EXPECT_EQ(Frequency(), "7.03001");
+}
+
+TEST_F(RigTuneTest, EscClosesTheFormWhenNothingScansAndKeepsWhatIsTyped) {
+    StartWithoutRig();
+    for (TextBox* box : {&Tune().txtFreq, &Tune().txtFrom, &Tune().txtTo}) {
+        Focus(*box);
+        Type("14.2");
+    }
+    Click(Tune().Option2);
+    Press("Esc");
+    EXPECT_FALSE(Tune().IsVisible());
+    Press("Ctrl+G");
+    EXPECT_EQ(Frequency() + ' ' + Tune().txtFrom.Text() + ' ' + Tune().txtTo.Text(), "14.2 14.2 14.2");
+    EXPECT_TRUE(Tune().Option2.Value());
+    EXPECT_TRUE(Tune().txtFreq.HasFocus());
+}
+
+TEST_F(RigTuneTest, FormThatIsClosedDuringAPauseLeavesTheCommandToTheRadio) {
+    StartTuning("Elecraft");
+    StartScan("7.03", "7", "7.1");
+    ScanTick();
+    LetTimeGoBy(500);
+    Tune().RequestClose();
+    EXPECT_FALSE(Tune().IsLoaded());
+    EXPECT_NE(SentText().find("FA00007030010;"), std::string::npos);
+    LetTimeGoBy(3'000);
+    EXPECT_EQ(SentText().find("FA0"), std::string::npos);
+    EXPECT_TRUE(Rig().tmrGetData.Enabled());
+}
+
+TEST_F(RigTuneTest, ButtonsLeaveTheirFocusAtOnceAndNotBehindAPause) {
+    StartTuning("Elecraft");
+    Tune().txtFreq.SetText("7.03");
+    Click(Tune().cmdTune(6));
+    EXPECT_TRUE(Tune().cmdDone.HasFocus());
+    Focus(Main().txtNum);
+    FinishCommands();
+    EXPECT_TRUE(Main().IsActive());
+    EXPECT_TRUE(Main().txtNum.HasFocus());
 }
 
 }  // namespace

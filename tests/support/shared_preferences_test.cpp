@@ -188,5 +188,16 @@ TEST(SharedPreferences, AFileThatCouldNotBeReadIsNotReplaced) {
     EXPECT_EQ(files.Read(kPath), kFirst + "<OTHER>1</OTHER>\r\n<OWN_CALL>W1XX</OWN_CALL>\r\n");
 }
 
+TEST(SharedPreferences, AFileThatCannotBeLookedAtIsNotReplaced) {
+    sim::Files files;
+    files.Put(kPath, kFirst + "<OTHER>1</OTHER>\r\n");
+    files.unreachable[kPath] = "Input/output error";
+    SharedPreferences shared{files};
+    EXPECT_THROW(shared.Load(kPath), PlatformError);
+    files.unreachable.clear();
+    EXPECT_THROW(shared.SetSharedPreference("OWN_CALL", "W1XX", true), PlatformError);
+    EXPECT_EQ(files.Read(kPath), kFirst + "<OTHER>1</OTHER>\r\n");
+}
+
 }  // namespace
 }  // namespace tallyhut

@@ -23,7 +23,7 @@ namespace {
 QString SpokenName(const Control& control, const Look& look) {
     const ControlState& state = control.State();
     const QString own = control.kind == ControlKind::TextBox ? QString{} : CaptionText(state.text);
-    const QString spoken = (look.spokenName + ' ' + own).simplified();
+    QString spoken = (look.spokenName + ' ' + own).simplified();
     if (!spoken.isEmpty()) {
         return spoken;
     }

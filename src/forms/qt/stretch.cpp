@@ -35,7 +35,7 @@ Stretch::Stretch(const std::vector<Span>& spans, double length, double scale)
 
 Stretch Stretch::Into(double room, const std::vector<Span>& spans, double length) {
     double most = room / length;
-    const Stretch wanted{spans, length, most};
+    Stretch wanted{spans, length, most};
     if (wanted.Whole() <= room) {
         return wanted;
     }

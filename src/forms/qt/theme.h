@@ -3,7 +3,7 @@
 #include <QColor>
 #include <QPalette>
 
-#include "toolkit/colour.h"
+#include "values/colour.h"
 
 namespace tallyhut {
 

@@ -68,7 +68,7 @@ std::string DesktopEnvironment::ShortDatePicture() const {
         return std::string{kNoCustom};
     }
     const bool silent = SaysNothing(nl_langinfo_l(_NL_LOCALE_NAME(LC_TIME), customs));
-    const std::string picture = silent ? std::string{kNoCustom} : PictureFrom(nl_langinfo_l(D_FMT, customs));
+    std::string picture = silent ? std::string{kNoCustom} : PictureFrom(nl_langinfo_l(D_FMT, customs));
     freelocale(customs);
     return picture;
 }

@@ -1,5 +1,6 @@
 #include "platform/real/posix_files.h"
 
+#include <dirent.h>
 #include <fcntl.h>
 #include <sys/file.h>
 #include <sys/stat.h>
@@ -12,20 +13,15 @@
 #include <cstdlib>
 #include <optional>
 #include <utility>
+#include <vector>
 
 #include "platform/path_error.h"
 #include "platform/real/descriptor.h"
+#include "platform/temporary_name.h"
 
 namespace tallyhut {
 
 namespace {
-
-struct HeldFolder : Files::FolderLock {
-    explicit HeldFolder(Descriptor folder) : folder_(std::move(folder)) {}
-
-private:
-    Descriptor folder_;  // the lock goes with it, also when the process is killed
-};
 
 /// A system call that was not interrupted by a signal.
 template <class Call>
@@ -37,18 +33,89 @@ auto Uninterrupted(Call call) {
     return result;
 }
 
-Descriptor Open(const std::string& path, int flags) {
-    return Descriptor(Uninterrupted([&] { return open(path.c_str(), flags | O_CLOEXEC, 0666); }));
+Descriptor Open(const std::string& path, int flags, mode_t mode = 0666) {
+    return Descriptor(Uninterrupted([&] { return open(path.c_str(), flags | O_CLOEXEC, mode); }));
 }
 
 ssize_t Write(const Descriptor& file, std::string_view bytes) {
     return Uninterrupted([&] { return write(file.Number(), bytes.data(), bytes.size()); });
 }
 
-std::optional<struct stat> StatusOf(const std::string& path) {
+/// What stands at the place, through links; none where nothing can be. Throws, with the path, when that cannot be told.
+std::optional<struct stat> StatusOf(const std::string& place, const std::string& path) {
     struct stat status {};
-    return stat(path.c_str(), &status) == 0 ? std::optional(status) : std::nullopt;
+    if (stat(place.c_str(), &status) == 0) {
+        return status;
+    }
+    if (errno == ENOENT || errno == ENOTDIR) {  // ENOTDIR: nothing stands below a file
+        return std::nullopt;
+    }
+    throw PathError(path, errno);
 }
+
+std::optional<struct stat> StatusOf(const std::string& path) {
+    return StatusOf(path, path);
+}
+
+bool IsSame(const struct stat& one, const struct stat& other) {
+    return one.st_dev == other.st_dev && one.st_ino == other.st_ino;
+}
+
+FileMark MarkOf(const struct stat& status) {
+    return {.device = status.st_dev, .inode = status.st_ino, .length = static_cast<std::uint64_t>(status.st_size)};
+}
+
+void RefuseIrregular(const std::string& path, mode_t mode) {
+    if (S_ISDIR(mode)) {
+        throw PathError(path, EISDIR);
+    }
+    if (!S_ISREG(mode)) {
+        throw PathError(path, kNotRegular);
+    }
+}
+
+struct OpenFile {
+    Descriptor descriptor;
+    struct stat status {};
+};
+
+/// None where there is no file and the flags do not make one. Nothing is waited for: a pipe would be, for its other
+/// end.
+std::optional<OpenFile> OpenIfThere(const std::string& path, int flags) {
+    OpenFile file{.descriptor = Open(path, flags | O_NONBLOCK | O_NOCTTY)};
+    if (!file.descriptor.IsOpen() && errno == ENOENT) {
+        return std::nullopt;
+    }
+    if (!file.descriptor.IsOpen() && errno == ENXIO) {  // a pipe that nobody reads, a socket
+        throw PathError(path, kNotRegular);
+    }
+    if (!file.descriptor.IsOpen() || fstat(file.descriptor.Number(), &file.status) != 0) {
+        throw PathError(path, errno);
+    }
+    RefuseIrregular(path, file.status.st_mode);
+    return file;
+}
+
+OpenFile OpenRegular(const std::string& path, int flags) {
+    std::optional<OpenFile> file = OpenIfThere(path, flags);
+    if (!file) {
+        throw PathError(path, ENOENT);
+    }
+    return std::move(*file);
+}
+
+struct HeldFolder : Files::FolderLock {
+    HeldFolder(std::string path, OpenFile folder) : path_(std::move(path)), folder_(std::move(folder)) {}
+
+    bool StillHolds() const override {
+        const std::optional<struct stat> present = StatusOf(path_);
+        return present && IsSame(*present, folder_.status);
+    }
+
+private:
+    std::string path_;
+    OpenFile folder_;  // the lock goes with it, also when the process is killed
+};
 
 std::string FolderOf(const std::string& path) {
     const std::size_t slash = path.rfind('/');
@@ -101,13 +168,46 @@ bool WriteAll(const Descriptor& file, std::string_view content) {
     return true;
 }
 
-/// A file without a name that others know, removed with its owner unless it was moved to its place.
+/// Letters and digits that nobody guesses. Empty with errno set when the system has none.
+std::string RandomSuffix() {
+    constexpr std::string_view kCharacters = "0123456789ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz";
+    std::array<unsigned char, kTemporarySuffix> bytes{};
+    if (getentropy(bytes.data(), bytes.size()) != 0) {
+        return "";
+    }
+    std::string suffix;
+    for (const unsigned char byte : bytes) {
+        suffix += kCharacters[byte % kCharacters.size()];
+    }
+    return suffix;
+}
+
+/// False on a file system that knows no locks, too.
+bool LockNow(const Descriptor& file) {
+    return Uninterrupted([&] { return flock(file.Number(), LOCK_EX | LOCK_NB); }) == 0;
+}
+
+/// A new file beside the one that it is to replace, removed with its owner unless it was moved to that one's place.
 class TemporaryFile {
 public:
-    /// Not open, with errno set, when it cannot be made.
-    explicit TemporaryFile(const std::string& place)
-        : path_(FolderOf(place) + "/." + NameOf(place).substr(0, kLongestName) + ".XXXXXX"),
-          file_(mkostemp(path_.data(), O_CLOEXEC)) {}
+    /// Not open, with errno set, when it cannot be made. The system takes from the mode what the user's mask says.
+    TemporaryFile(const std::string& place, mode_t mode) {
+        const int attempts = 100;  // a name is hardly ever taken
+        for (int made = 0; made < attempts && !file_.IsOpen(); ++made) {
+            const std::string suffix = RandomSuffix();
+            if (suffix.empty()) {
+                return;
+            }
+            path_ = FolderOf(place) + '/' + TemporaryName(NameOf(place), suffix);
+            file_ = Open(path_, O_RDWR | O_CREAT | O_EXCL, mode);
+            if (!file_.IsOpen() && errno != EEXIST) {
+                return;
+            }
+        }
+        if (file_.IsOpen()) {
+            LockNow(file_);  // so that nobody takes it for what a killed run has left
+        }
+    }
     TemporaryFile(const TemporaryFile&) = delete;
     TemporaryFile& operator=(const TemporaryFile&) = delete;
     ~TemporaryFile() {
@@ -117,52 +217,100 @@ public:
     }
 
     bool IsOpen() const { return file_.IsOpen(); }
-
-    bool Fill(std::string_view content, mode_t mode) {
-        return WriteAll(file_, content) && fchmod(file_.Number(), mode) == 0 && fsync(file_.Number()) == 0;
-    }
-
+    bool Fill(std::string_view content) { return WriteAll(file_, content); }
+    bool SetMode(mode_t mode) { return fchmod(file_.Number(), mode) == 0; }
+    bool Flush() { return fsync(file_.Number()) == 0; }
+    bool ReadStatus(struct stat& status) { return fstat(file_.Number(), &status) == 0; }
     bool MoveTo(const std::string& place) {
         moved_ = rename(path_.c_str(), place.c_str()) == 0;
         return moved_;
     }
 
 private:
-    static constexpr std::size_t kLongestName = 200;  // leaves room for the rest where names end at 255 bytes
-
     std::string path_;
     Descriptor file_;
     bool moved_ = false;
 };
 
-mode_t ModeOfNewFiles() {
-    const mode_t mask = umask(0);
-    umask(mask);
-    return 0666 & ~mask;
-}
-
-/// Adds the record to an open file that holds `size` bytes. False with errno set when any of it failed.
-bool AddRecord(const Descriptor& file, off_t size, std::string_view record) {
+/// The record, behind a line end if the file's last line lacks one.
+std::string WithLineEnd(const std::string& path, const OpenFile& file, std::string_view record) {
     std::string text;
-    if (size > 0) {
-        char last = 0;
-        if (Uninterrupted([&] { return pread(file.Number(), &last, 1, size - 1); }) != 1) {
-            return false;
+    if (file.status.st_size > 0) {
+        char last = '\n';  // stays where another program has cut the file meanwhile
+        if (Uninterrupted([&] { return pread(file.descriptor.Number(), &last, 1, file.status.st_size - 1); }) < 0) {
+            throw PathError(path, errno);
         }
         if (last != '\n') {
             text = "\r\n";
         }
     }
     text += record;
+    return text;
+}
+
+/// With one write. False with errno set when not all of it could be written.
+bool WriteAtOnce(const Descriptor& file, std::string_view text) {
     const ssize_t written = Write(file, text);
     if (written >= 0 && static_cast<std::size_t>(written) < text.size()) {
         // Only a second attempt tells why there was no room. Its success would not help: a record is one write.
-        if (Write(file, std::string_view(text).substr(static_cast<std::size_t>(written))) >= 0) {
+        if (Write(file, text.substr(static_cast<std::size_t>(written))) >= 0) {
             errno = ENOSPC;
         }
         return false;
     }
-    return written >= 0 && fdatasync(file.Number()) == 0;
+    return written >= 0;
+}
+
+/// To whatever file stands there where nothing is expected.
+FileMark AppendTo(const std::string& path, std::string_view record, const std::optional<FileMark>* expected) {
+    std::optional<OpenFile> found = OpenIfThere(path, O_RDWR | O_APPEND);
+    const std::optional<FileMark> mark = found ? std::optional(MarkOf(found->status)) : std::nullopt;
+    if (expected != nullptr && mark != *expected) {
+        throw Changed(path);
+    }
+    const OpenFile file = found ? std::move(*found) : OpenRegular(path, O_RDWR | O_APPEND | O_CREAT);
+    const std::string target = mark ? path : WithoutLinks(path);
+    const std::string text = WithLineEnd(path, file, record);
+    const bool written = WriteAtOnce(file.descriptor, text);
+    if (written && fdatasync(file.descriptor.Number()) == 0 && (mark || FlushFolder(FolderOf(target)))) {
+        FileMark behind = MarkOf(file.status);
+        behind.length += text.size();
+        return behind;
+    }
+    const int reason = errno;
+    const off_t size = file.status.st_size;
+    const bool takenBack = !mark && size == 0
+                               ? unlink(target.c_str()) == 0
+                               : Uninterrupted([&] { return ftruncate(file.descriptor.Number(), size); }) == 0;
+    if (takenBack) {
+        throw PathError(path, reason);
+    }
+    if (written) {
+        throw Unconfirmed(path, ReasonOf(reason));
+    }
+    throw PathError(path, ReasonOf(reason) + "; a part of it may stand in the file");
+}
+
+struct CloseFolder {
+    void operator()(DIR* folder) const { closedir(folder); }
+};
+
+std::vector<std::string> TemporaryNamesIn(DIR* folder) {
+    std::vector<std::string> names;
+    // NOLINTNEXTLINE(concurrency-mt-unsafe): no two threads read one folder's stream
+    while (const dirent* entry = readdir(folder)) {
+        if (IsTemporaryName(entry->d_name)) {
+            names.emplace_back(entry->d_name);
+        }
+    }
+    return names;
+}
+
+/// A regular file of this user that no running program writes. The open file holds its lock.
+bool IsLeftOver(const Descriptor& file) {
+    struct stat status {};
+    return file.IsOpen() && fstat(file.Number(), &status) == 0 && S_ISREG(status.st_mode) &&
+           status.st_uid == geteuid() && LockNow(file);
 }
 
 }  // namespace
@@ -173,14 +321,12 @@ PosixFiles::PosixFiles() {
 }
 
 std::string PosixFiles::Read(const std::string& path) const {
-    const Descriptor file = Open(path, O_RDONLY);
-    if (!file.IsOpen()) {
-        throw PathError(path, errno);
-    }
+    const OpenFile file = OpenRegular(path, O_RDONLY);
     std::string content;
+    content.reserve(static_cast<std::size_t>(file.status.st_size));
     std::array<char, 65536> block{};
     for (;;) {
-        const ssize_t count = Uninterrupted([&] { return read(file.Number(), block.data(), block.size()); });
+        const ssize_t count = Uninterrupted([&] { return read(file.descriptor.Number(), block.data(), block.size()); });
         if (count < 0) {
             throw PathError(path, errno);
         }
@@ -192,57 +338,41 @@ std::string PosixFiles::Read(const std::string& path) const {
 }
 
 void PosixFiles::Append(const std::string& path, std::string_view record) {
-    Descriptor file = Open(path, O_RDWR | O_APPEND);
-    const bool isNew = !file.IsOpen() && errno == ENOENT;
-    if (isNew) {
-        file = Open(path, O_RDWR | O_APPEND | O_CREAT);
-    }
-    struct stat before {};
-    if (!file.IsOpen() || fstat(file.Number(), &before) != 0) {
-        throw PathError(path, errno);
-    }
-    const std::string target = isNew ? WithoutLinks(path) : path;
-    if (AddRecord(file, before.st_size, record) && (!isNew || FlushFolder(FolderOf(target)))) {
-        return;
-    }
-    const int reason = errno;
-    if (isNew && before.st_size == 0) {
-        unlink(target.c_str());
-    } else if (ftruncate(file.Number(), before.st_size) != 0) {
-        // Nothing more can be done; the failure that is told is the first one. Devices have no size to go back to.
-    }
-    throw PathError(path, reason);
+    AppendTo(path, record, nullptr);
 }
 
-void PosixFiles::Replace(const std::string& path, std::string_view content) {
+FileMark PosixFiles::Append(const std::string& path, std::string_view record, const std::optional<FileMark>& expected) {
+    return AppendTo(path, record, &expected);
+}
+
+FileMark PosixFiles::Replace(const std::string& path, std::string_view content) {
     if (path.empty()) {
         throw PathError(path, ENOENT);  // before anything is made in the current folder
     }
     const std::string place = WithoutLinks(path);
-    const std::optional<struct stat> old = StatusOf(place);
-    if (!old && errno != ENOENT) {
-        throw PathError(path, errno);
-    }
-    if (old && S_ISDIR(old->st_mode)) {
-        throw PathError(path, EISDIR);
-    }
-    if (old && !S_ISREG(old->st_mode)) {
-        throw PathError(path, "Not a regular file");
+    const std::optional<struct stat> old = StatusOf(place, path);
+    if (old) {
+        RefuseIrregular(path, old->st_mode);
     }
     if (old && faccessat(AT_FDCWD, place.c_str(), W_OK, AT_EACCESS) != 0) {
         throw PathError(path, errno);
     }
-    TemporaryFile file(place);
-    const mode_t mode = old ? old->st_mode & 07777 : ModeOfNewFiles();
-    if (!file.IsOpen() || !file.Fill(content, mode) || !file.MoveTo(place) || !FlushFolder(FolderOf(place))) {
+    TemporaryFile file(place, old ? 0600 : 0666);  // nobody else reads a private file's content while it is new
+    struct stat status {};
+    const bool ready = file.IsOpen() && file.Fill(content) && (!old || file.SetMode(old->st_mode & 07777)) &&
+                       file.Flush() && file.ReadStatus(status);
+    if (!ready || !file.MoveTo(place)) {
         throw PathError(path, errno);
     }
+    if (!FlushFolder(FolderOf(place))) {
+        throw Unconfirmed(path, ReasonOf(errno));
+    }
+    return MarkOf(status);
 }
 
 void PosixFiles::Write(const std::string& path, std::string_view content) {
-    const Descriptor file = Open(path, O_WRONLY | O_CREAT | O_TRUNC);
-    const bool written = file.IsOpen() && WriteAll(file, content);
-    if (!written || (fsync(file.Number()) != 0 && errno != EINVAL)) {  // EINVAL: a device that holds nothing back
+    const OpenFile file = OpenRegular(path, O_WRONLY | O_CREAT | O_TRUNC);
+    if (!WriteAll(file.descriptor, content) || fsync(file.descriptor.Number()) != 0) {
         throw PathError(path, errno);
     }
 }
@@ -265,10 +395,15 @@ bool PosixFiles::FolderExists(const std::string& path) const {
     return status && S_ISDIR(status->st_mode);
 }
 
+std::optional<FileMark> PosixFiles::Mark(const std::string& path) const {
+    const auto status = StatusOf(path);
+    return status && !S_ISDIR(status->st_mode) ? std::optional(MarkOf(*status)) : std::nullopt;
+}
+
 bool PosixFiles::IsSameFile(const std::string& one, const std::string& other) const {
     const auto first = StatusOf(one);
     const auto second = StatusOf(other);
-    return first && second && first->st_dev == second->st_dev && first->st_ino == second->st_ino;
+    return first && second && IsSame(*first, *second);
 }
 
 void PosixFiles::MakeFolder(const std::string& path) {
@@ -287,22 +422,35 @@ std::string PosixFiles::CurrentFolder() const {
 
 void PosixFiles::CheckWritable(const std::string& folder) const {
     // Only an attempt tells: the rights in the folder's mode say nothing of read-only media and remote file systems.
-    const TemporaryFile attempt(folder + "/tallyhut");
+    const TemporaryFile attempt(folder + "/attempt", 0600);
     if (!attempt.IsOpen()) {
         throw PathError(folder, errno);
     }
 }
 
+void PosixFiles::RemoveLeftovers(const std::string& folder) {
+    const std::unique_ptr<DIR, CloseFolder> opened(opendir(folder.c_str()));
+    if (!opened) {
+        return;
+    }
+    const int place = dirfd(opened.get());
+    for (const std::string& name : TemporaryNamesIn(opened.get())) {
+        const Descriptor file(openat(place, name.c_str(), O_RDONLY | O_NOFOLLOW | O_NONBLOCK | O_NOCTTY | O_CLOEXEC));
+        if (IsLeftOver(file)) {
+            unlinkat(place, name.c_str(), 0);
+        }
+    }
+}
+
 std::unique_ptr<Files::FolderLock> PosixFiles::Lock(const std::string& folder) {
-    Descriptor opened = Open(folder, O_RDONLY | O_DIRECTORY);
-    if (!opened.IsOpen()) {
+    OpenFile opened{.descriptor = Open(folder, O_RDONLY | O_DIRECTORY)};
+    if (!opened.descriptor.IsOpen() || fstat(opened.descriptor.Number(), &opened.status) != 0) {
         throw PathError(folder, errno);
     }
-    const int result = Uninterrupted([&] { return flock(opened.Number(), LOCK_EX | LOCK_NB); });
-    if (result != 0 && errno == EWOULDBLOCK) {
+    if (!LockNow(opened.descriptor) && errno == EWOULDBLOCK) {
         return nullptr;
     }
-    return std::make_unique<HeldFolder>(std::move(opened));
+    return std::make_unique<HeldFolder>(folder, std::move(opened));
 }
 
 }  // namespace tallyhut

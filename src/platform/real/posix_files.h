@@ -12,18 +12,19 @@ struct PosixFiles : Files {
 
     std::string Read(const std::string& path) const override;
     void Append(const std::string& path, std::string_view record) override;
-    /// Refuses a file that the user may not write, although its folder would let it be replaced, and whatever is no
-    /// plain file.
-    void Replace(const std::string& path, std::string_view content) override;
+    FileMark Append(const std::string& path, std::string_view record, const std::optional<FileMark>& expected) override;
+    /// Refuses a file that the user may not write, although its folder would let it be replaced.
+    FileMark Replace(const std::string& path, std::string_view content) override;
     void Write(const std::string& path, std::string_view content) override;
     void Copy(const std::string& from, const std::string& to) override;
-    /// True for devices too.
     bool FileExists(const std::string& path) const override;
     bool FolderExists(const std::string& path) const override;
+    std::optional<FileMark> Mark(const std::string& path) const override;
     bool IsSameFile(const std::string& one, const std::string& other) const override;
     void MakeFolder(const std::string& path) override;
     std::string CurrentFolder() const override;
     void CheckWritable(const std::string& folder) const override;
+    void RemoveLeftovers(const std::string& folder) override;
     std::unique_ptr<FolderLock> Lock(const std::string& folder) override;
 };
 

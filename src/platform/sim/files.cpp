@@ -5,23 +5,26 @@
 #include <utility>
 
 #include "platform/path_error.h"
+#include "platform/temporary_name.h"
 
 namespace tallyhut::sim {
 
 namespace {
 
 struct HeldFolder : Files::FolderLock {
-    HeldFolder(std::shared_ptr<std::set<std::string>> held, std::string folder)
-        : held_(std::move(held)), folder_(std::move(folder)) {
-        held_->insert(folder_);
+    HeldFolder(std::shared_ptr<Files::Held> held, const std::string& folder)
+        : held_(std::move(held)), folder_(folder, held_->swaps[folder]) {
+        held_->locked.insert(folder_);
     }
     HeldFolder(const HeldFolder&) = delete;
     HeldFolder& operator=(const HeldFolder&) = delete;
-    ~HeldFolder() override { held_->erase(folder_); }
+    ~HeldFolder() override { held_->locked.erase(folder_); }
+
+    bool StillHolds() const override { return held_->swaps[folder_.first] == folder_.second; }
 
 private:
-    std::shared_ptr<std::set<std::string>> held_;
-    std::string folder_;
+    std::shared_ptr<Files::Held> held_;
+    std::pair<std::string, int> folder_;
 };
 
 std::string FolderOf(const std::string& place) {
@@ -54,10 +57,24 @@ int Files::Obstacle(const std::string& place) const {
     return folders_.contains(FolderOf(place)) ? 0 : ENOENT;
 }
 
-void Files::CheckReadable(const std::string& path, const std::string& place) const {
+void Files::CheckReachable(const std::string& path, const std::string& place) const {
+    if (const auto reason = unreachable.find(place); reason != unreachable.end()) {
+        throw PathError(path, reason->second);
+    }
+}
+
+void Files::RefuseIrregular(const std::string& path, const std::string& place) const {
     if (folders_.contains(place)) {
         throw PathError(path, EISDIR);
     }
+    if (irregular.contains(place)) {
+        throw PathError(path, kNotRegular);
+    }
+}
+
+void Files::CheckReadable(const std::string& path, const std::string& place) const {
+    CheckReachable(path, place);
+    RefuseIrregular(path, place);
     if (!contents.contains(place)) {
         const int obstacle = Obstacle(place);
         throw PathError(path, obstacle != 0 ? obstacle : ENOENT);
@@ -69,12 +86,31 @@ void Files::BeginChange(const std::string& path, const std::string& place) {
     if (const auto failure = failures_.extract(operations_)) {
         throw PathError(path, failure.mapped());
     }
+    CheckReachable(path, place);
     if (const int obstacle = Obstacle(place)) {
         throw PathError(path, obstacle);
     }
     if (readOnlyFolders.contains(FolderOf(place))) {
         throw PathError(path, EROFS);
     }
+}
+
+void Files::EndChange(const std::string& path) {
+    if (const auto failure = failuresBehind_.extract(operations_)) {
+        throw Unconfirmed(path, failure.mapped());
+    }
+}
+
+void Files::PutAnew(const std::string& place, std::string_view content) {
+    contents[place] = content;
+    inodes_[place] = ++lastInode_;
+}
+
+FileMark Files::MarkAt(const std::string& place) const {
+    const auto inode = inodes_.find(place);
+    const auto content = contents.find(place);
+    return {.inode = inode != inodes_.end() ? inode->second : 0,
+            .length = content != contents.end() ? content->second.size() : 0};
 }
 
 std::string Files::Read(const std::string& path) const {
@@ -84,10 +120,18 @@ std::string Files::Read(const std::string& path) const {
 }
 
 void Files::Append(const std::string& path, std::string_view record) {
+    Append(path, record, Mark(path));
+}
+
+FileMark Files::Append(const std::string& path, std::string_view record, const std::optional<FileMark>& expected) {
     const std::string place = Whole(path);
     BeginChange(path, place);
-    if (folders_.contains(place)) {
-        throw PathError(path, EISDIR);
+    RefuseIrregular(path, place);
+    if (Mark(path) != expected) {
+        throw Changed(path);
+    }
+    if (!expected) {
+        PutAnew(place, "");
     }
     std::string& content = contents[place];
     if (!content.empty() && !content.ends_with('\n')) {
@@ -95,23 +139,28 @@ void Files::Append(const std::string& path, std::string_view record) {
     }
     content += record;
     appends.push_back({place, std::string(record)});
+    EndChange(path);
+    return MarkAt(place);
 }
 
-void Files::Replace(const std::string& path, std::string_view content) {
+FileMark Files::Replace(const std::string& path, std::string_view content) {
     const std::string place = Whole(path);
     BeginChange(path, place);
-    if (folders_.contains(place)) {
-        throw PathError(path, EISDIR);
-    }
-    contents[place] = content;
+    RefuseIrregular(path, place);
+    PutAnew(place, content);
+    EndChange(path);
+    return MarkAt(place);
 }
 
 void Files::Write(const std::string& path, std::string_view content) {
     const std::string place = Whole(path);
-    if (failures_.contains(operations_ + 1) && Obstacle(place) == 0 && !folders_.contains(place)) {
+    const bool fails = failures_.contains(operations_ + 1) && Obstacle(place) == 0;
+    if (fails && !folders_.contains(place) && !irregular.contains(place)) {
         contents[place] = content.substr(0, content.size() / 2);
     }
-    Replace(path, content);
+    BeginChange(path, place);
+    RefuseIrregular(path, place);
+    contents[place] = content;
 }
 
 void Files::Copy(const std::string& from, const std::string& to) {
@@ -119,24 +168,33 @@ void Files::Copy(const std::string& from, const std::string& to) {
     const std::string target = Whole(to);
     BeginChange(to, target);
     CheckReadable(from, source);
-    if (folders_.contains(target)) {
-        throw PathError(to, EISDIR);
-    }
+    RefuseIrregular(to, target);
     if (source == target) {
         throw PathError(to, kCopyOntoItself);
     }
-    contents[target] = contents.at(source);
+    PutAnew(target, contents.at(source));
+    EndChange(to);
 }
 
 bool Files::FileExists(const std::string& path) const {
-    return contents.contains(Whole(path));
+    return Mark(path).has_value();
 }
 
 bool Files::FolderExists(const std::string& path) const {
+    CheckReachable(path, Whole(path));
     return folders_.contains(Whole(path));
 }
 
+std::optional<FileMark> Files::Mark(const std::string& path) const {
+    const std::string place = Whole(path);
+    CheckReachable(path, place);
+    const bool isThere = contents.contains(place) || irregular.contains(place);
+    return isThere ? std::optional(MarkAt(place)) : std::nullopt;
+}
+
 bool Files::IsSameFile(const std::string& one, const std::string& other) const {
+    CheckReachable(one, Whole(one));
+    CheckReachable(other, Whole(other));
     return contents.contains(Whole(one)) && Whole(one) == Whole(other);
 }
 
@@ -159,12 +217,19 @@ void Files::CheckWritable(const std::string& folder) const {
     }
 }
 
+void Files::RemoveLeftovers(const std::string& folder) {
+    const std::string place = Whole(folder);
+    std::erase_if(contents, [&](const auto& file) {
+        return FolderOf(file.first) == place && IsTemporaryName(file.first.substr(file.first.rfind('/') + 1));
+    });
+}
+
 std::unique_ptr<Files::FolderLock> Files::Lock(const std::string& folder) {
     const std::string place = Whole(folder);
     if (const int obstacle = Obstacle(place + "/attempt")) {
         throw PathError(folder, obstacle);
     }
-    if (lockedFolders.contains(place) || held_->contains(place)) {
+    if (lockedFolders.contains(place) || held_->locked.contains({place, held_->swaps[place]})) {
         return nullptr;
     }
     return std::make_unique<HeldFolder>(held_, place);
@@ -184,11 +249,21 @@ void Files::AddFolder(const std::string& path) {
 
 void Files::Put(const std::string& path, const std::string& content) {
     AddFolder(FolderOf(Whole(path)));
-    contents[Whole(path)] = content;
+    PutAnew(Whole(path), content);
+}
+
+void Files::SwapFolder(const std::string& path) {
+    const std::string folder = Whole(path);
+    std::erase_if(contents, [&](const auto& file) { return file.first.starts_with(folder + '/'); });
+    ++held_->swaps[folder];
 }
 
 void Files::FailAt(int nth, const std::string& reason) {
     failures_[operations_ + nth] = reason;
+}
+
+void Files::FailBehind(int nth, const std::string& reason) {
+    failuresBehind_[operations_ + nth] = reason;
 }
 
 }  // namespace tallyhut::sim

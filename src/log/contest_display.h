@@ -1,0 +1,27 @@
+#pragma once
+
+#include "log/contact_list.h"
+#include "log/rate_labels.h"
+#include "log/section_grid.h"
+
+namespace tallyhut {
+
+/// What the main form shows of the contest: the list, the grid of sections, the counts and the rates.
+struct ContestDisplay {
+    ContestDisplay(Form1& mainForm, const Contest& shown, const Clock& clock);
+
+    Form1& form;
+    const Contest& contest;
+    ContactList list;
+    SectionGrid grid;
+    RateLabels rates;
+
+    /// Shows the counts, the list and the next serial number as they are in memory.
+    void ShowCounts();
+    /// Of these, sections, score, contacts and the list.
+    void ShowTotals();
+    /// Sections, sections to go and score, as a commit writes them.
+    void ShowScore();
+};
+
+}  // namespace tallyhut

@@ -1,0 +1,19 @@
+#pragma once
+
+#include "contest/contest.h"
+#include "forms/Form1.h"
+#include "platform/clock.h"
+
+namespace tallyhut {
+
+/// The two rates beside the score.
+struct RateLabels {
+    Form1& form;
+    const Contest& contest;
+    const Clock& clock;
+
+    /// Counts the contacts of the last 20 and 60 minutes. A date or time that is none leaves both labels as they are.
+    void TimeStats();
+};
+
+}  // namespace tallyhut

@@ -1,0 +1,25 @@
+#pragma once
+
+#include "contest/contest.h"
+#include "forms/Form1.h"
+
+namespace tallyhut {
+
+/// The sections on the main form, each under the heading of its call area. Their state is told by more than the colour:
+/// needed is bold, worked is not. Neither is underlined: that is how a needed section that is spotted is told.
+struct SectionGrid {
+    Form1& form;
+    const Contest& contest;
+
+    /// Puts each label under its heading, in the form's design.
+    void PlaceLabels();
+    /// Sets each label's caption, tool tip and first colour.
+    void Fill();
+    /// All of them, as before the first contact.
+    void ShowAllNeeded();
+    void ShowWorked(int section) { ShowWorked(section, contest.preferences.gColorWorked); }
+    void ShowWorked(int section, Colour colour);
+    void ShowNeeded(int section, Colour colour);
+};
+
+}  // namespace tallyhut

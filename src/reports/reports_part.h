@@ -1,0 +1,24 @@
+#pragma once
+
+#include "log/log_part.h"
+#include "reports/entry_form.h"
+#include "reports/log_exports.h"
+#include "reports/paper_reports.h"
+
+namespace tallyhut {
+
+/// What leaves the program: the entry, the reports of the old manner, the exports.
+struct ReportsPart {
+    ReportsPart(Machine& machine, Desk& desk, SupportPart& support, LogPart& log);
+
+    Form2 form2;
+
+    EntryForm entryForm;
+    PaperReports paperReports;
+    LogExports exports;
+
+private:
+    void Bind(Form1& form1);
+};
+
+}  // namespace tallyhut

@@ -397,6 +397,14 @@ bool Desk::RunOperatorEvent() {
     return true;
 }
 
+void Desk::Tell(const PlatformError& failure) {
+    if (!onFailure || frozen_) {
+        Fatal(failure);
+        return;
+    }
+    onFailure(failure);
+}
+
 void Desk::Fatal(const std::exception& failure) {
     if (!std::exchange(frozen_, true)) {
         Call(onFatal, failure);

@@ -14,6 +14,7 @@
 #include "platform/clock.h"
 #include "platform/dialogs.h"
 #include "platform/event_pump.h"
+#include "platform/platform_error.h"
 #include "toolkit/alarm.h"
 #include "toolkit/controls.h"
 #include "toolkit/form.h"
@@ -36,7 +37,8 @@ struct DeskOutlets {
 /// reach their handlers. All that an operator can observe apart from pixels is decided here, the same for every host.
 ///
 /// Handlers run on the caller's stack, from RunPending and its kin only. Whoever calls those reads back afterwards what
-/// it needs: any handler may have run. What a handler throws is fatal: it goes to `onFatal` and nowhere else.
+/// it needs: any handler may have run. What a handler throws goes no further: a failure of the machine is told by
+/// `onFailure`, all else is fatal and goes to `onFatal`.
 struct Desk {
     Desk(Clock& machineClock, EventPump& machinePump, Dialogs& machineDialogs, Clipboard& machineClipboard);
     ~Desk();
@@ -52,6 +54,8 @@ struct Desk {
     DeskOutlets outlets;
     /// Tells the operator of a failure that nothing handled; must not return. No timer, key or device runs meanwhile.
     std::function<void(const std::exception&)> onFatal;
+    /// Tells the operator of what the machine refused; the program goes on as it was.
+    std::function<void(const PlatformError&)> onFailure;
 
     const std::vector<Form*>& Forms() const { return forms_; }
     Form* FindForm(std::string_view name) const;
@@ -108,7 +112,7 @@ struct Desk {
         Desk& desk_;
     };
 
-    /// Runs a handler; nothing for an empty one. What it throws is fatal.
+    /// Runs a handler; nothing for an empty one. A PlatformError that it throws is told, all else is fatal.
     template <typename Handler, typename... Arguments>
     void Call(const Handler& handler, Arguments&&... arguments) {
         if (!handler) {
@@ -117,6 +121,8 @@ struct Desk {
         try {
             const Handler running = handler;  // its control may be removed, or get another handler, while it runs
             running(std::forward<Arguments>(arguments)...);
+        } catch (const PlatformError& failure) {
+            Tell(failure);
         } catch (const std::exception& failure) {
             Fatal(failure);
         }
@@ -158,6 +164,7 @@ private:
         std::size_t place_ = desk_.watched_.size();  ///< before the constructor adds it
     };
 
+    void Tell(const PlatformError& failure);
     void Fatal(const std::exception& failure);
 
     /// With the form brought to the front, and without.

@@ -89,7 +89,8 @@ void ConsolePump::Settle(Tick milliseconds, Desk& desk) {
 bool ConsolePump::TakeTurn(std::optional<Tick> tick) {
     if (virtualClock_ != nullptr) {
         if (const std::optional<Tick> held = heldUntil()) {
-            virtualClock_->AdvanceTo(tick && *tick < *held ? *tick : *held);
+            const Tick end = std::min(*held, tick.value_or(*held));
+            virtualClock_->AdvanceTo(std::min(end, NextPut().value_or(end)));
             return false;
         }
     }

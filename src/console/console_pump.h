@@ -30,7 +30,7 @@ public:
     std::function<Json()> describeTurn;                                ///< the `ready` of this moment
     std::function<void(const std::string& line, bool putAt)> runLine;  ///< one command
     std::function<void()> endOfInput;                                  ///< one step towards the end: close what is open
-    std::function<std::optional<Tick>()> heldUntil;                    ///< a key waits for this tick
+    std::function<std::optional<Tick>()> heldUntil;                    ///< the program itself waits for this tick
 
     void Collect() override;
     void WaitUntil(std::optional<Tick> tick) override;

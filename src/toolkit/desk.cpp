@@ -225,6 +225,11 @@ void Desk::RunPendingUntil(const std::function<bool()>& done) {
     }
 }
 
+void Desk::RunFocusEvents() {
+    while (!frozen_ && RunFocusEvent()) {
+    }
+}
+
 void Desk::RunTimersAndIo() {
     if (frozen_) {
         return;

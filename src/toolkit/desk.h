@@ -83,6 +83,8 @@ struct Desk {
     /// then each source that is signalled, once, then what is due, then one of the operator's events. When nothing else
     /// waits, what has signalled again has one more round; after that it waits for the next call.
     void RunPending();
+    /// The focus events that wait, and nothing else.
+    void RunFocusEvents();
     /// One round without focus events and without what the operator does.
     void RunTimersAndIo();
     /// Runs events until the claim holds: the loop of the program, of a modal form.

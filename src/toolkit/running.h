@@ -6,7 +6,7 @@ namespace tallyhut {
 /// procedure; the desk's Watch is for what a handler may end.
 class Running {
 public:
-    explicit Running(bool& flag) : flag_{flag} { flag_ = true; }
+    explicit Running(bool& flag, bool on = true) : flag_{flag} { flag_ = on; }
     ~Running() { flag_ = false; }
     Running(const Running&) = delete;
     Running& operator=(const Running&) = delete;

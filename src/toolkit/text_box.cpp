@@ -58,6 +58,7 @@ void TextBox::Splice(int start, int length, std::string_view inserted) {
     state_.text = std::move(text);
     Select(start + static_cast<int>(inserted.size()), 0);
     if (changed) {
+        state_.refused = false;
         form.desk.Call(Change);
     }
 }

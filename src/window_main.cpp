@@ -15,6 +15,7 @@
 #include "forms/qt/window_host.h"
 #include "platform/platform_error.h"
 #include "platform/real/real_machine.h"
+#include "platform/real/termination_signals.h"
 
 namespace tallyhut {
 
@@ -26,6 +27,7 @@ int RunWindow(int& argc, char** argv, const Options& options, const std::string&
     QApplication::setWindowIcon(LogoIcon());
     QApplication::setDesktopFileName("tallyhut");
 
+    const TerminationSignals terminations;
     RealMachine machine{options.ports};
     QtPump pump{machine.clock};
     QtDialogs dialogs;
@@ -51,11 +53,15 @@ int RunWindow(int& argc, char** argv, const Options& options, const std::string&
     DesktopLook desktopLook;
     program.look.show = [&desktopLook](WindowLook look) { desktopLook.Show(look); };
     program.look.ShowStored();
-    pump.onTerminate = [&program] {
+    const auto end = [&program] {
         CancelDialogs();
         program.RequestClose();
     };
-    QObject::connect(&application, &QGuiApplication::commitDataRequest, &application, pump.onTerminate);  // a logout
+    const IoSource termination{program.desk, terminations.Number(), [&terminations, &end] {
+                                   terminations.Clear();
+                                   end();
+                               }};
+    QObject::connect(&application, &QGuiApplication::commitDataRequest, &application, end);  // a logout
     try {
         if (options.chooseDirectory) {
             program.ChooseDirectory();

@@ -64,9 +64,10 @@ bool IsUtf8BeyondAscii(std::string_view text) {
 }  // namespace
 
 std::string ToUtf8(std::string_view text) {
-    if (IsUtf8BeyondAscii(text)) {
-        return std::string{text};
-    }
+    return IsUtf8BeyondAscii(text) ? std::string{text} : Latin1ToUtf8(text);
+}
+
+std::string Latin1ToUtf8(std::string_view text) {
     std::string utf8;
     for (const char byte : text) {
         const auto character = static_cast<unsigned char>(byte);

@@ -3,6 +3,8 @@
 #include <array>
 #include <string_view>
 
+#include "forms/text_lengths.h"
+
 namespace tallyhut {
 namespace {
 
@@ -33,13 +35,13 @@ constexpr std::array<FieldLabel, 11> kFieldLabels{{
     {"Soapbox - add any comments you would like to make about the contest):", {kLeft, 5490, kColumn, 240}},
 }};
 
-TextBoxDesign Field(double left, double top, double width, int tabIndex) {
-    return {.place = {left, top, width, kField}, .tabIndex = tabIndex};
+TextBoxDesign Field(double left, double top, double width, int tabIndex, int maxLength) {
+    return {.place = {left, top, width, kField}, .maxLength = maxLength, .tabIndex = tabIndex};
 }
 
 /// A field beside its label in the left column.
 TextBoxDesign LabelledField(double top, int tabIndex) {
-    return Field(kLeft + 1710, top, kColumn - 1710, tabIndex);
+    return Field(kLeft + 1710, top, kColumn - 1710, tabIndex, kLongestAnswer);
 }
 
 constexpr double kCategoryTop = 120;
@@ -89,19 +91,19 @@ Form2::Form2(Desk& owner)
       fraAssisted{*this, "fraAssisted", "Category Assisted:", {kPowerLeft, kAssistedTop, 2100, 1200}},
       OptCatYes{*this, "OptCatYes", "Yes", Below(kPowerLeft, kAssistedTop, 0, 11)},
       optCatNo{*this, "optCatNo", "No", Below(kPowerLeft, kAssistedTop, 1, 12)},
-      Text2{*this, "Text2", Field(kLeft, 3240, kColumn, 13)},
+      Text2{*this, "Text2", Field(kLeft, 3240, kColumn, 13, kLongestDescription)},
       Text5{*this, "Text5", LabelledField(3660, 14)},
       Text6{*this, "Text6", LabelledField(4020, 15)},
       Text7{*this, "Text7", LabelledField(4380, 16)},
       Text8{*this, "Text8", LabelledField(4740, 17)},
       Text10{*this, "Text10", LabelledField(5100, 18)},
-      Text11{*this, "Text11", Field(kLeft, 5760, kColumn, 19)},
+      Text11{*this, "Text11", Field(kLeft, 5760, kColumn, 19, kLongestFileText)},
       Command4{*this, "Command4", "Write Cabrillo File", ButtonAt(kLeft, 6240, kColumn, 20)},
       Frame1{*this, "Frame1", "Your License Class:", {kRight, kClassTop, kColumn, 690}},
       Option1{*this, "Option1", "Novice", Beside(kClassTop, 0, 21)},
       Option2{*this, "Option2", "Technician", Beside(kClassTop, 1, 22)},
       Option3{*this, "Option3", "Other", Beside(kClassTop, 2, 23)},
-      Text1{*this, "Text1", Field(kRight + 3330, 1020, 1170, 24)},
+      Text1{*this, "Text1", Field(kRight + 3330, 1020, 1170, 24, kLongestCall)},
       fraOperatorClass{*this,
                        "fraOperatorClass",
                        "Operator license class if different from call used:",
@@ -116,9 +118,9 @@ Form2::Form2(Desk& owner)
       Option9{*this, "Option9", "Yes", Beside(kClubTop, 0, 30)},
       Option10{*this, "Option10", "No", Beside(kClubTop, 1, 31)},
       fraEquipment{*this, "fraEquipment", "Equipment Desc:", {kRight, kEquipmentTop, kColumn, 1470}},
-      Text3{*this, "Text3", Field(kRight + 1110, 4050, 3240, 32)},
-      Text4{*this, "Text4", Field(kRight + 1110, 4410, 3240, 33)},
-      Text9{*this, "Text9", Field(kRight + 1110, 4770, 1200, 34)},
+      Text3{*this, "Text3", Field(kRight + 1110, 4050, 3240, 32, kLongestDescription)},
+      Text4{*this, "Text4", Field(kRight + 1110, 4410, 3240, 33, kLongestDescription)},
+      Text9{*this, "Text9", Field(kRight + 1110, 4770, 1200, 34, kLongestNumber)},
       Command1{*this, "Command1", "Write Sum File (ASCIISum.txt - old format)", ButtonAt(kRight, 5340, kColumn, 35)},
       Command2{*this, "Command2", "Print Sum Form", ButtonAt(kRight, 5790, kColumn, 36)},
       Command3{*this, "Command3", "Done", ButtonAt(kRight + 2310, 6240, 2190, 37)} {

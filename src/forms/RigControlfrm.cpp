@@ -2,6 +2,8 @@
 
 #include <string_view>
 
+#include "forms/text_lengths.h"
+
 namespace tallyhut {
 namespace {
 
@@ -104,9 +106,19 @@ RigControlfrm::RigControlfrm(Desk& owner)
       OptDont{*this, "OptDont", "Don't Use", kModeBy.Cell(2, 80)},
       chkFrequency{*this, "chkFrequency", "Use Frequency", {.place = {4200, 2310, 2100, 270}, .tabIndex = 65}},
       lblFreqString{*this, "lblFreqString", "String to read frequency", {.place = {kLeft, kStrings, 2700, 240}}},
-      txtFreq{*this, "txtFreq", {.place = {kLeft, kStrings + 240, 2700, 330}, .tabIndex = 90, .refusesPaste = "\""}},
+      txtFreq{*this,
+              "txtFreq",
+              {.place = {kLeft, kStrings + 240, 2700, 330},
+               .maxLength = kLongestDescription,
+               .tabIndex = 90,
+               .refusesPaste = "\""}},
       lblModeString{*this, "lblModeString", "String to read mode", {.place = {4800, kStrings, 2700, 240}}},
-      txtMode{*this, "txtMode", {.place = {4800, kStrings + 240, 2700, 330}, .tabIndex = 91, .refusesPaste = "\""}},
+      txtMode{*this,
+              "txtMode",
+              {.place = {4800, kStrings + 240, 2700, 330},
+               .maxLength = kLongestDescription,
+               .tabIndex = 91,
+               .refusesPaste = "\""}},
       chkConvToHex{*this,
                    "chkConvToHex",
                    "Convert to Hex",

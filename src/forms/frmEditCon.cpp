@@ -4,6 +4,7 @@
 #include <string_view>
 
 #include "forms/refused_paste.h"
+#include "forms/text_lengths.h"
 
 namespace tallyhut {
 namespace {
@@ -21,9 +22,10 @@ constexpr double RowTop(int position) {
     return kFirstRow + (position - 1) * kRow;
 }
 
-/// Without a longest length: a text that is longer than usual must come back as it was.
+/// A text that is longer than usual must come back as it was.
 TextBoxDesign Field(int position, double width, std::string refusesPaste = std::string{kDoubleQuote}) {
     return {.place = {1440, RowTop(position), width, 330},
+            .maxLength = kLongestFileText,
             .tabIndex = position,
             .fontSize = 11,
             .refusesPaste = std::move(refusesPaste)};

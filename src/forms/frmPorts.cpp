@@ -1,5 +1,7 @@
 #include "forms/frmPorts.h"
 
+#include "forms/text_lengths.h"
+
 namespace tallyhut {
 namespace {
 
@@ -29,7 +31,9 @@ frmPorts::frmPorts(Desk& owner)
       lblDevices{*this, "lblDevices", "&Devices found:", Heading(3270, kWidth)},
       lstDevices{*this, "lstDevices", {.place = {kLeft, 3540, kWidth, 1320}, .tabIndex = 2}},
       lblDevice{*this, "lblDevice", "", Heading(5040, 1800)},
-      txtDevice{*this, "txtDevice", {.place = {2040, 4980, 6780, 330}, .tabIndex = 3, .fontSize = 11}},
+      txtDevice{*this,
+                "txtDevice",
+                {.place = {2040, 4980, 6780, 330}, .maxLength = kLongestPath, .tabIndex = 3, .fontSize = 11}},
       lblNote{*this, "lblNote", "", {.place = {kLeft, 5430, kWidth, 660}}},
       cmdUse{*this, "cmdUse", "&Use for This Port", Command(kLeft, 4, "Stores the device for the port selected above")},
       cmdLook{*this, "cmdLook", "&Look Again", Command(1980, 5, "Looks for devices that have been plugged in")},

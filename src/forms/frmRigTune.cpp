@@ -5,6 +5,7 @@
 
 #include "contest/bands.h"
 #include "forms/refused_paste.h"
+#include "forms/text_lengths.h"
 
 namespace tallyhut {
 namespace {
@@ -18,6 +19,7 @@ constexpr std::array<std::string_view, 5> kTuneCaptions{"10 Hz", "1 MHz", "5 KHz
 
 TextBoxDesign Frequency(double left, double top, int tabIndex) {
     return {.place = {left, top, 1500, 360},
+            .maxLength = kLongestNumber,
             .tabIndex = tabIndex,
             .fontSize = 11,
             .refusesPaste = EverythingBut("./0123456789")};

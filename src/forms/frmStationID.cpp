@@ -4,6 +4,7 @@
 #include <string_view>
 
 #include "forms/refused_paste.h"
+#include "forms/text_lengths.h"
 
 namespace tallyhut {
 namespace {
@@ -21,15 +22,17 @@ constexpr double RowTop(int position) {
     return kFirstRow + (position - 1) * kRow;
 }
 
-TextBoxDesign Field(int position, double width) {
-    return {.place = {kFieldLeft, RowTop(position), width, 330}, .tabIndex = position, .fontSize = 11};
+TextBoxDesign Field(int position, double width, int maxLength = kLongestExchangePart) {
+    return {.place = {kFieldLeft, RowTop(position), width, 330},
+            .maxLength = maxLength,
+            .tabIndex = position,
+            .fontSize = 11};
 }
 
 /// Six characters hold every offset of the world, such as -12.75, and no number of hours that would carry a date out of
 /// the calendar.
 TextBoxDesign OffsetField(int position) {
-    TextBoxDesign field = Field(position, 900);
-    field.maxLength = 6;
+    TextBoxDesign field = Field(position, 900, 6);
     field.refusesPaste = EverythingBut("-./0123456789");
     return field;
 }
@@ -48,7 +51,7 @@ frmStationID::frmStationID(Desk& owner)
                                                   kFieldCaptions.at(static_cast<std::size_t>(i - 1)),
                                                   LabelDesign{.place = {180, RowTop(i) + kLabelDrop, 2520, 240}});
                }},
-      Text1{*this, "Text1", Field(1, 1740)},
+      Text1{*this, "Text1", Field(1, 1740, kLongestCall)},
       Text3{*this, "Text3", Field(2, 480)},
       lblPrecHint{*this, "lblPrecHint", "(Q, A, B, U, M, or S)", Hint(2)},
       Text4{*this, "Text4", Field(3, 600)},

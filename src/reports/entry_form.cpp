@@ -133,7 +133,7 @@ void EntryForm::Command4_Click() {
     const FileRequest request = SaveRequest(directories, "LOG Files (*.log) | *.log",
                                             CallToFileStem(Trim(contest.preferences.gOwnCall)) + ".log");
     try {
-        const std::optional<std::string> path = desk.dialogs.SaveFile(request);
+        const std::optional<std::string> path = ChosenPath(desk.dialogs, directories, request);
         if (!path) {
             return;
         }

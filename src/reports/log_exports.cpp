@@ -42,7 +42,7 @@ void LogExports::expADIF_Click() {
     const std::string comment = desk.dialogs.Show(kCommentBox);
     const FileRequest request = SaveRequest(directories, "ADIF Files (*.adi) | *.adi", "Tallyhut.adi");
     try {
-        const std::optional<std::string> path = desk.dialogs.SaveFile(request);
+        const std::optional<std::string> path = ChosenPath(desk.dialogs, directories, request);
         if (!path) {
             return;
         }

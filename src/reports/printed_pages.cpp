@@ -4,20 +4,31 @@
 
 namespace tallyhut {
 
+void PageBreaker::EndPage() {
+    pages_.emplace_back();
+    headDue_ = true;
+}
+
 void PageBreaker::Item(const std::vector<std::string>& lines) {
-    PrintedPage& page = pages_.back();
-    if (headDue_) {
-        page = head_;
-        headDue_ = false;
+    if (!headDue_ && !HasRoomFor(lines.size())) {
+        EndPage();
     }
-    page.insert(page.end(), lines.begin(), lines.end());
-    if (page.size() >= linesPerPage_) {
-        pages_.emplace_back();
-        headDue_ = true;
+    for (const std::string& line : lines) {
+        if (headDue_) {
+            pages_.back() = head_;
+            headDue_ = false;
+        }
+        pages_.back().push_back(line);
+        if (!HasRoomFor(1)) {
+            EndPage();
+        }
     }
 }
 
 void PageBreaker::Tail(const std::vector<std::string>& lines) {
+    if (!HasRoomFor(lines.size())) {
+        pages_.emplace_back();
+    }
     pages_.back().insert(pages_.back().end(), lines.begin(), lines.end());
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -24,6 +25,13 @@ inline FileRequest SaveRequest(const Directories& directories, std::string_view 
             .folder = directories.WorkingDirectory,
             .name = WorkingFile(directories, name),
             .overwritePrompt = true};
+}
+
+/// Where the operator wants the file; none when the dialog was cancelled.
+inline std::optional<std::string> ChosenPath(Dialogs& dialogs, const Directories& directories,
+                                             const FileRequest& request) {
+    const std::optional<std::string> answer = dialogs.SaveFile(request);
+    return answer ? std::optional(WholePath(directories, *answer)) : std::nullopt;
 }
 
 /// What else is to be said stands behind the path's full stop.

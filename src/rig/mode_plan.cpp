@@ -19,9 +19,9 @@ constexpr std::array<std::string_view, 3> kLowerSideband{"80", "60", "40"};
 std::vector<BandPlanRow> ModePlanOf(std::string_view text) {
     BandPlan plan;
     try {
-        ReadBandPlan(text, plan);
+        plan = ReadBandPlan(text);
     } catch (const ValueError&) {
-        // The records before the damaged one stand.
+        // An empty file is no plan.
     }
     std::erase_if(plan.rows, [](const BandPlanRow& row) { return row.Class != kWidestClass; });
     plan.rows.resize(std::min(plan.rows.size(), kMostRows));

@@ -16,4 +16,9 @@ inline std::string WorkingFile(const Directories& directories, const std::string
     return directories.WorkingDirectory + '/' + name;
 }
 
+/// A path that the operator has given: a relative one begins in the working directory. Empty stays empty.
+inline std::string WholePath(const Directories& directories, const std::string& path) {
+    return path.empty() || path.starts_with('/') ? path : WorkingFile(directories, path);
+}
+
 }  // namespace tallyhut

@@ -172,6 +172,7 @@ void Control::SetChosen(bool chosen) {
     Touch();
     if (kind == ControlKind::CheckBox) {
         form.desk.Call(Click);
+        return;
     }
     if (kind != ControlKind::Option || !chosen) {
         return;

@@ -2,7 +2,8 @@
 
 namespace tallyhut {
 
-/// Sets a flag for the length of a procedure, also when the program ends inside it.
+/// Sets a flag for the length of a procedure, also when the program ends inside it. Whose flag it is must outlive the
+/// procedure; the desk's Watch is for what a handler may end.
 class Running {
 public:
     explicit Running(bool& flag) : flag_{flag} { flag_ = true; }

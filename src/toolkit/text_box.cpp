@@ -52,10 +52,10 @@ int TextBox::Caret() const {
 }
 
 void TextBox::Splice(int start, int length, std::string_view inserted) {
-    std::string text = state_.text;
-    text.replace(static_cast<std::size_t>(start), static_cast<std::size_t>(length), inserted);
-    const bool changed = text != state_.text;
-    state_.text = std::move(text);
+    const auto at = static_cast<std::size_t>(start);
+    const auto count = static_cast<std::size_t>(length);
+    const bool changed = std::string_view{state_.text}.substr(at, count) != inserted;
+    state_.text.replace(at, count, inserted);  // in place: a long text costs a key no more than a short one
     Select(start + static_cast<int>(inserted.size()), 0);
     if (changed) {
         state_.refused = false;

@@ -19,11 +19,12 @@ struct BandPlanRow {
 
 struct BandPlan {
     std::string effective;  ///< since when the frequencies hold, as the file words it
-    std::vector<BandPlanRow> rows;
+    std::vector<BandPlanRow> rows = {};
 };
 
-/// Reads the text of BandPlan.txt: the date, then records of five fields, taken field by field. A record that cannot be
-/// taken whole throws ValueError and leaves in the plan what stands before it.
-void ReadBandPlan(std::string_view text, BandPlan& plan);
+/// Reads the text of BandPlan.txt: the date, then records of five fields, taken field by field. A line with a damaged
+/// record is passed over: a field that cannot be taken or is no number, or a record that takes the first fields of the
+/// next line. Throws ValueError when there is no date.
+BandPlan ReadBandPlan(std::string_view text);
 
 }  // namespace tallyhut

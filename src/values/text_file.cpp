@@ -96,9 +96,14 @@ void FieldReader::SkipBlanks() {
     rest_.remove_prefix(std::min(rest_.find_first_not_of(' '), rest_.size()));
 }
 
-void FieldReader::RefuseLine(std::string_view why) {
+void FieldReader::PassLine() {
+    isBehindComma_ = false;
     rest_.remove_prefix(std::min(rest_.find_first_of(kLineEnds), rest_.size()));
     PassLineEnd();
+}
+
+void FieldReader::RefuseLine(std::string_view why) {
+    PassLine();
     RefuseValue(why);
 }
 

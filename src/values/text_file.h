@@ -41,6 +41,8 @@ public:
     std::size_t Line() const { return line_; }
 
     std::string Take();
+    /// Passes over the next field and what stands behind it on its line.
+    void PassLine();
 
     // A field that is numeric, quoted or bare, halves to the even whole number. They throw ValueError with the line
     // when it is not numeric, an empty one included, or beyond the range of the type; the field is taken in either

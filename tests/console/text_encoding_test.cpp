@@ -18,6 +18,10 @@ TEST(TextEncoding, APathThatIsUtf8IsShownAsItStands) {
     EXPECT_EQ(ToUtf8("/home/j\xC3\xB6rg"), "/home/j\xC3\xB6rg");
 }
 
+TEST(TextEncoding, WhatOtherProgramsGetIsNeverTakenForUtf8) {
+    EXPECT_EQ(Latin1ToUtf8("j\xC3\xB6rg\r\n"), "j\xC3\x83\xC2\xB6rg\r\n");
+}
+
 TEST(TextEncoding, WhatIsBeyondLatin1OrNoUtf8IsDropped) {
     for (const char* text :
          {"a\xE2\x82\xAC", "a\xF0\x9F\x98\x80", "a\xFF", "a\xC3", "a\xC0\x80", "a\xED\xA0\x80", "a\xE2\x82"}) {

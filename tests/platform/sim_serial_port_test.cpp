@@ -46,6 +46,25 @@ TEST_F(SimSerialPort, WritesAreRecordedWithTheirMoments) {
     EXPECT_EQ(port.TakeSent(), "");
 }
 
+TEST_F(SimSerialPort, RecordOfDaysKeepsTheLatestAndDoesNotGrow) {
+    const std::size_t kept = sim::SerialLine::kKept;
+    port.Open();
+    for (int poll = 1; poll <= 100'000; ++poll) {
+        port.Write(std::to_string(poll) + ';');
+        port.SetRts(poll % 2 == 0);
+        ASSERT_LE(line.written.size(), 2 * kept);
+        ASSERT_LE(line.levels.size(), 2 * kept);
+    }
+    ASSERT_GE(line.written.size(), kept);
+    EXPECT_EQ(line.written.back().bytes, "100000;");
+    EXPECT_EQ(line.written.at(line.written.size() - kept).bytes, std::to_string(100'000 - kept + 1) + ';');
+    port.TakeSent();
+    for (std::size_t poll = 0; poll < 2 * kept; ++poll) {
+        port.Write("x");
+        ASSERT_EQ(port.TakeSent(), "x");
+    }
+}
+
 TEST_F(SimSerialPort, BytesThatArriveAreReadOnce) {
     port.Open();
     port.Receive(std::string_view{"FA\0;", 4});

@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+
 #include "tests/reports/report_fixture.h"
 
 namespace tallyhut {
@@ -87,6 +89,17 @@ TEST(DupeSheet, TotalsBehindAFullPageStandOnAPageWithoutAHead) {
 TEST(DupeSheet, EmptyLogPrintsTheTotalsAlone) {
     EXPECT_EQ(DupePages({}, 0, CwStation()),
               (std::vector<PrintedPage>{{"", "   Total Contacts 0   Total Sections 0  Total Score 0"}}));
+}
+
+TEST(DupeSheet, NoPageIsLongerThanToldHoweverManyCalls) {
+    for (std::size_t calls = 0; calls <= 110; ++calls) {
+        std::size_t lines = 0;
+        for (const PrintedPage& page : DupePages(Lines(calls, "W1AA"), 1, CwStation())) {
+            EXPECT_LE(page.size(), 56U) << calls;
+            lines += static_cast<std::size_t>(std::ranges::count(page, "    W1AA"));
+        }
+        EXPECT_EQ(lines, calls);
+    }
 }
 
 }  // namespace

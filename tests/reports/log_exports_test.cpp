@@ -82,6 +82,17 @@ TEST_F(LogExportsTest, PathThatCannotBeOpenedIsTold) {
               "message \"Unable to write file.\" \"/nowhere/out.adi: No such file or directory\" OK Exclamation");
 }
 
+TEST_F(LogExportsTest, RelativeNameMeansTheContestsFolder) {
+    files.SetCurrentFolder("/elsewhere");
+    StartWith({Worked("W1XX")});
+    ExportAdif("100", "x", "out.adi");
+    EXPECT_TRUE(Content("out.adi").starts_with("ADIF Export from"));
+    EXPECT_FALSE(files.FileExists("/elsewhere/out.adi"));
+    EXPECT_NE(dialogs.boxes.back().find("/contest/out.adi."), std::string::npos) << dialogs.boxes.back();
+    ExportAdif("100", "x", "Log.txt");
+    EXPECT_EQ(LogOnDisk(), LogText({Worked("W1XX")}));
+}
+
 TEST_F(LogExportsTest, LogItselfIsNotWrittenOver) {
     StartWith({Worked("W1XX")});
     ExportAdif("100", "x", kLogPath);

@@ -140,5 +140,21 @@ TEST(MergedLog, PageEndsAt56Lines) {
     EXPECT_EQ(LogReportPages(Merged(std::vector<Contact>(47, Usual()), ""), CwStation()).size(), 1U);
 }
 
+TEST(MergedLog, TimeRecordWithoutRoomStandsWholeOnTheNextPage) {
+    for (std::size_t contacts = 40; contacts <= 50; ++contacts) {
+        const auto pages = LogReportPages(
+            Merged(std::vector<Contact>(contacts, Usual()), "0,\"2026/11/08\",\"21:00:00\",\"00:30:00\"\r\n"),
+            CwStation());
+        for (const PrintedPage& page : pages) {
+            EXPECT_LE(page.size(), 56U) << contacts;
+        }
+        const PrintedPage& last = pages.back();
+        ASSERT_GE(last.size(), 3U) << contacts;
+        EXPECT_EQ(last.at(last.size() - 3), "") << contacts;
+        EXPECT_TRUE(last.at(last.size() - 2).starts_with("  Logged OFF at ")) << contacts;
+        EXPECT_EQ(last.back(), "") << contacts;
+    }
+}
+
 }  // namespace
 }  // namespace tallyhut

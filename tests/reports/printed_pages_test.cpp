@@ -22,11 +22,27 @@ TEST(PageBreaker, FullLastPageIsFollowedByNone) {
     EXPECT_EQ(breaker.Pages(), (std::vector<PrintedPage>{{"head", "a"}}));
 }
 
-TEST(PageBreaker, LinesOfAnItemStayTogether) {
+TEST(PageBreaker, ItemWithoutRoomGoesToTheNextPageWhole) {
+    PageBreaker breaker{{"head"}, 5};
+    breaker.Item({"a"});
+    breaker.Item({"b"});
+    breaker.Item({"c", "d", "e"});
+    breaker.Item({"f"});
+    EXPECT_EQ(breaker.Pages(), (std::vector<PrintedPage>{{"head", "a", "b"}, {"head", "c", "d", "e", "f"}}));
+}
+
+TEST(PageBreaker, ItemThatFillsThePageStaysOnIt) {
+    PageBreaker breaker{{"head"}, 4};
+    breaker.Item({"a", "b", "c"});
+    breaker.Item({"d"});
+    EXPECT_EQ(breaker.Pages(), (std::vector<PrintedPage>{{"head", "a", "b", "c"}, {"head", "d"}}));
+}
+
+TEST(PageBreaker, ItemThatNoPageTakesIsBroken) {
     PageBreaker breaker{{"head"}, 3};
     breaker.Item({"a"});
     breaker.Item({"b", "c", "d"});
-    EXPECT_EQ(breaker.Pages(), (std::vector<PrintedPage>{{"head", "a", "b", "c", "d"}}));
+    EXPECT_EQ(breaker.Pages(), (std::vector<PrintedPage>{{"head", "a"}, {"head", "b", "c"}, {"head", "d"}}));
 }
 
 TEST(PageBreaker, TailBehindAFullPageHasNoHead) {
@@ -34,6 +50,13 @@ TEST(PageBreaker, TailBehindAFullPageHasNoHead) {
     breaker.Item({"a"});
     breaker.Tail({"total"});
     EXPECT_EQ(breaker.Pages(), (std::vector<PrintedPage>{{"head", "a"}, {"total"}}));
+}
+
+TEST(PageBreaker, TailWithoutRoomHasAPageOfItsOwn) {
+    PageBreaker breaker{{"head"}, 3};
+    breaker.Item({"a"});
+    breaker.Tail({"", "total"});
+    EXPECT_EQ(breaker.Pages(), (std::vector<PrintedPage>{{"head", "a"}, {"", "total"}}));
 }
 
 TEST(PrintPages, OneDocumentWithItsFirstLineLarge) {

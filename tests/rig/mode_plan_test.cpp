@@ -61,11 +61,10 @@ TEST(ModePlan, HoldsTwoHundredRows) {
     EXPECT_EQ(plan.back().Low, 199.0F);
 }
 
-TEST(ModePlan, DamagedRecordEndsIt) {
+TEST(ModePlan, DamagedRecordIsLeftOut) {
     EXPECT_EQ(
-        ModePlanOf("now\r\n\"80\",\"E\",\"CW\",3.5,3.6\r\n\"80\",\"E\",\"PH\",?,4\r\n\"40\",\"E\",\"CW\",7,7.1\r\n")
-            .size(),
-        1U);
+        ModePlanOf("now\r\n\"80\",\"E\",\"CW\",3.5,3.6\r\n\"80\",\"E\",\"PH\",?,4\r\n\"40\",\"E\",\"CW\",7,7.1\r\n"),
+        (std::vector<BandPlanRow>{{"80", "E", "CW", 3.5F, 3.6F}, {"40", "E", "CW", 7.0F, 7.1F}}));
     EXPECT_TRUE(ModePlanOf("").empty());
 }
 

@@ -1,3 +1,5 @@
+#include <utility>
+
 #include "tests/toolkit/toolkit_fixture.h"
 
 namespace tallyhut {
@@ -319,6 +321,26 @@ TEST_F(TextBoxTest, KeysEditManyLines) {
         PressAll(*this, row.keys);
         EXPECT_EQ(Shown(box), row.after) << row.before << " and " << row.keys;
     }
+}
+
+TEST_F(TextBoxTest, AKeyInALongTextCostsNoMoreThanInAShortOne) {
+    TextBox box{form, "box", {}};
+    Begin(box, "");
+    constexpr int kKeys = 200'000;
+    int copies = 0;  // of the whole text: each has its own place in memory
+    const char* place = box.Text().data();
+    const auto look = [&] { copies += std::exchange(place, box.Text().data()) != place ? 1 : 0; };
+    for (int key = 0; key < kKeys; ++key) {
+        Type("x");
+        look();
+    }
+    EXPECT_EQ(box.Text().size(), std::size_t{kKeys});
+    for (int key = 0; key < kKeys; ++key) {
+        box.Backspace();
+        look();
+    }
+    EXPECT_EQ(box.Text(), "");
+    EXPECT_LT(copies, 40);
 }
 
 }  // namespace

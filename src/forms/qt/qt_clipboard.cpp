@@ -12,7 +12,7 @@ std::string QtClipboard::Text() const {
 }
 
 void QtClipboard::SetText(const std::string& text) {
-    QGuiApplication::clipboard()->setText(ToQt(text));
+    QGuiApplication::clipboard()->setText(Latin1ToQt(text));
 }
 
 }  // namespace tallyhut

@@ -69,6 +69,10 @@ QString ToQt(std::string_view bytes) {
     return ShownText{bytes}.Text();
 }
 
+QString Latin1ToQt(std::string_view bytes) {
+    return QString::fromLatin1(bytes.data(), static_cast<qsizetype>(bytes.size()));
+}
+
 std::string FromQt(const QString& text) {
     std::string bytes;
     for (const QChar character : text) {

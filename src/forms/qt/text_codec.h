@@ -28,6 +28,10 @@ private:
 
 QString ToQt(std::string_view bytes);
 
+/// Each byte as the Latin-1 character that it is, line ends too: for text that goes to other programs, where FromQt
+/// gives the same bytes back.
+QString Latin1ToQt(std::string_view bytes);
+
 /// To Latin-1, leaving out what is not.
 std::string FromQt(const QString& text);
 

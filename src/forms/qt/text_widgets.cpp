@@ -93,7 +93,7 @@ void TextMouse::DragTo(int position) {
 void TextMouse::Release() {
     const std::string selected = box_.SelectedText();
     if (anchor_ && !selected.empty()) {
-        QGuiApplication::clipboard()->setText(ToQt(selected), QClipboard::Selection);
+        QGuiApplication::clipboard()->setText(Latin1ToQt(selected), QClipboard::Selection);
     }
     anchor_.reset();
 }
@@ -159,9 +159,10 @@ QSize FieldWidget::minimumSizeHint() const {
 QSize FieldWidget::Needed(int /*width*/) const {
     constexpr int kEdges = 4;
     constexpr int kSome = 3;
-    constexpr int kFewest = 2;
+    constexpr int kFewest = 2;  // of a text that may be longer than any field
+    constexpr int kShort = 12;
     const int limit = box_.State().maxLength;
-    const int characters = limit > 0 ? std::min(limit, kSome) : kFewest;
+    const int characters = limit > 0 && limit <= kShort ? std::min(limit, kSome) : kFewest;
     const QMargins margins = textMargins();
     const int inside = fontMetrics().horizontalAdvance('W') * characters;
     return {inside + margins.left() + margins.right(), fontMetrics().height() + kEdges};

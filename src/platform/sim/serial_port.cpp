@@ -60,8 +60,23 @@ void SerialLine::Close() {
     }
 }
 
+void SerialLine::Record(Written bytes) {
+    if (written.size() == 2 * kKept) {
+        written.erase(written.begin(), written.begin() + kKept);
+        taken_ -= std::min(taken_, kKept);
+    }
+    written.push_back(std::move(bytes));
+}
+
+void SerialLine::Record(Level level) {
+    if (levels.size() == 2 * kKept) {
+        levels.erase(levels.begin(), levels.begin() + kKept);
+    }
+    levels.push_back(level);
+}
+
 void SerialLine::Take(std::string_view bytes) {
-    written.push_back({.at = clock.TickMs(), .bytes = std::string{bytes}});
+    Record(Written{.at = clock.TickMs(), .bytes = std::string{bytes}});
     if (holding) {
         outputCount += static_cast<int>(bytes.size());
     }
@@ -139,7 +154,7 @@ void SerialPort::SetLevel(ControlLine line, bool on) {
         return;
     }
     level = on;
-    Line().levels.push_back({.at = Line().clock.TickMs(), .line = line, .on = on});
+    Line().Record(SerialLine::Level{.at = Line().clock.TickMs(), .line = line, .on = on});
     ports_.onLevel(setup_.number, line, on);
 }
 

@@ -16,11 +16,14 @@ namespace tallyhut::sim {
 enum class ControlLine { Dtr, Rts };
 
 /// The cable of one port number and what hangs on it: records what the program does, whichever object does it, and
-/// plays what a test arranges.
+/// plays what a test arranges. The record holds the latest, as many as kKept at least and twice that at most, so that a
+/// console that runs for days does not grow.
 struct SerialLine {
     explicit SerialLine(const tallyhut::Clock& machineClock) : clock{machineClock} {}
 
     const tallyhut::Clock& clock;
+
+    static constexpr std::size_t kKept = 4'096;
 
     // What the program has done.
     bool isOpen = false;
@@ -44,7 +47,7 @@ struct SerialLine {
     };
     std::vector<Level> levels;  ///< each change while open, and at an opening what was set before
 
-    /// All bytes written since the last call.
+    /// All bytes written since the last call that are still kept.
     std::string TakeSent();
 
     // What a test arranges.
@@ -79,6 +82,8 @@ private:
     void Open(const SerialSetup& setup);
     void Close();
     void Take(std::string_view bytes);
+    void Record(Written bytes);
+    void Record(Level level);
     std::string Deliver();
     bool IsDead() const { return !plugged_ || hungUp_; }
 

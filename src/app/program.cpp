@@ -10,7 +10,7 @@ namespace tallyhut {
 namespace {
 
 constexpr const char* kProgramTitle = "Tallyhut Log";
-constexpr const char* kTimeNotSaved = "The operating time could not be saved. ";
+constexpr const char* kTimeNotSaved = "Not all of the operating time could be saved. ";
 
 /// In which order the forms are listed, and unloaded at the end.
 constexpr std::array<std::string_view, 12> kFormOrder{

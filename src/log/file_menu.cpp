@@ -90,10 +90,7 @@ void FileMenu::StartNewLog() {
 void FileMenu::BeginAnew() {
     const OperatingTime::Seconds before = time.Reset();
     try {
-        if (!guard.Empty()) {
-            time.PutBack(before);
-            return;
-        }
+        guard.Empty();
     } catch (const LogWriteError&) {
         time.PutBack(before);
         throw;

@@ -68,8 +68,13 @@ void LogGuard::Rewrite() {
     }
 }
 
-bool LogGuard::Empty() {
-    return Change([this] { file.Empty(); });
+void LogGuard::Empty() {
+    const std::optional<FileMark> found = file.files.Mark(file.Path());
+    if (found != file.mark) {
+        KeepInMemory();
+        file.mark = found;
+    }
+    Change([this] { file.Empty(); });
 }
 
 bool LogGuard::Change(const std::function<void()>& change) {
@@ -105,6 +110,9 @@ void LogGuard::TellOfOtherHand() {
 }
 
 std::string LogGuard::KeepInMemory() try {
+    if (contest.log.gContactCount == 0) {
+        return "This program holds no contacts.";
+    }
     const std::string path = FreeName(file.files, WorkingFile(file.directories, kRecoveredStem), ".txt");
     file.files.Replace(path, LogText(contest.log));
     const std::string count = PlainText(contest.log.gContactCount);

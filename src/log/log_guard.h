@@ -21,11 +21,12 @@ struct LogGuard {
     /// written. Throws LogWriteError, and UnconfirmedError behind a change that was made; memory then holds what the
     /// disk does.
     void Rewrite();
-    /// Empties the log, with the failures of Rewrite; false where another hand has changed it.
-    bool Empty();
+    /// Empties the log, with the failures of Rewrite. Where another hand has changed it, the contacts of this program
+    /// are written beside it first: they may stand nowhere else.
+    void Empty();
 
 private:
-    /// Runs a change of the whole file; false where another hand has changed it.
+    /// Runs a change of the whole file; false where another hand has changed it, which has been told.
     bool Change(const std::function<void()>& change);
     void TellOfOtherHand();
     std::string KeepInMemory();

@@ -4,6 +4,7 @@
 
 #include "app/program.h"
 #include "forms/qt/desktop_look.h"
+#include "forms/qt/dialog_loop.h"
 #include "forms/qt/logo_layout.h"
 #include "forms/qt/program_style.h"
 #include "forms/qt/qt_clipboard.h"
@@ -14,6 +15,7 @@
 #include "forms/qt/window_host.h"
 #include "platform/platform_error.h"
 #include "platform/real/real_machine.h"
+#include "platform/real/termination_signals.h"
 
 namespace tallyhut {
 
@@ -25,6 +27,7 @@ int RunWindow(int& argc, char** argv, const Options& options, const std::string&
     QApplication::setWindowIcon(LogoIcon());
     QApplication::setDesktopFileName("tallyhut");
 
+    const TerminationSignals terminations;
     RealMachine machine{options.ports};
     QtPump pump{machine.clock};
     QtDialogs dialogs;
@@ -45,11 +48,20 @@ int RunWindow(int& argc, char** argv, const Options& options, const std::string&
                     workingDirectory};
     dialogs.Bind(program.desk);
     printer.Bind(program.desk);
+    printer.folder = [&program] { return program.supportPart.directories.WorkingDirectory; };
     WindowHost host{program.desk, pump};
     DesktopLook desktopLook;
     program.look.show = [&desktopLook](WindowLook look) { desktopLook.Show(look); };
     program.look.ShowStored();
-    pump.onTerminate = [&program] { program.RequestClose(); };
+    const auto end = [&program] {
+        CancelDialogs();
+        program.RequestClose();
+    };
+    const IoSource termination{program.desk, terminations.Number(), [&terminations, &end] {
+                                   terminations.Clear();
+                                   end();
+                               }};
+    QObject::connect(&application, &QGuiApplication::commitDataRequest, &application, end);  // a logout
     try {
         if (options.chooseDirectory) {
             program.ChooseDirectory();

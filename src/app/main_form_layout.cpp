@@ -54,13 +54,16 @@ void MainFormLayout::LayOutMainForm() {
 
 void MainFormLayout::mnuFormSize_Click() {
     Dialogs& dialogs = form1.desk.dialogs;
-    const std::string answer = dialogs.Show(
+    const std::optional<std::string> answer = dialogs.Ask(
         InputBox{.title = "Please enter screen percentage.",
                  .text = "Enter the % of the screen you would like the form to cover.  Try between 90 and 100 for best "
                          "results.  Values below 75 do not display well.",
                  .preset = PlainText(preferences.gFormScale)});
-    const std::optional<double> percent = ParseNumber(answer);
-    if (!percent) {  // Cancel too: its empty text is no number
+    if (!answer) {
+        return;
+    }
+    const std::optional<double> percent = ParseNumber(*answer);
+    if (!percent) {
         dialogs.Show(kNotNumericBox);
         return;
     }

@@ -10,12 +10,17 @@ namespace tallyhut {
 namespace {
 
 constexpr const char* kProgramTitle = "Tallyhut Log";
+constexpr const char* kTimeNotSaved = "The operating time could not be saved. ";
 
 /// In which order the forms are listed, and unloaded at the end.
 constexpr std::array<std::string_view, 12> kFormOrder{
     "Form1",    "frmSplash", "frmQ7ZZQLogo", "frmEditCon",    "frmStationID", "Form2",
     "frmPorts", "Form5",     "Form6",        "RigControlfrm", "frmRigTune",   "frmFrequencyTest",
 };
+
+std::string AlreadyRunning(const std::string& folder) {
+    return "Another Tallyhut Log is already running in the folder " + folder + ".";
+}
 
 }  // namespace
 
@@ -50,6 +55,8 @@ Program::Program(const Machine& lent, const std::string& workingDirectory)
 void Program::Connect() {
     Form1& form1 = logPart.form1;
     desk.onFatal = [this](const std::exception& failure) { TellFatal(failure); };
+    desk.onFailure = [this](const PlatformError& failure) { TellFailure(failure.what()); };
+    logPart.logFile.holdFolder = [this] { HoldFolder(); };
     splash.Form_Load = [this] { frmSplash_Load(); };
     logo.Timer1.Elapsed = [this] { logo.Unload(); };
     form1.Form_Load = [this] { startUp.Form1_Load(); };
@@ -109,8 +116,7 @@ void Program::RequestClose() {
 
 /// Leaves at once: no form unloads, and no backup is made by this door.
 void Program::mnuExit_Click() {
-    logPart.time.CloseAtExit(true);
-    desk.pump.EndProgram(0);
+    EndWithTime(true);
 }
 
 void Program::Form1_Unload() {
@@ -120,7 +126,16 @@ void Program::Form1_Unload() {
         }
     }
     logPart.copies.Backup();
-    logPart.time.CloseAtExit(false);
+    EndWithTime(false);
+}
+
+/// Who wants to leave is not kept here by a disk that is full, but hears what it has cost.
+void Program::EndWithTime(bool withTotal) {
+    try {
+        logPart.time.CloseAtExit(withTotal);
+    } catch (const PlatformError& failure) {
+        EndForFailure(kTimeNotSaved + std::string{failure.what()} + WhatIsSafe());
+    }
     desk.pump.EndProgram(0);
 }
 
@@ -134,8 +149,26 @@ void Program::ClaimFolder() {
         EndForFailure(std::string{"The log cannot be kept here. "} + failure.what());
     }
     if (!folderLock_) {
-        EndForFailure("Another Tallyhut Log is already running in the folder " + folder + ".");
+        EndForFailure(AlreadyRunning(folder));
     }
+    machine.files.RemoveLeftovers(folder);
+}
+
+/// The lock follows the folder that is written to: another one may stand at its path by now.
+void Program::HoldFolder() {
+    const std::string& folder = supportPart.directories.WorkingDirectory;
+    if (folderLock_->StillHolds()) {
+        return;
+    }
+    std::unique_ptr<Files::FolderLock> lock = machine.files.Lock(folder);
+    if (!lock) {
+        throw PlatformError{AlreadyRunning(folder)};
+    }
+    folderLock_ = std::move(lock);
+}
+
+void Program::TellFailure(const std::string& text) {
+    machine.dialogs.Show({.title = kProgramTitle, .text = text, .buttons = Buttons::OK, .icon = Icon::Exclamation});
 }
 
 void Program::EndForFailure(const std::string& text) {
@@ -144,14 +177,21 @@ void Program::EndForFailure(const std::string& text) {
     desk.pump.EndProgram(1);
 }
 
+/// The operating time first, as far as that can be done, so that one box says all.
 void Program::TellFatal(const std::exception& failure) {
+    std::string text = std::string{"The program must end.\n\n"} + failure.what();
+    try {
+        logPart.time.CloseAtExit(false);
+    } catch (const PlatformError& unsaved) {
+        text += "\n\n" + std::string{kTimeNotSaved} + unsaved.what();
+    }
     const bool ofTheLog = dynamic_cast<const LogWriteError*>(&failure) != nullptr;
-    EndForFailure(std::string{"The program must end.\n\n"} + failure.what() + (ofTheLog ? "" : UnsavedEntry()));
+    EndForFailure(text + (ofTheLog ? "\n\n" + logPart.logFile.WhatStands() : WhatIsSafe()));
 }
 
 /// What a failure elsewhere loses: nothing but the exchange that stands in the fields.
-std::string Program::UnsavedEntry() const {
-    const std::string logged = "\n\nEvery contact that was logged is in " + logPart.logFile.Path() + ".";
+std::string Program::WhatIsSafe() const {
+    const std::string logged = "\n\n" + logPart.logFile.WhatStands();
     const Form1& form1 = logPart.form1;
     const Contact typed{.Ns = {},
                         .Nr = form1.txtNum.Text(),

@@ -48,12 +48,15 @@ private:
     void Connect();
     void ScaleAtLoad(Form& form);
     void ClaimFolder();
+    void HoldFolder();
     void frmSplash_Load();
     [[noreturn]] void mnuExit_Click();
     [[noreturn]] void Form1_Unload();
+    [[noreturn]] void EndWithTime(bool withTotal);
+    void TellFailure(const std::string& text);
     [[noreturn]] void EndForFailure(const std::string& text);
     [[noreturn]] void TellFatal(const std::exception& failure);
-    std::string UnsavedEntry() const;
+    std::string WhatIsSafe() const;
 
     std::unique_ptr<Files::FolderLock> folderLock_;
 };

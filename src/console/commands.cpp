@@ -1,6 +1,5 @@
 #include "console/commands.h"
 
-#include <poll.h>
 #include <unistd.h>
 
 #include <algorithm>
@@ -16,7 +15,8 @@
 namespace tallyhut {
 namespace {
 
-constexpr Tick kSettleSlice = 10;
+/// Moments add up, so that a command needs one; more are a driver's mistake.
+constexpr int kMostMoments = 10;
 
 struct CommandRow {
     std::string_view name;
@@ -388,18 +388,22 @@ void Commands::Advance(CommandWords& words) {
 void Commands::At(CommandWords& words) {
     const Tick milliseconds = words.TakeMilliseconds();
     const std::string line{words.Rest()};
-    CheckPutAt(words.Take("command").text);
+    std::string name = words.Take("command").text;
+    for (int moments = 1; name == "at"; ++moments) {
+        if (moments == kMostMoments) {
+            throw ConsoleError{"at is nested deeper than " + std::to_string(kMostMoments)};
+        }
+        words.TakeMilliseconds();
+        name = words.Take("command").text;
+    }
+    CheckPutAt(name);
     pump.PutAt(milliseconds, line);
 }
 
 void Commands::Settle(CommandWords& words) {
     const Tick milliseconds = words.TakeMilliseconds();
     words.CheckEnd();
-    program.desk.RunPending();
-    for (Tick passed = 0; passed < milliseconds; passed += kSettleSlice) {
-        poll(nullptr, 0, static_cast<int>(std::min(kSettleSlice, milliseconds - passed)));
-        program.desk.RunPending();
-    }
+    pump.Settle(milliseconds, program.desk);
 }
 
 /// As a lost power line: nothing of the program runs any more.

@@ -75,8 +75,8 @@ Answer ConsoleDialogs::DoShow(const MessageBox& box) {
     return answer;
 }
 
-std::string ConsoleDialogs::DoShow(const InputBox& box) {
-    std::string text;
+std::optional<std::string> ConsoleDialogs::DoShow(const InputBox& box) {
+    std::optional<std::string> text;
     Ask({{"event", "inputbox"},
          {"title", ToUtf8(box.title)},
          {"text", ToUtf8(box.text)},

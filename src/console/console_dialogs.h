@@ -29,7 +29,7 @@ public:
 
 protected:
     Answer DoShow(const MessageBox& box) override;
-    std::string DoShow(const InputBox& box) override;
+    std::optional<std::string> DoShow(const InputBox& box) override;
     std::optional<std::string> DoSaveFile(const FileRequest& request) override;
     std::optional<std::string> DoOpenFile(const FileRequest& request) override;
     std::optional<std::string> DoChooseFolder(const FileRequest& request) override;

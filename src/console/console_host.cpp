@@ -94,12 +94,21 @@ Json DescribeTurn(const Desk& desk, const ConsoleDialogs& dialogs) {
             {"focus", form->Focus() == nullptr ? Json(nullptr) : Json(form->Focus()->FullName())}};
 }
 
+/// What the virtual clock does not ask the driver for: the wait of a key that is held back, and the pauses of a command
+/// to the radio. A scan is a clockwork of its own, and its end is nobody's `ready`.
+std::optional<Tick> HeldUntil(const Program& program) {
+    const std::optional<Tick> key = program.desk.HeldUntil();
+    const std::deque<CommandStep>& steps = program.rigPart.rigCommands.command.steps;
+    return key || steps.empty() || program.rigPart.tuneForm.chkScan.Value() ? key : steps.front().until;
+}
+
 }  // namespace
 
 int RunConsole(const Options& options, const std::string& workingDirectory, const std::string& dataFolder,
                int inputDescriptor, std::ostream& out) {
     std::signal(SIGPIPE, SIG_IGN);  // a driver that has gone is the end of input
-    LineSource lines{inputDescriptor};
+    PolledDescriptors descriptors;
+    LineSource lines{descriptors, inputDescriptor};
     JsonOutput output{out};
     RealMachine machine{options.ports};
     std::unique_ptr<sim::Clock> virtualClock;
@@ -109,7 +118,7 @@ int RunConsole(const Options& options, const std::string& workingDirectory, cons
         output.virtualNow = [&virtualClock] { return virtualClock->IsoNow(); };
     }
     Clock& clock = virtualClock ? static_cast<Clock&>(*virtualClock) : machine.clock;
-    ConsolePump pump{lines, output, virtualClock.get(), clock};
+    ConsolePump pump{descriptors, lines, output, virtualClock.get(), machine.clock};
     ConsoleDialogs dialogs{output};
     EventClipboard clipboard{output};
     ConsolePrinter printer{output};
@@ -137,7 +146,7 @@ int RunConsole(const Options& options, const std::string& workingDirectory, cons
         dialogs.runDialog = [&program](const std::function<bool()>& done) { program.desk.RunDialog(done); };
         pump.describeTurn = [&] { return DescribeTurn(program.desk, dialogs); };
         pump.runLine = [&commands](const std::string& line, bool putAt) { commands.Run(line, putAt); };
-        pump.heldUntil = [&] { return dialogs.Waiting().empty() ? program.desk.HeldUntil() : std::nullopt; };
+        pump.heldUntil = [&] { return dialogs.Waiting().empty() ? HeldUntil(program) : std::nullopt; };
         int refusals = 0;
         pump.endOfInput = [&] {
             Form* form = program.desk.Active();

@@ -1,75 +1,62 @@
 #include "console/line_source.h"
 
-#include <poll.h>
-#include <sys/signalfd.h>
 #include <unistd.h>
 
 #include <array>
-#include <csignal>
 
 namespace tallyhut {
 namespace {
 
 constexpr std::size_t kChunk = 65'536;
 
-int OpenSignals() {
-    sigset_t set{};
-    sigemptyset(&set);
-    for (const int signal : {SIGTERM, SIGINT, SIGHUP}) {
-        sigaddset(&set, signal);
-    }
-    sigprocmask(SIG_BLOCK, &set, nullptr);
-    return signalfd(-1, &set, SFD_CLOEXEC | SFD_NONBLOCK);
-}
-
 }  // namespace
 
-LineSource::LineSource(int descriptor) : descriptor_{descriptor}, signals_{OpenSignals()} {}
+LineSource::LineSource(PolledDescriptors& descriptors, int input)
+    : input_{input},
+      more_{descriptors.Watch(input, [this] { ReadMore(); })},
+      signal_{descriptors.Watch(signals_.Number(), [this] { EndBySignal(); })} {}
 
-LineSource::~LineSource() {
-    close(signals_);
-}
-
-std::optional<std::string> LineSource::TakeLine() {
-    const std::size_t end = buffer_.find('\n', searched_);
-    if (end == std::string::npos && !(ended_ && !buffer_.empty())) {
-        searched_ = buffer_.size();
+std::optional<std::string> LineSource::Take() {
+    if (!HoldsLine() && !(ended_ && !buffer_.empty())) {
         return std::nullopt;
     }
+    const std::size_t end = buffer_.find('\n', searched_);
     std::string line = buffer_.substr(0, end);
     buffer_.erase(0, end == std::string::npos ? end : end + 1);
     searched_ = 0;
+    LookOn();
     return line;
 }
 
 void LineSource::ReadMore() {
+    if (ended_) {
+        return;
+    }
     std::array<char, kChunk> chunk{};
-    const ssize_t count = read(descriptor_, chunk.data(), chunk.size());
+    const ssize_t count = read(input_, chunk.data(), chunk.size());
     if (count > 0) {
         buffer_.append(chunk.data(), static_cast<std::size_t>(count));
     } else {
         ended_ = true;
     }
+    LookOn();
 }
 
-std::optional<std::string> LineSource::Next(int milliseconds) {
-    for (;;) {
-        if (std::optional<std::string> line = TakeLine()) {
-            return line;
-        }
-        if (ended_) {
-            return std::nullopt;
-        }
-        std::array<pollfd, 2> waiting{{{descriptor_, POLLIN, 0}, {signals_, POLLIN, 0}}};
-        if (poll(waiting.data(), waiting.size(), milliseconds) <= 0) {
-            return std::nullopt;
-        }
-        if (waiting[1].revents != 0) {
-            ended_ = true;
-            buffer_.clear();
-        } else {
-            ReadMore();
-        }
+void LineSource::EndBySignal() {
+    ended_ = true;
+    buffer_.clear();
+    searched_ = 0;
+}
+
+bool LineSource::HoldsLine() {
+    const std::size_t end = buffer_.find('\n', searched_);
+    searched_ = end == std::string::npos ? buffer_.size() : end;
+    return end != std::string::npos;
+}
+
+void LineSource::LookOn() {
+    if (!ended_ && !HoldsLine()) {
+        more_->Rearm();
     }
 }
 

@@ -1,37 +1,40 @@
 #pragma once
 
+#include <memory>
 #include <optional>
 #include <string>
 
-#include "platform/clock.h"
+#include "platform/real/polled_descriptors.h"
+#include "platform/real/termination_signals.h"
 
 namespace tallyhut {
 
-/// Lines from a descriptor, and the signals to terminate. Reads no further than it must wait for.
+/// The driver's lines from a descriptor. They come in whenever the descriptors are looked at; what follows a line that
+/// nobody has taken yet is left where it is.
 class LineSource {
 public:
-    /// Takes over SIGTERM, SIGINT and SIGHUP: they end the input. Closes nothing that is not its own.
-    explicit LineSource(int descriptor);
-    ~LineSource();
-    LineSource(const LineSource&) = delete;
-    LineSource& operator=(const LineSource&) = delete;
-    LineSource(LineSource&&) = delete;
-    LineSource& operator=(LineSource&&) = delete;
+    /// Takes over the signals to terminate: they end the input. Closes nothing that is not its own.
+    LineSource(PolledDescriptors& descriptors, int input);
 
-    /// The next line without its end; nothing when the time is over first, or when the input has ended. -1 waits for
-    /// ever.
-    std::optional<std::string> Next(int milliseconds);
+    /// The next line without its end; nothing where none has come yet, or the input has ended.
+    std::optional<std::string> Take();
+    /// Nothing is left and nothing will come.
     bool HasEnded() const { return ended_ && buffer_.empty(); }
 
 private:
-    std::optional<std::string> TakeLine();
     void ReadMore();
+    void EndBySignal();
+    bool HoldsLine();
+    /// Looks for more unless a line waits.
+    void LookOn();
 
-    int descriptor_;
-    int signals_;
+    int input_;
     std::string buffer_;
     std::size_t searched_ = 0;
     bool ended_ = false;
+    TerminationSignals signals_;
+    std::unique_ptr<DescriptorWatch> more_;
+    std::unique_ptr<DescriptorWatch> signal_;
 };
 
 }  // namespace tallyhut

@@ -7,7 +7,7 @@ namespace tallyhut {
 void BandSelection::ChooseBand(std::string_view band) {
     preferences.gBand = band;
     form.Label30.SetCaption(preferences.gBand);
-    time.gBandOnAt = desk.clock.Now();
+    time.BeginBand();
     preferencesFile.SavePref();
     ShowBand();
     bandChanged();

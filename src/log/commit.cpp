@@ -29,7 +29,7 @@ void Commit::frmcmp() {
     for (const RequiredField& required : kRequiredFields) {
         TextBox& box = panel.form.*required.field;
         if (box.Text().size() < required.leastLength) {
-            panel.message.Write(required.message);
+            panel.message.Refuse(required.message);
             gIncomplete = 1;
             box.SetFocus();
         }
@@ -39,7 +39,7 @@ void Commit::frmcmp() {
 void Commit::ValidateSection() {
     gBadSection = contest.sections.Find(panel.form.txtSec.Text()) == 0 ? 1 : 0;
     if (gBadSection == 1) {
-        panel.message.Write("Invalid Section");
+        panel.message.Refuse("Invalid Section");
     }
 }
 
@@ -57,29 +57,40 @@ void Commit::Mains() {
     const Running running{committing};
     // What is typed ahead belongs to the next contact: it waits until the fields are empty and the focus is back.
     const Desk::InputHold hold{panel.desk};
+    guard.OpenIfUnopened();
     if (time.gTimeOn == 0) {
         time.cmdLogOn_Click();
     }
     if (postContest.IsOn() && !postContest.CheckDateAndTime()) {
+        const Running standing{messageStands};
+        panel.desk.RunFocusEvents();
         return;
     }
     frmcmp();
     ValidateSection();
     duplicates.dupcheck();
-    if (gIncomplete == 0 && duplicates.gIsDupe == 0 && gBadSection == 0) {
-        LogContact();
+    if (gIncomplete == 0 && duplicates.gIsDupe == 0 && gBadSection == 0 && !LogContact()) {
+        return;
     }
-    if (gBadSection == 0 && gIncomplete == 0) {
+    const bool refused = gBadSection == 1 || gIncomplete == 1;
+    if (!refused) {
         BeginNextEntry();
     }
     panel.message.BlankPartials();
-    panel.desk.RunPending();
+    {
+        const Running standing{messageStands, refused};
+        panel.desk.RunPending();
+    }
     display.rates.TimeStats();
     contest.log.gFrq.clear();
 }
 
-void Commit::LogContact() {
-    Keep(EnteredContact());
+/// False where the log has not taken the contact, which was told: the entry stays as it is.
+bool Commit::LogContact() {
+    if (!guard.Add(EnteredContact())) {
+        panel.message.WriteNormal("This contact is not logged yet!");
+        return false;
+    }
     panel.form.lblTotCon.SetCaption(NumberForm(contest.log.gContactCount));
     display.list.ListContacts();
     panel.message.WriteNormal("");
@@ -89,10 +100,11 @@ void Commit::LogContact() {
     panel.desk.RunTimersAndIo();
     display.ShowScore();
     panel.message.Write(" ");
+    return true;
 }
 
 Contact Commit::EnteredContact() const {
-    const DateTime utc = UtcOf(panel.desk.clock.Now(), contest.preferences);
+    const DateTime utc = time.utc.Now();
     return {
         .Ns = PlainText(contest.log.NextSerial()),
         .Nr = panel.form.txtNum.Text(),
@@ -105,16 +117,6 @@ Contact Commit::EnteredContact() const {
         .Bnd = contest.preferences.gBand,
         .Frq = contest.log.gFrq,
     };
-}
-
-void Commit::Keep(const Contact& contact) {
-    ++contest.log.gContactCount;
-    try {
-        contest.log.Row(contest.log.gContactCount) = contact;
-    } catch (const LogFullError& full) {
-        throw ContactNotLogged(contact, full.what());
-    }
-    file.Append(contact);
 }
 
 void Commit::BeginNextEntry() {

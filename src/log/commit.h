@@ -2,7 +2,7 @@
 
 #include "log/contest_display.h"
 #include "log/duplicates.h"
-#include "log/log_file.h"
+#include "log/log_guard.h"
 #include "log/post_contest.h"
 
 namespace tallyhut {
@@ -11,7 +11,7 @@ namespace tallyhut {
 struct Commit {
     Panel& panel;
     Contest& contest;
-    LogFile& file;
+    LogGuard& guard;
     OperatingTime& time;
     PostContest& postContest;
     Duplicates& duplicates;
@@ -19,7 +19,8 @@ struct Commit {
 
     std::uint8_t gIncomplete = 0;
     std::uint8_t gBadSection = 0;
-    bool committing = false;  ///< Mains is running
+    bool committing = false;     ///< Mains is running
+    bool messageStands = false;  ///< what Mains ends with is on the line: leaving the call field adds nothing to it
 
     /// Checks the entry and logs it if it is complete, new and of a known section. Throws LogWriteError when the
     /// contact cannot be written. Asked for inside itself, it does nothing.
@@ -31,9 +32,8 @@ struct Commit {
     void TallySection();
 
 private:
-    void LogContact();
+    bool LogContact();
     Contact EnteredContact() const;
-    void Keep(const Contact& contact);
     void BeginNextEntry();
 };
 

@@ -49,6 +49,7 @@ void AcceptOnly(int& KeyAscii, int first, int last) {
 }  // namespace
 
 void ContactEditing::cmdEdit_Click() {
+    guard.OpenIfUnopened();
     if (list.LogRowAt(panel.form.ListView1.Row()) == 0) {
         return;
     }
@@ -59,6 +60,7 @@ void ContactEditing::cmdEdit_Click() {
 }
 
 void ContactEditing::cmdDelete_Click() {
+    guard.OpenIfUnopened();
     const std::int32_t row = list.LogRowAt(panel.form.ListView1.Row());
     if (row == 0) {
         return;
@@ -81,8 +83,7 @@ void ContactEditing::CloseUp(std::int32_t row) {
 }
 
 void ContactEditing::RewriteAndReload() {
-    file.Rewrite(contest.log);
-    reload.mnuopen2();
+    guard.Rewrite();
     panel.fields.First().SetFocus();
 }
 

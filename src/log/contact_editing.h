@@ -2,7 +2,7 @@
 
 #include "forms/frmEditCon.h"
 #include "log/contact_list.h"
-#include "log/log_reload.h"
+#include "log/log_guard.h"
 #include "log/panel.h"
 
 namespace tallyhut {
@@ -13,9 +13,8 @@ struct ContactEditing {
     Panel& panel;
     frmEditCon& dialog;
     Contest& contest;
-    LogFile& file;
+    LogGuard& guard;
     ContactList& list;
-    LogReload& reload;
 
     std::int32_t editedRow = 0;  ///< the log row in the edit form
 

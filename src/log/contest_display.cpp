@@ -5,12 +5,12 @@
 
 namespace tallyhut {
 
-ContestDisplay::ContestDisplay(Form1& mainForm, const Contest& shown, const Clock& clock)
+ContestDisplay::ContestDisplay(Form1& mainForm, const Contest& shown, UtcClock& utc)
     : form{mainForm},
       contest{shown},
-      list{mainForm, shown, clock},
+      list{mainForm, shown, utc.clock},
       grid{mainForm, shown},
-      rates{mainForm, shown, clock} {}
+      rates{mainForm, shown, utc} {}
 
 void ContestDisplay::ShowCounts() {
     const ContactLog& log = contest.log;

@@ -8,7 +8,7 @@ namespace tallyhut {
 
 /// What the main form shows of the contest: the list, the grid of sections, the counts and the rates.
 struct ContestDisplay {
-    ContestDisplay(Form1& mainForm, const Contest& shown, const Clock& clock);
+    ContestDisplay(Form1& mainForm, const Contest& shown, UtcClock& utc);
 
     Form1& form;
     const Contest& contest;

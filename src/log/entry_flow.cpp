@@ -65,7 +65,7 @@ void EntryFlow::EndCarry(TextBox& field, int key) {
 }
 
 void EntryFlow::RemindOfTimeOn() {
-    panel.message.Write(kNotOnTime);
+    panel.message.Refuse(kNotOnTime);
     panel.desk.dialogs.Beep();
 }
 
@@ -256,7 +256,7 @@ void EntryFlow::Prompt(std::string_view prompt, int leastLevel) {
 void EntryFlow::txtNum_GotFocus() {
     if (!numHasHadFocus) {
         numHasHadFocus = true;
-        if (TabMode(contest.preferences) == 3) {
+        if (TabMode(contest.preferences) == 3 && panel.form.txtNum.HasFocus()) {
             panel.form.txtCall.SetFocus();
         }
     }
@@ -288,6 +288,9 @@ void EntryFlow::txtSec_GotFocus() {
 }
 
 void EntryFlow::txtCall_LostFocus() {
+    if (commit.messageStands) {
+        return;
+    }
     for (const Greeting& greeting : kGreetings) {
         if (panel.form.txtCall.Text() == greeting.call) {
             panel.message.WriteOn(kGreetingGround, greeting.text);

@@ -1,6 +1,7 @@
 #include "log/file_menu.h"
 
 #include "platform/platform_error.h"
+#include "support/own_files.h"
 #include "values/text.h"
 
 namespace tallyhut {
@@ -8,6 +9,7 @@ namespace {
 
 constexpr const char* kLogFilter = "Log Files (*.log) | *.log";
 constexpr std::string_view kConfirmation = "YES";
+constexpr const char* kRestoreErrorTitle = "Error Restoring Log";
 
 const InputBox kNewLogBox{
     .title = "WARNING - Your existing log file will be ERASED!",
@@ -59,30 +61,56 @@ std::string Chosen(const std::optional<std::string>& path) {
 
 }  // namespace
 
+bool FileMenu::KeepLog(std::string_view title) {
+    try {
+        copies.KeepLog();
+    } catch (const PlatformError& failure) {
+        desk.dialogs.Show(
+            {.title = std::string{title},
+             .text = std::string{"The present log could not be copied first, so nothing was erased.\r\n\r\n"} +
+                     failure.what(),
+             .buttons = Buttons::OK,
+             .icon = Icon::Exclamation});
+        return false;
+    }
+    return true;
+}
+
 void FileMenu::StartNewLog() {
     if (UpperCase(desk.dialogs.Show(kNewLogBox)) == kConfirmation) {
         copies.Backup();
-        time.Reset();
-        EmptyLog();
-        contest.log.gContactCount = 0;
-        time.records.Clear();
-        preferencesFile.SavePref();
+        if (KeepLog("The log was not erased.")) {
+            BeginAnew();
+        }
     }
-    reload.mnuopen2();
+    guard.reload.mnuopen2();
 }
 
-void FileMenu::EmptyLog() {
+/// The seconds of the old contest come back where its log stays.
+void FileMenu::BeginAnew() {
+    const OperatingTime::Seconds before = time.Reset();
     try {
-        file.files.Replace(file.Path(), "");
-    } catch (const PlatformError& failure) {
-        throw LogWriteError{std::string{failure.what()} +
-                            "\n\nThe new log was not started; the log is as it was before."};
+        if (!guard.Empty()) {
+            time.PutBack(before);
+            return;
+        }
+    } catch (const LogWriteError&) {
+        time.PutBack(before);
+        throw;
+    }
+    contest.log.gContactCount = 0;
+    try {
+        time.records.Clear();
+        preferencesFile.SavePref();
+    } catch (const PlatformError&) {
+        guard.reload.FollowDisk();
+        throw;
     }
 }
 
 void FileMenu::mnuNew_Click() {
     StartNewLog();
-    reload.display.rates.TimeStats();
+    guard.reload.display.rates.TimeStats();
 }
 
 void FileMenu::mnuArchive_Click() {
@@ -93,7 +121,9 @@ void FileMenu::mnuArchive_Click() {
                                   .folder = copies.BackupFolder(),
                                   .name = copies.ArchiveName(),
                                   .overwritePrompt = true};
-        file.files.Copy(file.Path(), Chosen(desk.dialogs.SaveFile(request)));
+        const std::string archive = Chosen(desk.dialogs.SaveFile(request));
+        RefuseOwnFile(guard.file.files, guard.file.directories, archive);
+        guard.file.files.Copy(guard.file.Path(), archive);
     } catch (const PlatformError& failure) {
         desk.dialogs.Show(ErrorBox("Error Archiving Log", failure));
     }
@@ -107,11 +137,34 @@ void FileMenu::mnuRestore_Click() {
         }
         const FileRequest request{.title = "", .filter = kLogFilter, .folder = copies.BackupFolder(), .name = ""};
         const std::string archive = Chosen(desk.dialogs.OpenFile(request));
-        copies.KeepPresentLog();
-        file.files.Copy(archive, file.Path());
-        reload.mnuopen2();
+        if (KeepLog(kRestoreErrorTitle)) {
+            Restore(archive);
+        }
     } catch (const PlatformError& failure) {
-        desk.dialogs.Show(ErrorBox("Error Restoring Log", failure));
+        desk.dialogs.Show(ErrorBox(kRestoreErrorTitle, failure));
+    }
+}
+
+/// The reload is the only check of what comes in. Where it fails, the log that was there before stands there again.
+void FileMenu::Restore(const std::string& archive) {
+    LogFile& file = guard.file;
+    const std::string before = file.Exists() ? file.Read() : "";
+    const auto putBack = [&file, &before] {
+        try {
+            file.files.Replace(file.Path(), before);
+        } catch (const PlatformError&) {  // the copy that was kept of it stands
+        }
+    };
+    std::optional<UnconfirmedError> unconfirmed;
+    try {
+        file.holdFolder();
+        file.files.Copy(archive, file.Path());
+    } catch (const UnconfirmedError& failure) {
+        unconfirmed = failure;
+    }
+    guard.reload.mnuopen2(putBack);
+    if (unconfirmed) {
+        throw PlatformError{unconfirmed->what()};
     }
 }
 

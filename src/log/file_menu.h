@@ -1,7 +1,7 @@
 #pragma once
 
 #include "log/log_copies.h"
-#include "log/log_reload.h"
+#include "log/log_guard.h"
 #include "log/operating_time.h"
 #include "log/preferences_file.h"
 
@@ -12,14 +12,14 @@ namespace tallyhut {
 struct FileMenu {
     Desk& desk;
     Contest& contest;
-    LogFile& file;
+    LogGuard& guard;
     LogCopies& copies;
     OperatingTime& time;
     PreferencesFile& preferencesFile;
-    LogReload& reload;
 
-    /// Asks, empties log and time records if the operator types YES, and reloads in every case. Throws LogWriteError
-    /// when the log cannot be emptied, PlatformError for the other files.
+    /// Asks, empties log and time records if the operator types YES, and reloads in every case. A log that cannot be
+    /// kept first is told in a box and not emptied. Throws LogWriteError when the log cannot be emptied, PlatformError
+    /// for the other files; memory and screen then show what the disk holds.
     void StartNewLog();
 
     void mnuNew_Click();
@@ -27,7 +27,10 @@ struct FileMenu {
     void mnuRestore_Click();
 
 private:
-    void EmptyLog();
+    /// False where that has been told and nothing may be erased.
+    bool KeepLog(std::string_view title);
+    void BeginAnew();
+    void Restore(const std::string& archive);
 };
 
 }  // namespace tallyhut

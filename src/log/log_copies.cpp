@@ -1,7 +1,10 @@
 #include "log/log_copies.h"
 
+#include <algorithm>
+
 #include "platform/platform_error.h"
 #include "support/call_file_stem.h"
+#include "support/free_name.h"
 #include "values/format.h"
 
 namespace tallyhut {
@@ -11,8 +14,8 @@ constexpr const char* kLogSuffix = ".log";
 
 }  // namespace
 
-std::string LogCopies::BackupStem() const {
-    return BackupFolder() + '/' + FormatDateTime(clock.Now(), "yyyymmddhhnn");
+std::string LogCopies::BackupName() const {
+    return BackupFolder() + '/' + FormatDateTime(clock.Now(), "yyyymmddhhnn") + kLogSuffix;
 }
 
 std::string LogCopies::ArchiveName() const {
@@ -20,43 +23,55 @@ std::string LogCopies::ArchiveName() const {
            FormatDateTime(clock.Now(), "yyyy-mm-dd") + kLogSuffix;
 }
 
-void LogCopies::MakeBackupFolder() {
-    if (!file.files.FolderExists(BackupFolder())) {
-        file.files.MakeFolder(BackupFolder());
+void LogCopies::MakeIfMissing(const std::string& folder) {
+    if (!file.files.FolderExists(folder)) {
+        file.files.MakeFolder(folder);
     }
 }
 
+/// A copy of the same minute is overwritten; one with more contacts than the log has now is kept first.
 void LogCopies::Backup() {
     const bool unchanged = contest.log.gSavedCount == static_cast<float>(contest.log.gContactCount);
     if (unchanged || contest.log.gContactCount < 1) {
         return;
     }
     try {
-        MakeBackupFolder();
-        file.files.Copy(file.Path(), BackupStem() + kLogSuffix);
+        MakeIfMissing(BackupFolder());
+        const std::string name = BackupName();
+        if (file.files.FileExists(name) && RecordCount(file.files.Read(name)) > RecordCount(file.Read())) {
+            Keep(name);
+        }
+        file.files.Copy(file.Path(), name);
     } catch (const PlatformError&) {  // the log itself is safe, and nothing may stand in the way of closing
     }
 }
 
-/// Under the name of a backup. A copy of the same minute is not overwritten by it: it may be the very one that is being
-/// restored, or the only copy of a log that a restore before this one has replaced.
-void LogCopies::KeepPresentLog() {
-    if (!file.Exists()) {
+void LogCopies::KeepLog() {
+    if (file.Exists()) {
+        Keep(file.Path());
+    }
+}
+
+void LogCopies::Keep(const std::string& path) {
+    const std::string content = file.files.Read(path);
+    if (FieldReader{content}.AtEnd() || IsInBackup(content, path)) {
         return;
     }
-    const std::string present = file.Read();
-    if (FieldReader{present}.AtEnd()) {
-        return;
-    }
-    MakeBackupFolder();
-    std::string name = BackupStem() + kLogSuffix;
-    for (int number = 2; file.files.FileExists(name); ++number) {
-        if (file.files.Read(name) == present) {
-            return;
+    MakeIfMissing(KeptFolder());
+    const std::string stem =
+        KeptFolder() + '/' + FormatDateTime(clock.Now(), "yyyymmddhhnn") + FormatDateTime(clock.Now(), "ss");
+    file.files.Copy(path, FreeName(file.files, stem, kLogSuffix));
+}
+
+bool LogCopies::IsInBackup(const std::string& content, const std::string& but) const {
+    return std::ranges::any_of(file.files.FilesIn(BackupFolder()), [this, &content, &but](const std::string& copy) {
+        try {
+            const std::optional<FileMark> mark = copy == but ? std::nullopt : file.files.Mark(copy);
+            return mark && mark->length == content.size() && file.files.Read(copy) == content;
+        } catch (const PlatformError&) {  // what cannot be read is no copy to rely on
+            return false;
         }
-        name = BackupStem() + '-' + std::to_string(number) + kLogSuffix;
-    }
-    file.files.Copy(file.Path(), name);
+    });
 }
 
 }  // namespace tallyhut

@@ -8,24 +8,29 @@
 
 namespace tallyhut {
 
-/// Whole copies of the log in the folder BACKUP of the program's own folder. A copy is a plain file.
+/// Whole copies of the log, beside each other in the program's own folder: those in BACKUP, which operators know, and
+/// beneath them, in KEPT, every log that was about to be lost without a copy. A copy is a plain file.
 struct LogCopies {
     const Clock& clock;
     const Contest& contest;
     const LogFile& file;
 
     std::string BackupFolder() const { return file.directories.DataDirectory + "/BACKUP"; }
+    std::string KeptFolder() const { return file.directories.DataDirectory + "/KEPT"; }
     /// What an archive of the present log is called if the operator does not say otherwise, with its path.
     std::string ArchiveName() const;
 
-    /// Copies the log if this run has changed the number of contacts. A failure is silent.
+    /// Copies the log to BACKUP if this run has changed the number of contacts. A failure is silent.
     void Backup();
-    /// Copies a log that is about to be replaced, unless a copy of this minute holds the same. Throws PlatformError.
-    void KeepPresentLog();
+    /// Copies a log that is about to be emptied or replaced to KEPT, unless it holds nothing or a file in BACKUP has
+    /// exactly its bytes. Throws PlatformError.
+    void KeepLog();
 
 private:
-    void MakeBackupFolder();
-    std::string BackupStem() const;
+    std::string BackupName() const;
+    bool IsInBackup(const std::string& content, const std::string& but) const;
+    void Keep(const std::string& path);
+    void MakeIfMissing(const std::string& folder);
 };
 
 }  // namespace tallyhut

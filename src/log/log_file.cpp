@@ -1,31 +1,94 @@
 #include "log/log_file.h"
 
 #include "platform/platform_error.h"
+#include "values/number.h"
+#include "values/value_error.h"
 
 namespace tallyhut {
+namespace {
 
-LogWriteError ContactNotLogged(const Contact& contact, const std::string& reason) {
-    return LogWriteError{reason + "\n\nThis contact was not logged: " + ExchangeText(contact)};
+std::string NotLogged(const std::string& reason, const Contact& contact) {
+    return reason + "\n\nThis contact was not logged: " + ExchangeText(contact);
+}
+
+}  // namespace
+
+std::string LogText(const ContactLog& log) {
+    std::string text;
+    for (std::int32_t n = 1; n <= log.gContactCount; ++n) {
+        text += WriteRecord(log.Row(n));
+    }
+    return text;
+}
+
+std::int32_t RecordCount(std::string_view text) {
+    FieldReader fields{text};
+    std::int32_t records = 0;
+    try {
+        for (; !fields.AtEnd(); ++records) {
+            ReadRecord(fields);
+        }
+    } catch (const ValueError&) {  // those before the damaged one count
+    }
+    return records;
+}
+
+/// The mark is taken first: what another hand adds while the file is read is noticed at the next change.
+std::string LogFile::Open() {
+    const std::optional<FileMark> found = files.Mark(Path());
+    std::string content = Read();
+    mark = found;
+    return content;
 }
 
 void LogFile::Append(const Contact& contact) {
     try {
-        files.Append(Path(), WriteRecord(contact));
+        holdFolder();
+        mark = files.Append(Path(), WriteRecord(contact), mark);
+    } catch (const FileChangedError&) {
+        throw;
+    } catch (const UnconfirmedError& failure) {
+        throw LogWriteError{
+            std::string{failure.what()} +
+            "\n\nThis contact stands in the log, but may not outlast a loss of power: " + ExchangeText(contact)};
     } catch (const PlatformError& failure) {
-        throw ContactNotLogged(contact, failure.what());
+        throw LogWriteError{NotLogged(failure.what(), contact)};
     }
 }
 
 void LogFile::Rewrite(const ContactLog& log) {
-    std::string content;
-    for (std::int32_t n = 1; n <= log.gContactCount; ++n) {
-        content += WriteRecord(log.Row(n));
-    }
+    Replace(LogText(log), "The change was not saved; the log is as it was before.");
+}
+
+void LogFile::Empty() {
+    Replace("", "The new log was not started; the log is as it was before.");
+}
+
+void LogFile::Replace(const std::string& content, const std::string& notDone) {
     try {
-        files.Replace(Path(), content);
+        holdFolder();
+        if (files.Mark(Path()) != mark) {
+            throw FileChangedError{Path() + ": another program has changed it"};
+        }
+        mark = files.Replace(Path(), content);
+    } catch (const FileChangedError&) {
+        throw;
+    } catch (const UnconfirmedError&) {
+        mark = files.Mark(Path());
+        throw;
     } catch (const PlatformError& failure) {
-        throw LogWriteError{std::string{failure.what()} + "\n\nThe change was not saved; the log is as it was before."};
+        throw LogWriteError{std::string{failure.what()} + "\n\n" + notDone};
     }
+}
+
+std::string LogFile::WhatStands() const try {
+    if (!files.Mark(Path())) {
+        return "There is no " + Path() + ".";
+    }
+    const std::int32_t records = RecordCount(Read());
+    return Path() + " holds " + PlainText(records) + (records == 1 ? " contact." : " contacts.");
+} catch (const PlatformError& failure) {
+    return std::string{"The log cannot be read. "} + failure.what();
 }
 
 }  // namespace tallyhut

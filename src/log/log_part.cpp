@@ -28,17 +28,19 @@ LogPart::LogPart(Machine& machine, Desk& desk, SupportPart& support)
       logFile{machine.files, support.directories},
       records{machine.files, support.directories, machine.environment.ShortDatePicture()},
       panel{form1, desk, {form1, contest}, {form1}},
-      display{form1, contest, machine.clock},
-      time{panel, contest, preferencesFile, records},
+      utc{machine.clock, contest},
+      display{form1, contest, utc},
+      time{panel, contest, preferencesFile, records, utc},
       band{form1, contest.preferences, preferencesFile, time, desk},
       postContest{panel},
       duplicates{panel, contest, time, prompts},
       reload{desk, contest, logFile, display},
-      commit{panel, contest, logFile, time, postContest, duplicates, display},
+      guard{desk, contest, logFile, reload},
+      commit{panel, contest, guard, time, postContest, duplicates, display},
       entry{panel, contest, preferencesFile, time, duplicates, commit, prompts},
-      editing{panel, editForm, contest, logFile, display.list, reload},
+      editing{panel, editForm, contest, guard, display.list},
       copies{machine.clock, contest, logFile},
-      fileMenu{desk, contest, logFile, copies, time, preferencesFile, reload},
+      fileMenu{desk, contest, guard, copies, time, preferencesFile},
       station{form1, stationForm, desk, contest.preferences, preferencesFile, machine.settings},
       utcOffset{desk, contest.preferences, preferencesFile},
       question{desk, station, fileMenu, reload, entry, contest},
@@ -46,6 +48,9 @@ LogPart::LogPart(Machine& machine, Desk& desk, SupportPart& support)
     display.grid.PlaceLabels();
     station.SetSharedPreference = [&support](std::string_view key, std::string_view value, bool saveNow) {
         support.shared.SetSharedPreference(key, value, saveNow);
+    };
+    preferencesFile.onKept = [this](const std::string& path) {
+        panel.message.Write("The settings could not be read; the file is kept as " + path);
     };
     Bind(support);
 }

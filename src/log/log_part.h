@@ -26,6 +26,7 @@ struct LogPart {
     LogFile logFile;
     TimeRecords records;
     Panel panel;
+    UtcClock utc;
     ContestDisplay display;
     Prompts prompts;  ///< silent until somebody speaks
     OperatingTime time;
@@ -33,6 +34,7 @@ struct LogPart {
     PostContest postContest;
     Duplicates duplicates;
     LogReload reload;
+    LogGuard guard;
     Commit commit;
     EntryFlow entry;
     ContactEditing editing;

@@ -17,21 +17,37 @@ const MessageBox kFileErrorBox{
     .icon = Icon::Critical,
 };
 
+/// Whether a reload would take the whole text.
+bool LogWithoutFault(std::string_view text) try {
+    FieldReader fields{text};
+    std::int32_t records = 0;
+    for (; !fields.AtEnd(); ++records) {
+        ReadRecord(fields);
+    }
+    return records <= ContactLog::kMostContacts;
+} catch (const ValueError&) {
+    return false;
+}
+
 }  // namespace
 
-void LogReload::mnuopen2() {
-    const auto giveUp = [this] {
+void LogReload::mnuopen2(const std::function<void()>& beforeTheEnd) {
+    const auto giveUp = [this, &beforeTheEnd] {
+        if (beforeTheEnd) {
+            beforeTheEnd();
+        }
         desk.dialogs.Show(kFileErrorBox);
         desk.pump.EndProgram(1);
     };
     try {
         Clear();
-        ReadAll();
+        Take(file.Open());
         display.ShowCounts();
         display.rates.TimeStats();
         if (contest.log.gSavedCount == 0) {
             contest.log.gSavedCount = static_cast<float>(contest.log.gContactCount);
         }
+        opened = true;
     } catch (const PlatformError&) {
         giveUp();
     } catch (const ValueError&) {
@@ -41,14 +57,27 @@ void LogReload::mnuopen2() {
     }
 }
 
+void LogReload::FollowDisk() {
+    try {
+        const std::string text = file.Open();
+        if (LogWithoutFault(text)) {
+            Clear();
+            Take(text);
+            display.ShowCounts();
+            display.rates.TimeStats();
+        }
+    } catch (const PlatformError&) {  // what is in memory is then all there is
+    } catch (const ValueError&) {
+    }
+}
+
 void LogReload::Clear() {
     contest.log.gContactCount = 0;
     contest.sections.Clear();
     display.grid.ShowAllNeeded();
 }
 
-void LogReload::ReadAll() {
-    const std::string text = file.Read();
+void LogReload::Take(std::string_view text) {
     FieldReader fieldReader{text};
     while (!fieldReader.AtEnd()) {
         ++contest.log.gContactCount;

@@ -1,5 +1,8 @@
 #pragma once
 
+#include <functional>
+#include <string_view>
+
 #include "log/contest_display.h"
 #include "log/log_file.h"
 #include "toolkit/desk.h"
@@ -14,12 +17,18 @@ struct LogReload {
     LogFile& file;
     ContestDisplay& display;
 
-    /// Any failure is told in a box and ends the program; the file is left as it is.
-    void mnuopen2();
+    bool opened = false;  ///< the log has been read in this run
+
+    /// Any failure is told in a box and ends the program; the file is left as it is, unless the step before the end
+    /// puts another one back.
+    void mnuopen2(const std::function<void()>& beforeTheEnd = {});
+    /// Brings memory and screen to what the disk holds, behind a change that failed. What cannot be read leaves them as
+    /// they are.
+    void FollowDisk();
 
 private:
     void Clear();
-    void ReadAll();
+    void Take(std::string_view text);
     void CountSection(const Contact& contact);
 };
 

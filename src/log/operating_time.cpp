@@ -2,6 +2,7 @@
 
 #include <cmath>
 
+#include "platform/platform_error.h"
 #include "values/format.h"
 #include "values/number.h"
 #include "values/value_error.h"
@@ -27,9 +28,22 @@ std::string DurationText(double seconds) {
     return TwoDigits(hours) + ':' + TwoDigits(minutes) + ':' + TwoDigits(rest);
 }
 
-/// The record takes the offset in hours, where everything else takes it in minutes: a fraction is rounded here.
-DateTime OperatingTime::RecordedNow() const {
-    return AddHours(panel.desk.clock.Now(), static_cast<double>(contest.preferences.gUtcOffset));
+DateTime OperatingTime::FollowedNow() {
+    constexpr std::int64_t kSetByHand = 2;  // seconds; the clocks' own rounding is less
+    constexpr Tick kMsASecond = 1'000;
+    const DateTime now = panel.desk.clock.Now();
+    const Tick tick = panel.desk.clock.TickMs();
+    if (lastNow) {
+        const auto passed = static_cast<std::int64_t>((tick - lastTick) / kMsASecond);
+        const std::int64_t jump = SecondsBetween(*lastNow, now) - passed;
+        if (std::abs(jump) >= kSetByHand) {
+            gLogOnAt = AddSeconds(gLogOnAt, jump);
+            gBandOnAt = AddSeconds(gBandOnAt, jump);
+        }
+    }
+    lastNow = now;
+    lastTick = tick;
+    return now;
 }
 
 void OperatingTime::Record(std::uint8_t on, const DateTime& at, bool withTotal) {
@@ -46,19 +60,19 @@ void OperatingTime::cmdLogOn_Click() {
 }
 
 void OperatingTime::TimeOn() {
-    gLogOnAt = panel.desk.clock.Now();
+    gLogOnAt = FollowedNow();
     gBandOnAt = gLogOnAt;
     gTimeOn = 1;
     panel.form.cmdLogOn.SetCaption(kTimeOffCaption);
     panel.message.Write(" ");
-    Record(1, RecordedNow(), true);
+    Record(1, utc.NowByWholeHours(), true);
 }
 
 void OperatingTime::TimeOff() {
     gTimeOn = 0;
     panel.form.cmdLogOn.SetCaption(kTimeOnCaption);
     contest.preferences.gOpSeconds = gOpSecondsNow;
-    const DateTime at = RecordedNow();
+    const DateTime at = utc.NowByWholeHours();
     Record(0, at, true);
     panel.message.Write("Logged Off at " + FormatDateTime(at, "ddddd", records.shortDate) + " " +
                         FormatDateTime(at, "hh:mm:ss") + " Log On after " +
@@ -67,11 +81,11 @@ void OperatingTime::TimeOff() {
 }
 
 void OperatingTime::Timer2_Elapsed() try {
-    const DateTime now = panel.desk.clock.Now();
+    const DateTime now = FollowedNow();
     const std::string time = FormatDateTime(now, "h:nn:ss AMPM");
     panel.form.lblCurTime.SetCaption(time.substr(0, time.size() - 3));
     panel.form.Label16.SetCaption(FormatDateTime(now, "AMPM"));
-    panel.form.lblutctime.SetCaption(FormatDateTime(UtcOf(now, contest.preferences), "hh:nn:ss"));
+    panel.form.lblutctime.SetCaption(FormatDateTime(utc.Now(), "hh:nn:ss"));
     if (gTimeOn == 1) {
         gOpSecondsNow = std::abs(contest.preferences.gOpSeconds + static_cast<float>(SecondsBetween(gLogOnAt, now)));
         panel.form.lblttrack.SetCaption(DurationText(static_cast<double>(gOpSecondsNow)));
@@ -81,19 +95,40 @@ void OperatingTime::Timer2_Elapsed() try {
     // A clock beyond all years: the next tick may be better.
 }
 
+void OperatingTime::BeginBand() {
+    gBandOnAt = FollowedNow();
+}
+
 void OperatingTime::CloseAtExit(bool withTotal) {
     if (gTimeOn == 0) {
         return;
     }
+    std::string failures;
+    const auto attempt = [&failures](const auto& step) {
+        try {
+            step();
+        } catch (const PlatformError& failure) {
+            failures += (failures.empty() ? "" : "\n") + std::string{failure.what()};
+        }
+    };
     contest.preferences.gOpSeconds = gOpSecondsNow;
-    preferencesFile.SavePref();
+    attempt([this] { preferencesFile.SavePref(); });
     gTimeOn = 0;
-    Record(0, RecordedNow(), withTotal);
+    attempt([this, withTotal] { Record(0, utc.NowByWholeHours(), withTotal); });
+    if (!failures.empty()) {
+        throw PlatformError{failures};
+    }
 }
 
-void OperatingTime::Reset() {
-    gOpSecondsNow = 0;
-    contest.preferences.gOpSeconds = 0;
+OperatingTime::Seconds OperatingTime::Reset() {
+    const Seconds before{.stored = contest.preferences.gOpSeconds, .now = gOpSecondsNow};
+    PutBack({});
+    return before;
+}
+
+void OperatingTime::PutBack(const Seconds& seconds) {
+    contest.preferences.gOpSeconds = seconds.stored;
+    gOpSecondsNow = seconds.now;
 }
 
 }  // namespace tallyhut

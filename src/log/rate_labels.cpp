@@ -7,7 +7,7 @@
 namespace tallyhut {
 
 void RateLabels::TimeStats() try {
-    if (const std::optional<Rates> rates = RatesAt(UtcOf(clock.Now(), contest.preferences), contest.log)) {
+    if (const std::optional<Rates> rates = RatesAt(utc.Now(), contest.log)) {
         form.lblAQSO60.SetCaption(PlainText(rates->lastHour));
         form.lblAQSO20.SetCaption(PlainText(rates->lastTwentyMinutes));
     }

@@ -1,8 +1,7 @@
 #pragma once
 
-#include "contest/contest.h"
 #include "forms/Form1.h"
-#include "platform/clock.h"
+#include "log/utc_clock.h"
 
 namespace tallyhut {
 
@@ -10,7 +9,7 @@ namespace tallyhut {
 struct RateLabels {
     Form1& form;
     const Contest& contest;
-    const Clock& clock;
+    UtcClock& utc;
 
     /// Counts the contacts of the last 20 and 60 minutes. A date or time that is none leaves both labels as they are.
     void TimeStats();

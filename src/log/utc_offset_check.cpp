@@ -2,6 +2,7 @@
 
 #include <cmath>
 
+#include "platform/platform_error.h"
 #include "values/format.h"
 #include "values/number.h"
 #include "values/text.h"
@@ -16,6 +17,16 @@ constexpr double kMostHours = 24;  // beyond it lies no clock, and arithmetic th
 float RecommendedOffset(const DateTime& local, const DateTime& utc) {
     const std::int64_t minutes = SecondsBetween(local, utc) / 60;
     return static_cast<float>(RoundedTo(2, static_cast<double>(minutes) / 60));
+}
+
+/// A failure ends this question and not the load.
+void UtcOffsetCheck::Store() {
+    try {
+        preferencesFile.SavePref();
+    } catch (const PlatformError& failure) {
+        desk.dialogs.Show(
+            {.title = "Error.", .text = failure.what(), .buttons = Buttons::OK, .icon = Icon::Exclamation});
+    }
 }
 
 void UtcOffsetCheck::CheckUtcOffset() {
@@ -37,7 +48,7 @@ void UtcOffsetCheck::CheckUtcOffset() {
     const std::optional<double> hours = ParseNumber(answer);
     if (hours && std::abs(*hours) <= kMostHours) {
         preferences.gUtcOffset = static_cast<float>(*hours);
-        preferencesFile.SavePref();
+        Store();
     }
 }
 

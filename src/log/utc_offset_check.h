@@ -11,9 +11,11 @@ struct UtcOffsetCheck {
     Preferences& preferences;
     PreferencesFile& preferencesFile;
 
-    /// Throws PlatformError when the new offset cannot be stored. An answer that is no number, or
-    /// none of a clock, keeps the old one.
+    /// An answer that is no number, or none of a clock, keeps the old one. A new one that cannot be stored is told.
     void CheckUtcOffset();
+
+private:
+    void Store();
 };
 
 /// Hours to add to the local time for UTC, rounded to two decimals.

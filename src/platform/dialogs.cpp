@@ -8,6 +8,10 @@ Answer Dialogs::Show(const MessageBox& box) {
 }
 
 std::string Dialogs::Show(const InputBox& box) {
+    return Ask(box).value_or("");
+}
+
+std::optional<std::string> Dialogs::Ask(const InputBox& box) {
     ++shown_;
     return DoShow(box);
 }

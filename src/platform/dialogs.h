@@ -66,6 +66,8 @@ struct Dialogs {
     Answer Show(const MessageBox& box);
     /// Empty when cancelled.
     std::string Show(const InputBox& box);
+    /// The same, with nothing for a cancel.
+    std::optional<std::string> Ask(const InputBox& box);
     std::optional<std::string> SaveFile(const FileRequest& request);
     std::optional<std::string> OpenFile(const FileRequest& request);
     std::optional<std::string> ChooseFolder(const FileRequest& request);
@@ -79,7 +81,7 @@ struct Dialogs {
 
 protected:
     virtual Answer DoShow(const MessageBox& box) = 0;
-    virtual std::string DoShow(const InputBox& box) = 0;
+    virtual std::optional<std::string> DoShow(const InputBox& box) = 0;
     virtual std::optional<std::string> DoSaveFile(const FileRequest& request) = 0;
     virtual std::optional<std::string> DoOpenFile(const FileRequest& request) = 0;
     virtual std::optional<std::string> DoChooseFolder(const FileRequest& request) = 0;

@@ -1,13 +1,16 @@
 #pragma once
 
+#include <functional>
+#include <memory>
 #include <optional>
 
 #include "platform/clock.h"
+#include "platform/descriptor_watch.h"
 
 namespace tallyhut {
 
-/// Where keys, clicks and the readiness of ports come in. It hands them over (Desk::PostKey, IoSource::Signal) and runs
-/// no handler of its own accord.
+/// Where keys, clicks and the readiness of descriptors come in. It hands them over (Desk::PostKey, IoSource::Signal)
+/// and runs no handler of its own accord.
 struct EventPump {
     virtual ~EventPump() = default;
 
@@ -15,6 +18,14 @@ struct EventPump {
     virtual void Collect() = 0;
     /// Waits until something arrives or the tick comes; without a tick, until something arrives.
     virtual void WaitUntil(std::optional<Tick> tick) = 0;
+    /// In place of a wait, where the program has more to do by itself: gives what the operator does its turn, for a
+    /// pump that takes that in by WaitUntil alone.
+    virtual void Yield() {}
+
+    /// Looks at a descriptor from now on. `arrived` is called by Collect and WaitUntil; it notes the arrival and does
+    /// nothing else: it makes and ends no watch.
+    virtual std::unique_ptr<DescriptorWatch> Watch(int descriptor, std::function<void()> arrived) = 0;
+
     /// Ends the program; files that are open are complete already. 0 for exit and close, 1 for failures.
     [[noreturn]] void EndProgram(int status);
 };

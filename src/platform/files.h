@@ -5,6 +5,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "platform/platform_error.h"
 
@@ -70,6 +71,8 @@ struct Files {
     virtual std::optional<FileMark> Mark(const std::string& path) const = 0;
     /// True when both paths lead to one file that is there, through links too. Throws when that cannot be told.
     virtual bool IsSameFile(const std::string& one, const std::string& other) const = 0;
+    /// The paths of the regular files that lie in a folder, by name; none for a folder that is not there.
+    virtual std::vector<std::string> FilesIn(const std::string& folder) const = 0;
     /// Makes the last level only; the parent must exist.
     virtual void MakeFolder(const std::string& path) = 0;
     /// The folder the program was started in.

@@ -18,7 +18,7 @@ struct ReportsPart {
     LogExports exports;
 
 private:
-    void Bind(Form1& form1);
+    void Bind(Form1& form1, LogGuard& guard);
 };
 
 }  // namespace tallyhut

@@ -146,10 +146,12 @@ void MenuEntry::SetChecked(bool checked) {
 }
 
 Timer::Timer(Form& owner, std::string controlName, std::int32_t intervalMs, bool enabledAtFirst)
-    : Control{owner, ControlKind::Timer, std::move(controlName)} {
+    : Control{owner, ControlKind::Timer, std::move(controlName)}, alarm_{owner.desk, [this] {
+                                                                             form.desk.Call(Elapsed);
+                                                                         }} {
     state_.interval = intervalMs;
     state_.enabled = enabledAtFirst;
-    form.desk.timers_.push_back(this);
+    Restart();
 }
 
 void Timer::SetInterval(std::int32_t ms) {
@@ -163,8 +165,7 @@ void Timer::SetTimerEnabled(bool enabled) {
 }
 
 void Timer::Restart() {
-    due_ = form.desk.clock.TickMs() + static_cast<Tick>(std::max(state_.interval, 0));
-    Touch();
+    alarm_.Start(form.IsLoaded() && Enabled() ? Interval() : 0);
 }
 
 Line::Line(Form& owner, std::string controlName, double x1, double y1, double x2, double y2)

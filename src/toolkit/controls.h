@@ -2,6 +2,7 @@
 
 #include <memory>
 
+#include "toolkit/alarm.h"
 #include "toolkit/control.h"
 #include "toolkit/raster_image.h"
 
@@ -181,12 +182,10 @@ struct Timer : Control {
     std::function<void()> Elapsed;
 
 private:
-    friend struct Desk;
     friend struct Form;
     void Restart();
 
-    Tick due_ = 0;
-    bool running_ = false;  ///< its handler is: no timer re-enters itself
+    Alarm alarm_;
 };
 
 struct Line : Control {

@@ -3,8 +3,6 @@
 #include <algorithm>
 #include <utility>
 
-#include "toolkit/running.h"
-
 namespace tallyhut {
 
 using FormEvent = DeskOutlets::FormEvent;
@@ -27,14 +25,6 @@ private:
 };
 
 }  // namespace
-
-IoSource::IoSource(Desk& owner, std::function<void()> handler) : desk_{owner}, handler_{std::move(handler)} {
-    desk_.sources_.push_back(this);
-}
-
-IoSource::~IoSource() {
-    std::erase(desk_.sources_, this);
-}
 
 Desk::Desk(Clock& machineClock, EventPump& machinePump, Dialogs& machineDialogs, Clipboard& machineClipboard)
     : clock{machineClock}, pump{machinePump}, dialogs{machineDialogs}, clipboard{machineClipboard} {}
@@ -160,14 +150,21 @@ void Desk::Forget(const Control& control) {
     }
     std::erase_if(focusEvents_, [&control](const FocusEvent& event) { return event.control == &control; });
     std::erase_if(operatorEvents_, [&control](const OperatorEvent& event) { return event.target == &control; });
-    std::ranges::replace(watched_, &control, nullptr);
-    std::erase_if(timers_, [&control](const Timer* timer) { return timer == &control; });
+    ForgetWatched(&control);
     if (openMenu_ == &control) {
         openMenu_ = nullptr;
     }
     if (control.form.focus_ == &control) {
         control.form.focus_ = nullptr;
     }
+}
+
+void Desk::ForgetWatched(const void* watched) {
+    std::ranges::replace(watched_, watched, nullptr);
+}
+
+bool Desk::IsWatched(const void* watched) const {
+    return std::ranges::count(watched_, watched) > 0;
 }
 
 void Desk::PostKey(const Key& key) {
@@ -212,7 +209,24 @@ void Desk::RunPendingUntil(const std::function<bool()>& done) {
     }
     pump.Collect();
     const Tick now = clock.TickMs();
-    while (!done() && (RunFocusEvent() || RunIoSource() || RunDueTimer(now) || RunOperatorEvent())) {
+    std::uint64_t round = ++rounds_;
+    bool isLast = false;
+    while (!done()) {
+        if (RunFocusEvent() || RunSource(round) || RunDueAlarm(now)) {
+            continue;
+        }
+        if (!RunOperatorEvent()) {
+            if (isLast || !SourceWaits()) {
+                return;
+            }
+            isLast = true;  // a source that signals itself for ever keeps nobody here
+        }
+        round = ++rounds_;
+    }
+}
+
+void Desk::RunFocusEvents() {
+    while (!frozen_ && RunFocusEvent()) {
     }
 }
 
@@ -222,7 +236,8 @@ void Desk::RunTimersAndIo() {
     }
     pump.Collect();
     const Tick now = clock.TickMs();
-    while (RunIoSource() || RunDueTimer(now)) {
+    const std::uint64_t round = ++rounds_;
+    while (RunSource(round) || RunDueAlarm(now)) {
     }
 }
 
@@ -234,7 +249,7 @@ void Desk::RunUntil(const std::function<bool()>& done) {
         if (done()) {
             return;
         }
-        pump.WaitUntil(NextDue());
+        Wait(NextDue());
     }
 }
 
@@ -248,7 +263,19 @@ void Desk::RunDialog(const std::function<bool()>& done) {
         if (done()) {
             return;
         }
-        pump.WaitUntil(frozen_ ? std::nullopt : NextTimerDue());
+        if (frozen_) {
+            pump.WaitUntil(std::nullopt);
+        } else {
+            Wait(NextAlarmDue());
+        }
+    }
+}
+
+void Desk::Wait(std::optional<Tick> due) {
+    if (SourceWaits()) {
+        pump.Yield();
+    } else {
+        pump.WaitUntil(due);
     }
 }
 
@@ -272,45 +299,55 @@ bool Desk::RunFocusEvent() {
     return true;
 }
 
-bool Desk::RunIoSource() {
-    const auto ready =
-        std::ranges::find_if(sources_, [](const IoSource* source) { return source->signalled_ && !source->running_; });
+/// A round that runs inside of this one has a higher number: whom it gave a turn has none left here.
+bool Desk::RunSource(std::uint64_t round) {
+    const auto ready = std::ranges::find_if(sources_, [this, round](const IoSource* source) {
+        return source->signalled_ && source->ranIn_ < round && !IsWatched(source);
+    });
     if (ready == sources_.end()) {
         return false;
     }
     IoSource& source = **ready;
     source.signalled_ = false;
-    const Running running{source.running_};
+    source.ranIn_ = round;
+    const Watch watch{*this, &source};
     Call(source.handler_);
+    if (!watch.IsGone() && source.watch_) {
+        source.watch_->Rearm();  // not before: what the handler has not read yet is nothing new
+    }
     return true;
 }
 
-/// The timer that is due first; of those due at once the one made first.
-Timer* Desk::EarliestTimer() const {
-    Timer* earliest = nullptr;
-    for (Timer* timer : timers_) {
-        const bool counts = timer->form.loaded_ && timer->Enabled() && timer->Interval() > 0 && !timer->running_;
-        if (counts && (earliest == nullptr || timer->due_ < earliest->due_)) {
-            earliest = timer;
+bool Desk::SourceWaits() const {
+    return std::ranges::any_of(sources_,
+                               [this](const IoSource* source) { return source->signalled_ && !IsWatched(source); });
+}
+
+/// The one that is due first; of those due at once the one made first.
+Alarm* Desk::EarliestAlarm() const {
+    Alarm* earliest = nullptr;
+    for (Alarm* alarm : alarms_) {
+        const bool counts = alarm->IsStarted() && !IsWatched(alarm);
+        if (counts && (earliest == nullptr || *alarm->due_ < *earliest->due_)) {
+            earliest = alarm;
         }
     }
     return earliest;
 }
 
-std::optional<Tick> Desk::NextTimerDue() const {
-    const Timer* timer = EarliestTimer();
-    return timer == nullptr ? std::nullopt : std::optional{timer->due_};
+std::optional<Tick> Desk::NextAlarmDue() const {
+    const Alarm* alarm = EarliestAlarm();
+    return alarm == nullptr ? std::nullopt : alarm->due_;
 }
 
-bool Desk::RunDueTimer(Tick now) {
-    Timer* timer = EarliestTimer();
-    if (timer == nullptr || timer->due_ > now) {
+bool Desk::RunDueAlarm(Tick now) {
+    Alarm* alarm = EarliestAlarm();
+    if (alarm == nullptr || *alarm->due_ > now) {
         return false;
     }
-    // Late or not, it fires once and counts on from here.
-    timer->due_ = std::max(clock.TickMs(), now) + static_cast<Tick>(timer->Interval());
-    const Running running{timer->running_};
-    Call(timer->Elapsed);
+    alarm->PassOn(std::max(clock.TickMs(), now));  // late or not, it runs once and counts on from here
+    const Watch watch{*this, alarm};
+    Call(alarm->handler_);
     return true;
 }
 
@@ -333,9 +370,9 @@ std::optional<Tick> Desk::HeldUntil() const {
 }
 
 std::optional<Tick> Desk::NextDue() const {
-    const std::optional<Tick> timer = NextTimerDue();
+    const std::optional<Tick> alarm = NextAlarmDue();
     const std::optional<Tick> held = HeldUntil();
-    return timer && held ? std::min(*timer, *held) : (timer ? timer : held);
+    return alarm && held ? std::min(*alarm, *held) : (alarm ? alarm : held);
 }
 
 bool Desk::RunOperatorEvent() {
@@ -363,6 +400,14 @@ bool Desk::RunOperatorEvent() {
         Call(event.action);
     }
     return true;
+}
+
+void Desk::Tell(const PlatformError& failure) {
+    if (!onFailure || frozen_) {
+        Fatal(failure);
+        return;
+    }
+    onFailure(failure);
 }
 
 void Desk::Fatal(const std::exception& failure) {

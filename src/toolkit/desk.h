@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <deque>
 #include <exception>
 #include <functional>
@@ -13,32 +14,13 @@
 #include "platform/clock.h"
 #include "platform/dialogs.h"
 #include "platform/event_pump.h"
+#include "platform/platform_error.h"
+#include "toolkit/alarm.h"
 #include "toolkit/controls.h"
 #include "toolkit/form.h"
+#include "toolkit/io_source.h"
 
 namespace tallyhut {
-
-struct Desk;
-
-/// A device that has something for a handler. The device signals whenever it likes; the handler runs when events run,
-/// and never inside itself.
-struct IoSource {
-    IoSource(Desk& owner, std::function<void()> handler);
-    ~IoSource();
-    IoSource(const IoSource&) = delete;
-    IoSource& operator=(const IoSource&) = delete;
-    IoSource(IoSource&&) = delete;
-    IoSource& operator=(IoSource&&) = delete;
-
-    void Signal() { signalled_ = true; }
-
-private:
-    friend struct Desk;
-    Desk& desk_;
-    std::function<void()> handler_;
-    bool signalled_ = false;
-    bool running_ = false;
-};
 
 /// What a host wants to know to show the forms. Does nothing by default.
 struct DeskOutlets {
@@ -55,7 +37,8 @@ struct DeskOutlets {
 /// reach their handlers. All that an operator can observe apart from pixels is decided here, the same for every host.
 ///
 /// Handlers run on the caller's stack, from RunPending and its kin only. Whoever calls those reads back afterwards what
-/// it needs: any handler may have run. What a handler throws is fatal: it goes to `onFatal` and nowhere else.
+/// it needs: any handler may have run. What a handler throws goes no further: a failure of the machine is told by
+/// `onFailure`, all else is fatal and goes to `onFatal`.
 struct Desk {
     Desk(Clock& machineClock, EventPump& machinePump, Dialogs& machineDialogs, Clipboard& machineClipboard);
     ~Desk();
@@ -71,6 +54,8 @@ struct Desk {
     DeskOutlets outlets;
     /// Tells the operator of a failure that nothing handled; must not return. No timer, key or device runs meanwhile.
     std::function<void(const std::exception&)> onFatal;
+    /// Tells the operator of what the machine refused; the program goes on as it was.
+    std::function<void(const PlatformError&)> onFailure;
 
     const std::vector<Form*>& Forms() const { return forms_; }
     Form* FindForm(std::string_view name) const;
@@ -92,19 +77,27 @@ struct Desk {
     /// The operator's click on a menu entry.
     void PostMenu(MenuEntry& entry);
     void CloseMenu();
+    /// Opens the first menu of the active form, as Alt alone does, and F10 where no handler has used it up.
+    void OpenMenuBar();
     MenuEntry* OpenMenu() const { return openMenu_; }
 
-    /// Lets waiting focus events, keys, clicks, timers and devices reach their handlers.
+    /// Lets waiting focus events, keys, clicks, timers and devices reach their handlers, in rounds: focus events first,
+    /// then each source that is signalled, once, then what is due, then one of the operator's events. When nothing else
+    /// waits, what has signalled again has one more round; after that it waits for the next call.
     void RunPending();
-    /// The same without focus events and without what the operator does.
+    /// The focus events that wait, and nothing else.
+    void RunFocusEvents();
+    /// One round without focus events and without what the operator does.
     void RunTimersAndIo();
     /// Runs events until the claim holds: the loop of the program, of a modal form.
     void RunUntil(const std::function<bool()>& done);
     /// The loop of a dialog of the machine: the operator's keys belong to the dialog, timers and devices go on.
     void RunDialog(const std::function<bool()>& done);
 
-    /// When something is due by itself: a timer, or a key that is held back.
+    /// When something is due by itself: a timer, an alarm, or a key that is held back.
     std::optional<Tick> NextDue() const;
+    /// Some source has signalled again and has its turn when events run next.
+    bool SourceWaits() const;
     /// Until when the next key is held back by its control's gate.
     std::optional<Tick> HeldUntil() const;
 
@@ -123,7 +116,7 @@ struct Desk {
         Desk& desk_;
     };
 
-    /// Runs a handler; nothing for an empty one. What it throws is fatal.
+    /// Runs a handler; nothing for an empty one. A PlatformError that it throws is told, all else is fatal.
     template <typename Handler, typename... Arguments>
     void Call(const Handler& handler, Arguments&&... arguments) {
         if (!handler) {
@@ -132,16 +125,18 @@ struct Desk {
         try {
             const Handler running = handler;  // its control may be removed, or get another handler, while it runs
             running(std::forward<Arguments>(arguments)...);
+        } catch (const PlatformError& failure) {
+            Tell(failure);
         } catch (const std::exception& failure) {
             Fatal(failure);
         }
     }
 
 private:
+    friend struct Alarm;
     friend struct Control;
     friend struct Form;
     friend struct IoSource;
-    friend struct Timer;
 
     enum class FocusStep { Lost, Got, Activated };
     struct FocusEvent {
@@ -155,10 +150,11 @@ private:
         const Control* target = nullptr;  ///< of an action that is lost with its control
     };
 
-    /// Notices that a control is removed by one of several handlers that run in turn.
+    /// Notices that a control, a source or an alarm is removed by a handler. Sources and alarms are watched while their
+    /// own handler runs, and only then.
     class Watch {
     public:
-        Watch(Desk& owner, const Control& control) : desk_{owner} { desk_.watched_.push_back(&control); }
+        Watch(Desk& owner, const void* watched) : desk_{owner} { desk_.watched_.push_back(watched); }
         ~Watch() { desk_.watched_.pop_back(); }
         Watch(const Watch&) = delete;
         Watch& operator=(const Watch&) = delete;
@@ -172,6 +168,7 @@ private:
         std::size_t place_ = desk_.watched_.size();  ///< before the constructor adds it
     };
 
+    void Tell(const PlatformError& failure);
     void Fatal(const std::exception& failure);
 
     /// With the form brought to the front, and without.
@@ -180,6 +177,8 @@ private:
     void ReturnFocus(Control& to);
     void ForgetFocusEvents(const Form& form);
     void Forget(const Control& control);
+    void ForgetWatched(const void* watched);
+    bool IsWatched(const void* watched) const;
     void BringToFront(Form& form);
     void NoteActive();
     Form* ForemostModal() const;
@@ -187,11 +186,12 @@ private:
     /// Like RunPending, but ends with the handler that made the claim hold.
     void RunPendingUntil(const std::function<bool()>& done);
     bool RunFocusEvent();
-    bool RunIoSource();
-    bool RunDueTimer(Tick now);
+    bool RunSource(std::uint64_t round);
+    bool RunDueAlarm(Tick now);
     bool RunOperatorEvent();
-    Timer* EarliestTimer() const;
-    std::optional<Tick> NextTimerDue() const;
+    Alarm* EarliestAlarm() const;
+    std::optional<Tick> NextAlarmDue() const;
+    void Wait(std::optional<Tick> due);
     /// Until when the control with the focus holds the key back.
     std::optional<Tick> GateOf(const Key& key) const;
 
@@ -229,9 +229,10 @@ private:
     std::deque<FocusEvent> focusEvents_;
     std::deque<OperatorEvent> operatorEvents_;
     std::deque<Key> sentKeys_;
-    std::vector<Timer*> timers_;  ///< in order of creation
+    std::vector<Alarm*> alarms_;  ///< in order of creation; those of timers too
     std::vector<IoSource*> sources_;
-    std::vector<const Control*> watched_;  ///< null for one that is gone
+    std::uint64_t rounds_ = 0;          ///< begun so far
+    std::vector<const void*> watched_;  ///< null for one that is gone
     int inputHolds_ = 0;
     int focusMoves_ = 0;
     bool frozen_ = false;

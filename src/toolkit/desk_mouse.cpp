@@ -8,7 +8,7 @@ bool Desk::CanBeClicked(const Control& control) const {
 
 bool Desk::TakeFocusByMouse(Control& control) {
     const int boxes = dialogs.Shown();
-    const Watch watch{*this, control};
+    const Watch watch{*this, &control};
     CloseMenu();
     Activate(control.form);
     while (RunFocusEvent()) {  // Form_Activate may move the focus; that is no move away from the control
@@ -48,7 +48,7 @@ void Desk::DeliverClick(Control& control, MouseButton button, bool twice) {
     if (!TakeFocusByMouse(control)) {
         return;
     }
-    const Watch watch{*this, control};
+    const Watch watch{*this, &control};
     Call(control.MouseDown, button);
     if (!watch.IsGone()) {
         Call(control.MouseUp, button);

@@ -66,11 +66,7 @@ void Form::Load() {
     }
     KeepDesign();
     loaded_ = true;
-    for (Control* control : controls_) {
-        if (control->kind == ControlKind::Timer) {
-            static_cast<Timer*>(control)->Restart();
-        }
-    }
+    RestartTimers();
     desk.Call(Form_Load);
 }
 
@@ -130,6 +126,7 @@ void Form::Unload() {
     shownBefore_ = false;
     focus_ = nullptr;
     RestoreDesign();
+    RestartTimers();
 }
 
 void Form::RequestClose() {
@@ -192,6 +189,15 @@ std::vector<Control*> Form::TabStops() const {
         }
     }
     return visited;
+}
+
+/// They count while the form is loaded.
+void Form::RestartTimers() {
+    for (Control* control : controls_) {
+        if (control->kind == ControlKind::Timer) {
+            static_cast<Timer*>(control)->Restart();
+        }
+    }
 }
 
 /// Once: what is set between an unload and the next load is a value, not the design.

@@ -79,6 +79,7 @@ private:
     friend struct Control;
     friend struct MenuEntry;
 
+    void RestartTimers();
     void KeepDesign();
     void RestoreDesign();
     void FocusLowestTabStop();

@@ -136,6 +136,15 @@ TEST_F(MainFormLayoutTest, AnswerThatIsNoNumberIsToldAndChangesNothing) {
     EXPECT_EQ(Operations(), 0);
 }
 
+TEST_F(MainFormLayoutTest, ACancelIsNoErrorAndChangesNothing) {
+    Start();
+    dialogs.boxes.clear();
+    dialogs.inputs.clear();
+    program->layout.mnuFormSize_Click();
+    EXPECT_EQ(dialogs.boxes, (std::vector<std::string>{kPercentBox}));
+    EXPECT_EQ(program->preferences.gFormScale, 100);
+}
+
 TEST_F(MainFormLayoutTest, StoredSizeBeyondTheLimitsIsNotFollowed) {
     stored.gFormScale = 1;
     Start();

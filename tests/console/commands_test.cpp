@@ -222,6 +222,33 @@ TEST_F(CommandsTest, ACommandPutAtAMomentIsDeliveredThen) {
     EXPECT_EQ(program.Get("txtNum"), R"("77")");
 }
 
+TEST_F(CommandsTest, CommandsPutAtAMomentNestTenDeepAndNoDeeper) {
+    const auto nested = [](int depth, const std::string& command) {
+        std::string line;
+        for (int i = 0; i < depth; ++i) {
+            line += "at 1 ";
+        }
+        return line + command;
+    };
+    EXPECT_EQ(program.Do(nested(10, "type 7")), Lines{});
+    for (const int depth : {11, 20'000}) {
+        EXPECT_EQ(program.Do(nested(depth, "type 8")), Lines{R"({"error":"at is nested deeper than 10"})"}) << depth;
+    }
+    EXPECT_EQ(program.Do("at 1 at x type 8"), Lines{R"({"error":"milliseconds is no whole number: x"})"});
+    EXPECT_EQ(program.Do("at 1 at 1 nonsense"), Lines{R"({"error":"unknown command nonsense"})"});
+    EXPECT_EQ(program.Do("at 1 at 1 advance 5"), Lines{R"({"error":"advance cannot be put at a moment"})"});
+    program.Do("advance 9");
+    EXPECT_EQ(program.Get("txtNum"), R"("")");
+    program.Do("advance 1");
+    EXPECT_EQ(program.Get("txtNum"), R"("7")");
+}
+
+TEST_F(CommandsTest, TheEndOfInputIsNoticedWhileTimeSettles) {
+    program.Send("settle 86400000");
+    program.CloseInput();
+    EXPECT_EQ(program.Wait(), 0);
+}
+
 TEST_F(CommandsTest, SettleLetsRealTimePassAndNoOther) {
     program.Do("settle 20");
     EXPECT_EQ(program.Get("$clock"), R"("2026-11-07T21:04:33.000")");

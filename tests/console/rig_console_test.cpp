@@ -60,6 +60,32 @@ TEST_F(RigConsoleTest, AnsweringRadioIsReadAgainAndAgain) {
     EXPECT_EQ(program.Get("$gBand"), R"("15")");
 }
 
+TEST_F(RigConsoleTest, CommandIsDoneBeforeTheNextReadyAndItsPausesTakeKeys) {
+    folder.Write("BandPlan.txt", "\"now\"\r\n\"20\",\"E\",\"PH\",14.15,14.35\r\n");
+    PollKenwood();
+    program.Do("key Ctrl+G");
+    program.Do("at 150 get RigControlfrm.tmrGetData.enabled");
+    const Lines printed = program.Do("click cmdBand(5)");
+    EXPECT_EQ(
+        Events(printed, "tx"),
+        (Lines{R"({"event":"tx","port":1,"hex":"4D44323B","at":"2026-11-07T21:04:33.099"})",
+               R"({"event":"tx","port":1,"hex":"464130303031343137353030303B","at":"2026-11-07T21:04:33.304"})"}));
+    EXPECT_NE(std::ranges::find(printed, R"({"value":false})"), printed.end());
+    EXPECT_EQ(program.Get("$clock"), R"("2026-11-07T21:04:33.304")");
+}
+
+TEST_F(RigConsoleTest, ScanWaitsForTheClockOfTheDriver) {
+    PollKenwood();
+    program.Do("key Ctrl+G");
+    program.Do("set txtFreq 7.03");
+    program.Do("set txtFrom 7");
+    program.Do("set txtTo 7.1");
+    program.Do("click chkScan");
+    program.Do("advance 299");
+    EXPECT_EQ(program.Get("$clock"), R"("2026-11-07T21:04:33.299")");
+    EXPECT_EQ(Events(program.Do("advance 1000"), "tx").size(), 6U);  // three modes, three frequencies
+}
+
 TEST_F(RigConsoleTest, ClosingTheWindowTellsTheRadio) {
     program.Do("key Ctrl+R");
     program.Do("pick List1 10");

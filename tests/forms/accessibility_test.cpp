@@ -91,7 +91,7 @@ QAccessibleInterface* FindBelow(QAccessibleInterface& element, const QString& co
 
 struct AccessibilityTest : testing::Test {
     ShownProgram shown;
-    Program& program = shown.program;
+    ProgramUnits& program = shown.program;
     ScreenReader reader;
 
     QAccessibleInterface& ElementOf(Form& form, const char* control) {

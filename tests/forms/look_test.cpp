@@ -34,7 +34,7 @@ struct LookTest : testing::Test {
 
     QPalette before = QApplication::palette();
     ShownProgram shown;
-    Program& program = shown.program;
+    ProgramUnits& program = shown.program;
     DesktopLook desktop;
 };
 

@@ -48,7 +48,7 @@ bool LiesUnderOthers(const Control& control) {
 
 struct WindowWalkTest : testing::Test {
     ShownProgram shown;
-    Program& program = shown.program;
+    ProgramUnits& program = shown.program;
 
     void FillStation() {
         program.form1.Label1.SetCaption("A");

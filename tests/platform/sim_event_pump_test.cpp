@@ -87,6 +87,37 @@ TEST_F(SimEventPump, CollectingDoesNotMoveTheClock) {
     EXPECT_EQ(clock.TickMs(), 0U);
 }
 
+TEST_F(SimEventPump, ReadableDescriptorIsToldOnceUntilItIsRearmed) {
+    const auto watch = pump.Watch(7, [&] { ran += '7'; });
+    const auto other = pump.Watch(8, [&] { ran += '8'; });
+    pump.Collect();
+    EXPECT_EQ(ran, "");
+    pump.OnCollect(1, [&] { pump.readable.insert(7); });
+    pump.Collect();
+    pump.Collect();
+    EXPECT_EQ(ran, "7");
+    watch->Rearm();
+    pump.Collect();
+    EXPECT_EQ(ran, "77");
+    watch->Rearm();
+    pump.readable.erase(7);
+    pump.Collect();
+    EXPECT_EQ(ran, "77");
+}
+
+TEST_F(SimEventPump, ReadableDescriptorEndsAWait) {
+    auto watch = pump.Watch(7, [&] { ran += '7'; });
+    pump.readable.insert(7);
+    pump.WaitUntil(3'000);
+    EXPECT_EQ(ran, "7");
+    EXPECT_EQ(clock.TickMs(), 0U);
+    pump.WaitUntil(3'000);
+    EXPECT_EQ(clock.TickMs(), 3'000U);
+    watch->Rearm();
+    watch.reset();
+    EXPECT_THROW(pump.WaitUntil(std::nullopt), sim::NothingToWaitFor);
+}
+
 TEST_F(SimEventPump, EndOfTheProgramUnwindsWithItsStatus) {
     try {
         pump.EndProgram(1);

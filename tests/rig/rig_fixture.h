@@ -1,5 +1,6 @@
 #pragma once
 
+#include <algorithm>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -57,15 +58,21 @@ struct RigFixture : ProgramFixture {
     /// Begins a command; its pauses have yet to pass.
     void AskFrequency(float frequency) { program->rigCommands.ChangeFrequency(frequency); }
     void AskMode(std::string mode, float frequency = 0) { program->rigCommands.ChangeMode(frequency, mode); }
+    /// To the next timer, or to the tick before it.
+    void RunTo(Tick end) {
+        clock.AdvanceTo(std::min(TheDesk().NextDue().value_or(end), end));
+        TheDesk().RunPending();
+    }
     /// Every timer runs at its own moment.
     void LetTimeGoBy(Tick milliseconds) {
-        for (Tick passed = 0; passed < milliseconds; ++passed) {
-            PassTime(1);
-        }
+        const Tick end = clock.TickMs() + milliseconds;
+        do {
+            RunTo(end);
+        } while (clock.TickMs() < end);
     }
     void FinishCommands() {
         while (State().commanding) {
-            PassTime(1);
+            RunTo(*TheDesk().NextDue());
         }
     }
     void ChangeFrequency(float frequency) {

@@ -2,7 +2,6 @@
 
 #include <QApplication>
 #include <QDialogButtonBox>
-#include <QFontMetrics>
 #include <QGridLayout>
 #include <QLabel>
 #include <QLineEdit>
@@ -12,7 +11,10 @@
 #include <algorithm>
 #include <array>
 
+#include "forms/qt/paragraph.h"
+#include "forms/qt/program_style.h"
 #include "forms/qt/text_codec.h"
+#include "forms/qt/theme.h"
 
 namespace tallyhut {
 namespace {
@@ -56,17 +58,12 @@ std::optional<QStyle::StandardPixmap> PictureOf(Icon icon) {
     return std::nullopt;
 }
 
-/// Plain text in lines of a readable length.
-QLabel* Paragraph(const QString& text, const QFont& font) {
-    auto* label = new QLabel{text};
-    label->setTextFormat(Qt::PlainText);
-    label->setFont(font);
-    const QFontMetrics metrics{font};
-    const int longest = metrics.averageCharWidth() * 64;
-    const int wanted = metrics.boundingRect(QRect{0, 0, longest, 10'000}, Qt::TextWordWrap, text).width() + 4;
-    label->setWordWrap(true);
-    label->setFixedWidth(std::clamp(wanted, metrics.averageCharWidth() * 24, longest));
-    return label;
+/// The button that Enter takes.
+void MarkMain(QPushButton& button) {
+    button.setProperty(kAccentMark, true);
+    QPalette palette = button.palette();
+    palette.setColor(QPalette::ButtonText, TextOn(ThemeOf(palette).accent));
+    button.setPalette(palette);
 }
 
 }  // namespace
@@ -103,11 +100,11 @@ void AskBox::Build(const std::string& title, const std::string& text, Icon icon,
     }
     QFont bold = font();
     bold.setBold(true);
-    auto* heading = Paragraph(windowTitle(), bold);  // a title bar may be too short for it, or missing
+    auto* heading = new Paragraph{windowTitle(), bold};  // a title bar may be too short for it, or missing
     heading->setObjectName("title");
     heading->setVisible(!windowTitle().isEmpty());
     grid->addWidget(heading, 0, 1);
-    auto* message = Paragraph(ToQt(text), font());
+    auto* message = new Paragraph{ToQt(text), font()};
     message->setObjectName("text");
     grid->addWidget(message, 1, 1);
     if (preset) {
@@ -127,6 +124,9 @@ void AskBox::Build(const std::string& title, const std::string& text, Icon icon,
         button->setMinimumSize(space * 6, space * 2);
         const bool first = &row == &rows.front();
         button->setDefault(first);
+        if (first) {
+            MarkMain(*button);
+        }
         if (first && !preset) {
             button->setFocus();
         }

@@ -66,9 +66,9 @@ Answer QtDialogs::DoShow(const MessageBox& box) {
     return dialog.Chosen();
 }
 
-std::string QtDialogs::DoShow(const InputBox& box) {
+std::optional<std::string> QtDialogs::DoShow(const InputBox& box) {
     AskBox dialog{box, DialogParent(*desk_)};
-    return RunDialog(dialog, *desk_) ? FromQt(dialog.Entered()) : std::string{};
+    return RunDialog(dialog, *desk_) ? std::optional{FromQt(dialog.Entered())} : std::nullopt;
 }
 
 std::optional<std::string> QtDialogs::DoSaveFile(const FileRequest& request) {

@@ -6,12 +6,15 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <array>
 #include <cerrno>
 #include <climits>
 #include <csignal>
 #include <cstdlib>
+#include <filesystem>
 #include <optional>
+#include <system_error>
 #include <utility>
 #include <vector>
 
@@ -417,6 +420,25 @@ bool PosixFiles::IsSameFile(const std::string& one, const std::string& other) co
     const auto first = StatusOf(one);
     const auto second = StatusOf(other);
     return first && second && IsSame(*first, *second);
+}
+
+std::vector<std::string> PosixFiles::FilesIn(const std::string& folder) const {
+    std::vector<std::string> found;
+    if (!FolderExists(folder)) {
+        return found;
+    }
+    std::error_code failure;
+    for (const auto& entry : std::filesystem::directory_iterator{folder, failure}) {
+        std::error_code ignored;
+        if (entry.is_regular_file(ignored)) {
+            found.push_back(entry.path().string());
+        }
+    }
+    if (failure) {
+        throw PathError(folder, failure.value());
+    }
+    std::ranges::sort(found);
+    return found;
 }
 
 void PosixFiles::MakeFolder(const std::string& path) {

@@ -21,6 +21,7 @@ struct PosixFiles : Files {
     bool FolderExists(const std::string& path) const override;
     std::optional<FileMark> Mark(const std::string& path) const override;
     bool IsSameFile(const std::string& one, const std::string& other) const override;
+    std::vector<std::string> FilesIn(const std::string& folder) const override;
     void MakeFolder(const std::string& path) override;
     std::string CurrentFolder() const override;
     void CheckWritable(const std::string& folder) const override;

@@ -40,8 +40,11 @@ Answer Dialogs::DoShow(const MessageBox& box) {
     return answer;
 }
 
-std::string Dialogs::DoShow(const InputBox& box) {
-    return Ask<std::string>("input" + Quoted(box.title) + Quoted(box.text) + Quoted(box.preset), inputs, "");
+std::optional<std::string> Dialogs::DoShow(const InputBox& box) {
+    const bool cancelled = inputs.empty();
+    std::string text =
+        Ask<std::string>("input" + Quoted(box.title) + Quoted(box.text) + Quoted(box.preset), inputs, "");
+    return cancelled ? std::nullopt : std::optional{std::move(text)};
 }
 
 std::optional<std::string> Dialogs::AskForFile(const std::string& kind, const FileRequest& request) {

@@ -198,6 +198,19 @@ bool Files::IsSameFile(const std::string& one, const std::string& other) const {
     return contents.contains(Whole(one)) && Whole(one) == Whole(other);
 }
 
+std::vector<std::string> Files::FilesIn(const std::string& folder) const {
+    const std::string place = Whole(folder);
+    CheckReachable(folder, place);
+    std::vector<std::string> found;
+    for (const auto& [path, content] : contents) {
+        const bool within = path.starts_with(place + '/') && path.find('/', place.size() + 1) == std::string::npos;
+        if (within && !irregular.contains(path)) {
+            found.push_back(folder + path.substr(place.size()));
+        }
+    }
+    return found;
+}
+
 void Files::MakeFolder(const std::string& path) {
     const std::string place = Whole(path);
     BeginChange(path, place);

@@ -1,0 +1,35 @@
+#pragma once
+
+#include "log/log_reload.h"
+
+namespace tallyhut {
+
+/// The net under the log that nobody sees until it is needed: a log that the start could not open is opened before
+/// anything is added to it or taken from it, and a log that another hand has changed is not written over.
+struct LogGuard {
+    Desk& desk;
+    Contest& contest;
+    LogFile& file;
+    LogReload& reload;
+
+    /// Opens the log if this run has not and contacts stand in it. Throws PlatformError when that cannot be told.
+    void OpenIfUnopened();
+    /// The contact becomes the next row and the next record. False where another hand has changed the file: that has
+    /// been told, and nothing is logged. Throws LogWriteError.
+    bool Add(const Contact& contact);
+    /// Writes the tables and reads them back. Where another hand has changed the file, that is told and nothing
+    /// written. Throws LogWriteError, and UnconfirmedError behind a change that was made; memory then holds what the
+    /// disk does.
+    void Rewrite();
+    /// Empties the log, with the failures of Rewrite; false where another hand has changed it.
+    bool Empty();
+
+private:
+    /// Runs a change of the whole file; false where another hand has changed it.
+    bool Change(const std::function<void()>& change);
+    void TellOfOtherHand();
+    std::string KeepInMemory();
+    void GoOnWithMemory();
+};
+
+}  // namespace tallyhut

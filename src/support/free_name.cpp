@@ -1,0 +1,13 @@
+#include "support/free_name.h"
+
+namespace tallyhut {
+
+std::string FreeName(const Files& files, const std::string& stem, const std::string& suffix) {
+    std::string path = stem + suffix;
+    for (int number = 2; files.FileExists(path) || files.FolderExists(path); ++number) {
+        path = stem + '-' + std::to_string(number) + suffix;
+    }
+    return path;
+}
+
+}  // namespace tallyhut

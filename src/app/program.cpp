@@ -186,7 +186,24 @@ void Program::TellFatal(const std::exception& failure) {
         text += "\n\n" + std::string{kTimeNotSaved} + unsaved.what();
     }
     const bool ofTheLog = dynamic_cast<const LogWriteError*>(&failure) != nullptr;
-    EndForFailure(text + (ofTheLog ? "\n\n" + logPart.logFile.WhatStands() : WhatIsSafe()));
+    EndForFailure(text + (ofTheLog ? "\n\n" + logPart.logFile.WhatStands() + KeptElsewhere() : WhatIsSafe()));
+}
+
+/// Where more than the last contact has gone from the disk, what is in memory may be all there is.
+std::string Program::KeptElsewhere() {
+    std::int32_t onDisk = 0;
+    try {
+        onDisk = RecordCount(logPart.logFile.Read());
+    } catch (const PlatformError&) {  // then there is nothing to count
+    }
+    if (onDisk + 1 >= logPart.contest.log.gContactCount) {
+        return "";
+    }
+    try {
+        return " The contacts of this program are in " + logPart.copies.KeepTables() + ".";
+    } catch (const PlatformError& failure) {
+        return std::string{" The contacts of this program could not be kept elsewhere. "} + failure.what();
+    }
 }
 
 /// What a failure elsewhere loses: nothing but the exchange that stands in the fields.

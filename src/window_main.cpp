@@ -53,15 +53,15 @@ int RunWindow(int& argc, char** argv, const Options& options, const std::string&
     DesktopLook desktopLook;
     program.look.show = [&desktopLook](WindowLook look) { desktopLook.Show(look); };
     program.look.ShowStored();
-    const auto endByItself = [&program] {
+    const auto close = [&program] {
         CancelDialogs();
         program.RequestClose();
     };
-    const IoSource termination{program.desk, terminations.Number(), [&terminations, &endByItself] {
+    const IoSource termination{program.desk, terminations.Number(), [&terminations, &close] {
                                    terminations.Clear();
-                                   endByItself();
+                                   close();
                                }};
-    QObject::connect(&application, &QGuiApplication::commitDataRequest, &application, endByItself);  // a logout
+    QObject::connect(&application, &QGuiApplication::commitDataRequest, &application, close);  // a logout
     try {
         if (options.chooseDirectory) {
             program.ChooseDirectory();

@@ -65,6 +65,7 @@ void LogReload::FollowDisk() {
             Take(text);
             display.ShowCounts();
             display.rates.TimeStats();
+            opened = true;
         }
     } catch (const PlatformError&) {  // what is in memory is then all there is
     } catch (const ValueError&) {

@@ -100,6 +100,8 @@ void Program::frmSplash_Load() {
     logo.Show();
     try {
         startUp.PrepareFolders();
+        machine.files.RemoveLeftovers(logPart.copies.BackupFolder());
+        machine.files.RemoveLeftovers(logPart.copies.KeptFolder());
     } catch (const PlatformError& failure) {
         EndForFailure(std::string{"The folder of the contest cannot be prepared.\n\n"} + failure.what());
     }
@@ -182,7 +184,7 @@ void Program::TellFatal(const std::exception& failure) {
     std::string text = std::string{"The program must end.\n\n"} + failure.what();
     try {
         logPart.time.CloseAtExit(false);
-    } catch (const PlatformError& unsaved) {
+    } catch (const std::exception& unsaved) {  // whatever it is, the first failure must be told
         text += "\n\n" + std::string{kTimeNotSaved} + unsaved.what();
     }
     const bool ofTheLog = dynamic_cast<const LogWriteError*>(&failure) != nullptr;

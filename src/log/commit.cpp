@@ -62,14 +62,14 @@ void Commit::Mains() {
         time.cmdLogOn_Click();
     }
     if (postContest.IsOn() && !postContest.CheckDateAndTime()) {
-        const Running standing{messageStands};
-        panel.desk.RunFocusEvents();
+        EndWithMessage();
         return;
     }
     frmcmp();
     ValidateSection();
     duplicates.dupcheck();
     if (gIncomplete == 0 && duplicates.gIsDupe == 0 && gBadSection == 0 && !LogContact()) {
+        EndWithMessage();
         return;
     }
     const bool refused = gBadSection == 1 || gIncomplete == 1;
@@ -83,6 +83,13 @@ void Commit::Mains() {
     }
     display.rates.TimeStats();
     contest.log.gFrq.clear();
+}
+
+/// The focus events that wait run here, so that leaving the call field adds nothing to the line and throws nothing
+/// away.
+void Commit::EndWithMessage() {
+    const Running standing{messageStands};
+    panel.desk.RunFocusEvents();
 }
 
 /// False where the log has not taken the contact, which was told: the entry stays as it is.

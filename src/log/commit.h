@@ -33,6 +33,7 @@ struct Commit {
 
 private:
     bool LogContact();
+    void EndWithMessage();
     Contact EnteredContact() const;
     void BeginNextEntry();
 };

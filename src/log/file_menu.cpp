@@ -1,5 +1,6 @@
 #include "log/file_menu.h"
 
+#include "log/attempts.h"
 #include "platform/platform_error.h"
 #include "support/own_files.h"
 #include "values/text.h"
@@ -79,6 +80,7 @@ bool FileMenu::KeepLog(std::string_view title) {
 void FileMenu::StartNewLog() {
     if (UpperCase(desk.dialogs.Show(kNewLogBox)) == kConfirmation) {
         copies.Backup();
+        guard.Adopt();
         if (KeepLog("The log was not erased.")) {
             BeginAnew();
         }
@@ -86,23 +88,29 @@ void FileMenu::StartNewLog() {
     guard.reload.mnuopen2();
 }
 
-/// The seconds of the old contest come back where its log stays.
+/// The seconds of the old contest come back where its log stays. Where the log is empty, all the rest is attempted.
 void FileMenu::BeginAnew() {
     const OperatingTime::Seconds before = time.Reset();
+    Attempts attempts;
     try {
         guard.Empty();
+        contest.log.gContactCount = 0;
     } catch (const LogWriteError&) {
         time.PutBack(before);
         throw;
+    } catch (const PlatformError& failure) {
+        if (contest.log.gContactCount > 0) {
+            time.PutBack(before);
+            throw;
+        }
+        attempts.Note(failure);
     }
-    contest.log.gContactCount = 0;
-    try {
-        time.records.Clear();
-        preferencesFile.SavePref();
-    } catch (const PlatformError&) {
+    attempts.Try([this] { time.records.Clear(); });
+    attempts.Try([this] { preferencesFile.SavePref(); });
+    if (attempts.AnyFailed()) {
         guard.reload.FollowDisk();
-        throw;
     }
+    attempts.ThrowIfAnyFailed();
 }
 
 void FileMenu::mnuNew_Click() {
@@ -134,6 +142,7 @@ void FileMenu::mnuRestore_Click() {
         }
         const FileRequest request{.title = "", .filter = kLogFilter, .folder = copies.BackupFolder(), .name = ""};
         const std::string archive = Chosen(desk.dialogs.OpenFile(request));
+        guard.Adopt();
         if (KeepLog(kRestoreErrorTitle)) {
             Restore(archive);
         }
@@ -152,17 +161,7 @@ void FileMenu::Restore(const std::string& archive) {
         } catch (const PlatformError&) {  // the copy that was kept of it stands
         }
     };
-    std::optional<UnconfirmedError> unconfirmed;
-    try {
-        file.holdFolder();
-        file.files.Copy(archive, file.Path());
-    } catch (const UnconfirmedError& failure) {
-        unconfirmed = failure;
-    }
-    guard.reload.mnuopen2(putBack);
-    if (unconfirmed) {
-        throw PlatformError{unconfirmed->what()};
-    }
+    guard.Restore(archive, putBack);
 }
 
 }  // namespace tallyhut

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "platform/platform_error.h"
+#include "platform/temporary_name.h"
 #include "support/call_file_stem.h"
 #include "support/free_name.h"
 #include "values/format.h"
@@ -74,15 +75,16 @@ std::string LogCopies::KeptName() const {
     return FreeName(file.files, stem, kLogSuffix);
 }
 
-bool LogCopies::IsInBackup(const std::string& content, const std::string& but) const {
+bool LogCopies::IsInBackup(const std::string& content, const std::string& but) const try {
     return std::ranges::any_of(file.files.FilesIn(BackupFolder()), [this, &content, &but](const std::string& copy) {
-        try {
-            const std::optional<FileMark> mark = copy == but ? std::nullopt : file.files.Mark(copy);
-            return mark && mark->length == content.size() && file.files.Read(copy) == content;
-        } catch (const PlatformError&) {  // what cannot be read is no copy to rely on
+        if (copy == but || IsTemporaryName(copy.substr(copy.rfind('/') + 1))) {
             return false;
         }
+        const std::optional<FileMark> mark = file.files.Mark(copy);
+        return mark && mark->length == content.size() && file.files.Read(copy) == content;
     });
+} catch (const PlatformError&) {  // what cannot be looked at is no copy to rely on
+    return false;
 }
 
 }  // namespace tallyhut

@@ -64,12 +64,22 @@ void LogFile::Empty() {
     Replace("", "The new log was not started; the log is as it was before.");
 }
 
+void LogFile::CopyFrom(const std::string& other) {
+    holdFolder();
+    CheckUnchanged();
+    files.Copy(other, Path());
+}
+
+void LogFile::CheckUnchanged() const {
+    if (files.Mark(Path()) != mark) {
+        throw FileChangedError{Path() + ": another program has changed it"};
+    }
+}
+
 void LogFile::Replace(const std::string& content, const std::string& notDone) {
     try {
         holdFolder();
-        if (files.Mark(Path()) != mark) {
-            throw FileChangedError{Path() + ": another program has changed it"};
-        }
+        CheckUnchanged();
         mark = files.Replace(Path(), content);
     } catch (const FileChangedError&) {
         throw;

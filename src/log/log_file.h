@@ -41,11 +41,15 @@ struct LogFile {
     void Rewrite(const ContactLog& log);
     /// Empties it, with the failures of Rewrite.
     void Empty();
+    /// Puts a copy of another file in its place, to be opened next. Throws FileChangedError, UnconfirmedError, when the
+    /// copy stands there, and PlatformError, when it is as it was.
+    void CopyFrom(const std::string& other);
 
     /// What a look at the disk finds, for people: "/contest/Log.txt holds 500 contacts."
     std::string WhatStands() const;
 
 private:
+    void CheckUnchanged() const;
     void Replace(const std::string& content, const std::string& notDone);
 };
 

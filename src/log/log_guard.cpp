@@ -42,6 +42,13 @@ void LogGuard::OpenIfUnopened() {
         reload.mnuopen2();
     } else {
         file.mark = found;
+        reload.opened = true;  // there was nothing to read
+    }
+}
+
+void LogGuard::Adopt() {
+    if (!reload.opened || contest.log.gContactCount == 0) {
+        file.mark = file.files.Mark(file.Path());
     }
 }
 
@@ -77,6 +84,19 @@ void LogGuard::Empty() {
     Change([this] { file.Empty(); });
 }
 
+void LogGuard::Restore(const std::string& archive, const std::function<void()>& beforeTheEnd) {
+    try {
+        file.CopyFrom(archive);
+    } catch (const FileChangedError&) {
+        TellOfOtherHand();
+        return;
+    } catch (const UnconfirmedError&) {
+        reload.mnuopen2(beforeTheEnd);
+        throw;
+    }
+    reload.mnuopen2(beforeTheEnd);
+}
+
 bool LogGuard::Change(const std::function<void()>& change) {
     try {
         change();
@@ -101,7 +121,7 @@ void LogGuard::TellOfOtherHand() {
     const bool yes = desk.dialogs.Show((missing ? MissingBox : ChangedBox)(found, kept)) == Answer::Yes;
     if (missing && yes) {
         file.mark.reset();
-        file.Rewrite(contest.log);
+        Rewrite();
     } else if (yes) {
         reload.mnuopen2();
     } else if (!missing) {
@@ -115,15 +135,19 @@ std::string LogGuard::KeepInMemory() try {
     }
     const std::string path = FreeName(file.files, WorkingFile(file.directories, kRecoveredStem), ".txt");
     file.files.Replace(path, LogText(contest.log));
-    const std::string count = PlainText(contest.log.gContactCount);
-    return "The " + count + " contacts of this program are in " + path + ".";
+    const std::int32_t count = contest.log.gContactCount;
+    return "What this program has, " + PlainText(count) + (count == 1 ? " contact" : " contacts") + ", is in " + path +
+           ".";
 } catch (const PlatformError& failure) {
     return std::string{"The contacts of this program could not be kept beside it. "} + failure.what();
 }
 
+/// The mark is taken first: what the other hand adds behind the copy is noticed.
 void LogGuard::GoOnWithMemory() {
+    const std::optional<FileMark> found = file.files.Mark(file.Path());
     file.files.Copy(file.Path(), FreeName(file.files, WorkingFile(file.directories, kFoundStem), ".txt"));
-    file.mark = file.files.Mark(file.Path());
+    file.mark = found;
+    Rewrite();
 }
 
 }  // namespace tallyhut

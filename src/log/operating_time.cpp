@@ -2,7 +2,7 @@
 
 #include <cmath>
 
-#include "platform/platform_error.h"
+#include "log/attempts.h"
 #include "values/format.h"
 #include "values/number.h"
 #include "values/value_error.h"
@@ -103,21 +103,12 @@ void OperatingTime::CloseAtExit(bool withTotal) {
     if (gTimeOn == 0) {
         return;
     }
-    std::string failures;
-    const auto attempt = [&failures](const auto& step) {
-        try {
-            step();
-        } catch (const PlatformError& failure) {
-            failures += (failures.empty() ? "" : "\n") + std::string{failure.what()};
-        }
-    };
+    Attempts attempts;
     contest.preferences.gOpSeconds = gOpSecondsNow;
-    attempt([this] { preferencesFile.SavePref(); });
+    attempts.Try([this] { preferencesFile.SavePref(); });
     gTimeOn = 0;
-    attempt([this, withTotal] { Record(0, utc.NowByWholeHours(), withTotal); });
-    if (!failures.empty()) {
-        throw PlatformError{failures};
-    }
+    attempts.Try([this, withTotal] { Record(0, utc.NowByWholeHours(), withTotal); });
+    attempts.ThrowIfAnyFailed();
 }
 
 OperatingTime::Seconds OperatingTime::Reset() {

@@ -6,6 +6,7 @@
 #include <sys/un.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <filesystem>
 #include <functional>
 #include <memory>
@@ -358,6 +359,31 @@ TEST_P(FilesContract, LeftoversOfAKilledRunGoAndNothingElse) {
     }
     EXPECT_TRUE(files.FileExists(At("below/.Log.txt.tallyhut-a1B2c3")));
     files.RemoveLeftovers(At("none"));
+}
+
+TEST_P(FilesContract, FilesOfAFolderAreNamedInOrderAndNothingElse) {
+    files.MakeFolder(At("BACKUP"));
+    EXPECT_EQ(files.FilesIn(At("BACKUP")), std::vector<std::string>{});
+    for (const char* name : {"BACKUP/b.log", "BACKUP/a.log", "BACKUP/.hidden", "Log.txt"}) {
+        files.Write(At(name), "text");
+    }
+    files.MakeFolder(At("BACKUP/below"));
+    files.Write(At("BACKUP/below/c.log"), "text");
+    EXPECT_EQ(files.FilesIn(At("BACKUP")),
+              (std::vector<std::string>{At("BACKUP/.hidden"), At("BACKUP/a.log"), At("BACKUP/b.log")}));
+}
+
+TEST_P(FilesContract, FolderThatIsNotThereHasNoFiles) {
+    EXPECT_EQ(files.FilesIn(At("none")), std::vector<std::string>{});
+    files.Write(log, "text");
+    EXPECT_EQ(files.FilesIn(log), std::vector<std::string>{});
+}
+
+TEST_P(FilesContract, WhatIsNoRegularFileIsNotNamed) {
+    for (const std::string& place : GetParam().makeIrregular(twin)) {
+        const std::vector<std::string> named = files.FilesIn(twin.folder);
+        EXPECT_EQ(std::ranges::count(named, place), 0) << place;
+    }
 }
 
 TEST_P(FilesContract, NothingStandsBelowAFile) {

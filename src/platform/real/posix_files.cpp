@@ -428,10 +428,11 @@ std::vector<std::string> PosixFiles::FilesIn(const std::string& folder) const {
         return found;
     }
     std::error_code failure;
-    for (const auto& entry : std::filesystem::directory_iterator{folder, failure}) {
+    for (std::filesystem::directory_iterator entry{folder, failure}, end; !failure && entry != end;
+         entry.increment(failure)) {
         std::error_code ignored;
-        if (entry.is_regular_file(ignored)) {
-            found.push_back(entry.path().string());
+        if (entry->is_regular_file(ignored)) {
+            found.push_back(entry->path().string());
         }
     }
     if (failure) {

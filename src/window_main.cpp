@@ -4,6 +4,7 @@
 
 #include "app/program.h"
 #include "forms/qt/desktop_look.h"
+#include "forms/qt/dialog_loop.h"
 #include "forms/qt/logo_layout.h"
 #include "forms/qt/program_style.h"
 #include "forms/qt/qt_clipboard.h"
@@ -47,14 +48,20 @@ int RunWindow(int& argc, char** argv, const Options& options, const std::string&
                     workingDirectory};
     dialogs.Bind(program.desk);
     printer.Bind(program.desk);
+    printer.folder = [&program] { return program.supportPart.directories.WorkingDirectory; };
     WindowHost host{program.desk, pump};
     DesktopLook desktopLook;
     program.look.show = [&desktopLook](WindowLook look) { desktopLook.Show(look); };
     program.look.ShowStored();
-    const IoSource termination{program.desk, terminations.Number(), [&terminations, &program] {
+    const auto endByItself = [&program] {
+        CancelDialogs();
+        program.RequestClose();
+    };
+    const IoSource termination{program.desk, terminations.Number(), [&terminations, &endByItself] {
                                    terminations.Clear();
-                                   program.RequestClose();
+                                   endByItself();
                                }};
+    QObject::connect(&application, &QGuiApplication::commitDataRequest, &application, endByItself);  // a logout
     try {
         if (options.chooseDirectory) {
             program.ChooseDirectory();

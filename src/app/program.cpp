@@ -10,7 +10,7 @@ namespace tallyhut {
 namespace {
 
 constexpr const char* kProgramTitle = "Tallyhut Log";
-constexpr const char* kTimeNotSaved = "The operating time could not be saved. ";
+constexpr const char* kTimeNotSaved = "Not all of the operating time could be saved. ";
 
 /// In which order the forms are listed, and unloaded at the end.
 constexpr std::array<std::string_view, 12> kFormOrder{
@@ -188,7 +188,24 @@ void Program::TellFatal(const std::exception& failure) {
         text += "\n\n" + std::string{kTimeNotSaved} + unsaved.what();
     }
     const bool ofTheLog = dynamic_cast<const LogWriteError*>(&failure) != nullptr;
-    EndForFailure(text + (ofTheLog ? "\n\n" + logPart.logFile.WhatStands() : WhatIsSafe()));
+    EndForFailure(text + (ofTheLog ? "\n\n" + logPart.logFile.WhatStands() + KeptElsewhere() : WhatIsSafe()));
+}
+
+/// Where more than the last contact has gone from the disk, what is in memory may be all there is.
+std::string Program::KeptElsewhere() {
+    std::int32_t onDisk = 0;
+    try {
+        onDisk = RecordCount(logPart.logFile.Read());
+    } catch (const PlatformError&) {  // then there is nothing to count
+    }
+    if (onDisk + 1 >= logPart.contest.log.gContactCount) {
+        return "";
+    }
+    try {
+        return " The contacts of this program are in " + logPart.copies.KeepTables() + ".";
+    } catch (const PlatformError& failure) {
+        return std::string{" The contacts of this program could not be kept elsewhere. "} + failure.what();
+    }
 }
 
 /// What a failure elsewhere loses: nothing but the exchange that stands in the fields.

@@ -57,6 +57,7 @@ private:
     [[noreturn]] void EndForFailure(const std::string& text);
     [[noreturn]] void TellFatal(const std::exception& failure);
     std::string WhatIsSafe() const;
+    std::string KeptElsewhere();
 
     std::unique_ptr<Files::FolderLock> folderLock_;
 };

@@ -29,7 +29,7 @@ void Commit::frmcmp() {
     for (const RequiredField& required : kRequiredFields) {
         TextBox& box = panel.form.*required.field;
         if (box.Text().size() < required.leastLength) {
-            panel.message.Write(required.message);
+            panel.message.Refuse(required.message);
             gIncomplete = 1;
             box.SetFocus();
         }
@@ -39,7 +39,7 @@ void Commit::frmcmp() {
 void Commit::ValidateSection() {
     gBadSection = contest.sections.Find(panel.form.txtSec.Text()) == 0 ? 1 : 0;
     if (gBadSection == 1) {
-        panel.message.Write("Invalid Section");
+        panel.message.Refuse("Invalid Section");
     }
 }
 

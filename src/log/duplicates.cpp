@@ -65,7 +65,7 @@ void Duplicates::ShowPartials(int KeyAscii) {
             panel.message.Write(" ");
         } else {
             panel.desk.dialogs.Beep();
-            panel.message.Write("The second or third character is not numeric!");
+            panel.message.Refuse("The second or third character is not numeric!");
         }
     }
 }

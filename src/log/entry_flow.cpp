@@ -65,7 +65,7 @@ void EntryFlow::EndCarry(TextBox& field, int key) {
 }
 
 void EntryFlow::RemindOfTimeOn() {
-    panel.message.Write(kNotOnTime);
+    panel.message.Refuse(kNotOnTime);
     panel.desk.dialogs.Beep();
 }
 

@@ -27,7 +27,7 @@ struct FileMenu {
     void mnuRestore_Click();
 
 private:
-    /// False where that has been told and nothing may be erased.
+    /// False where the log could not be kept, which has been told: nothing may be erased.
     bool KeepLog(std::string_view title);
     void BeginAnew();
     void Restore(const std::string& archive);

@@ -59,9 +59,20 @@ void LogCopies::Keep(const std::string& path) {
         return;
     }
     MakeIfMissing(KeptFolder());
-    const std::string stem =
-        KeptFolder() + '/' + FormatDateTime(clock.Now(), "yyyymmddhhnn") + FormatDateTime(clock.Now(), "ss");
-    file.files.Copy(path, FreeName(file.files, stem, kLogSuffix));
+    file.files.Copy(path, KeptName());
+}
+
+std::string LogCopies::KeepTables() {
+    MakeIfMissing(KeptFolder());
+    std::string path = KeptName();
+    file.files.Replace(path, LogText(contest.log));
+    return path;
+}
+
+std::string LogCopies::KeptName() const {
+    const DateTime now = clock.Now();
+    const std::string stem = KeptFolder() + '/' + FormatDateTime(now, "yyyymmddhhnn") + FormatDateTime(now, "ss");
+    return FreeName(file.files, stem, kLogSuffix);
 }
 
 bool LogCopies::IsInBackup(const std::string& content, const std::string& but) const try {

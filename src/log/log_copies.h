@@ -25,8 +25,11 @@ struct LogCopies {
     /// Copies a log that is about to be emptied or replaced to KEPT, unless it holds nothing or a file in BACKUP has
     /// exactly its bytes. Throws PlatformError.
     void KeepLog();
+    /// Writes the contacts in memory to KEPT. Throws PlatformError. Returns the file's path.
+    std::string KeepTables();
 
 private:
+    std::string KeptName() const;
     std::string BackupName() const;
     bool IsInBackup(const std::string& content, const std::string& but) const;
     void Keep(const std::string& path);

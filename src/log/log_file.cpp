@@ -93,7 +93,7 @@ void LogFile::Replace(const std::string& content, const std::string& notDone) {
 
 std::string LogFile::WhatStands() const try {
     if (!files.Mark(Path())) {
-        return "There is no " + Path() + ".";
+        return "There is no file " + Path() + ".";
     }
     const std::int32_t records = RecordCount(Read());
     return Path() + " holds " + PlainText(records) + (records == 1 ? " contact." : " contacts.");

@@ -58,17 +58,20 @@ void LogReload::mnuopen2(const std::function<void()>& beforeTheEnd) {
 }
 
 void LogReload::FollowDisk() {
+    const std::string text = TextOnDisk().value_or(LogText(contest.log));
+    Clear();
+    Take(text);
+    display.ShowCounts();
+    display.rates.TimeStats();
+}
+
+/// Nothing where the disk does not say, or says what no reload would take.
+std::optional<std::string> LogReload::TextOnDisk() {
     try {
-        const std::string text = file.Open();
-        if (LogWithoutFault(text)) {
-            Clear();
-            Take(text);
-            display.ShowCounts();
-            display.rates.TimeStats();
-            opened = true;
-        }
-    } catch (const PlatformError&) {  // what is in memory is then all there is
-    } catch (const ValueError&) {
+        std::string text = file.Open();
+        return LogWithoutFault(text) ? std::optional{std::move(text)} : std::nullopt;
+    } catch (const PlatformError&) {
+        return std::nullopt;
     }
 }
 

@@ -1,6 +1,8 @@
 #pragma once
 
 #include <functional>
+#include <optional>
+#include <string>
 #include <string_view>
 
 #include "log/contest_display.h"
@@ -22,11 +24,12 @@ struct LogReload {
     /// Any failure is told in a box and ends the program; the file is left as it is, unless the step before the end
     /// puts another one back.
     void mnuopen2(const std::function<void()>& beforeTheEnd = {});
-    /// Brings memory and screen to what the disk holds, behind a change that failed. What cannot be read leaves them as
-    /// they are.
+    /// Brings memory and screen to what the disk holds, behind a change that failed; where the disk does not say, the
+    /// screen to what is in memory.
     void FollowDisk();
 
 private:
+    std::optional<std::string> TextOnDisk();
     void Clear();
     void Take(std::string_view text);
     void CountSection(const Contact& contact);

@@ -22,6 +22,11 @@ struct MessageLine {
         form.lblDialog.SetBackColor(ground);
         form.lblDialog.SetCaption(text);
     }
+    /// The same as Write, for what the program does not take or misses.
+    void Refuse(std::string_view text) {
+        form.lblDialog.SetCaption(text);
+        form.lblDialog.SetRefused(true);
+    }
     void BlankPartials() {
         form.lblDupe.SetBackColor(kButtonFace);
         form.lblDupe.SetCaption("");

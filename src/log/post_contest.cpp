@@ -45,8 +45,9 @@ bool PostContest::txtPostConDate_KeyPress(int& KeyAscii) {
     return KeyPress(KeyAscii, '/', '9');
 }
 
-bool PostContest::Refuse(std::string_view text) {
-    panel.message.Write(text);
+bool PostContest::Refuse(TextBox& field, std::string_view text) {
+    field.SetRefused(true);
+    panel.message.Refuse(text);
     panel.desk.dialogs.Beep();
     return false;
 }
@@ -56,7 +57,7 @@ bool PostContest::CheckDateAndTime() {
     TextBox& time = panel.form.txtPostConTime;
     const int year = panel.desk.clock.Now().year;
     if (!ParseDate(date.Text(), year)) {
-        return Refuse("Invalid date format!");
+        return Refuse(date, "Invalid date format!");
     }
     date.SetText(FormatDateText(date.Text(), "yyyy/mm/dd", year));
     const std::size_t length = time.Text().size();
@@ -64,7 +65,7 @@ bool PostContest::CheckDateAndTime() {
         time.SetText(time.Text().substr(0, length - 2) + ':' + time.Text().substr(length - 2));
     }
     if (!IsTime(time.Text())) {
-        return Refuse("Invalid time format!");
+        return Refuse(time, "Invalid time format!");
     }
     time.SetText(FormatDateText(time.Text(), "hh:mm", year));
     return true;

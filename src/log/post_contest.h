@@ -23,7 +23,7 @@ struct PostContest {
 
 private:
     bool KeyPress(int& KeyAscii, int lowest, int highest);
-    bool Refuse(std::string_view text);
+    bool Refuse(TextBox& field, std::string_view text);
 };
 
 }  // namespace tallyhut

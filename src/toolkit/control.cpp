@@ -128,6 +128,13 @@ void Control::SetUnderlined(bool underlined) {
     }
 }
 
+void Control::SetRefused(bool refused) {
+    if (state_.refused != refused) {
+        state_.refused = refused;
+        Touch();
+    }
+}
+
 void Control::SetTabIndex(int position) {
     state_.tabIndex = position;
     Touch();
@@ -150,6 +157,7 @@ void Control::SetTextValue(std::string_view text) {
         return;
     }
     state_.text = text;
+    state_.refused = false;
     state_.selStart = 0;
     state_.selLength = 0;
     Touch();

@@ -48,6 +48,7 @@ struct ControlState {
     double fontSize = 9;  ///< points
     bool bold = false;
     bool underlined = false;
+    bool refused = false;  ///< what it holds was not taken, or says why
     bool tabStop = false;
     int tabIndex = 0;
     Place place;
@@ -114,6 +115,8 @@ struct Control {
     void SetFontSize(double points);
     void SetBold(bool bold);
     void SetUnderlined(bool underlined);
+    /// Marks it until its text is another one.
+    void SetRefused(bool refused);
     void SetTabIndex(int position);
     void SetPlace(const Place& place);
     /// The frame that the control lies in; hidden with it. Options in one frame are a group.

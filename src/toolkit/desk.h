@@ -77,6 +77,8 @@ struct Desk {
     /// The operator's click on a menu entry.
     void PostMenu(MenuEntry& entry);
     void CloseMenu();
+    /// Opens the first menu of the active form, as Alt alone does, and F10 where no handler has used it up.
+    void OpenMenuBar();
     MenuEntry* OpenMenu() const { return openMenu_; }
 
     /// Lets waiting focus events, keys, clicks, timers and devices reach their handlers, in rounds: focus events first,

@@ -55,6 +55,9 @@ void Desk::DeliverKey(Key key) {
             Call(*handler, character);
         }
     }
+    if (character == 0 && key.character == kCtrlA && form->design.dialog) {
+        character = kCtrlA;  // a field that drops all but digits means what is typed into it
+    }
     if (!form->IsLoaded()) {
         return;  // what a handler unloaded has its design values back, and keeps them
     }
@@ -96,6 +99,18 @@ bool Desk::AccessKeyTaken(Form& form, char letter) {
     return false;
 }
 
+void Desk::OpenMenuBar() {
+    const Form* form = Active();
+    if (form == nullptr || openMenu_ != nullptr) {
+        return;
+    }
+    const auto first = std::ranges::find_if(
+        form->menus_, [](const MenuEntry* menu) { return TakesClicks(*menu) && !menu->Entries().empty(); });
+    if (first != form->menus_.end()) {
+        SetOpenMenu(*first);
+    }
+}
+
 bool Desk::MenuKeyTaken(const Key& key) {
     if (openMenu_ == nullptr) {
         return false;
@@ -127,6 +142,10 @@ bool Desk::MenuKeyTaken(const Key& key) {
 }
 
 bool Desk::ToolkitKeyTaken(Form& form, Control* control, int keyCode, int shift) {
+    if (keyCode == kKeyF10 && shift == 0 && !form.menus_.empty()) {
+        OpenMenuBar();
+        return true;
+    }
     if (keyCode == kKeyTab && (shift & ~kShift) == 0) {
         return TabTaken(form, control, (shift & kShift) != 0);
     }

@@ -58,6 +58,7 @@ void TextBox::Splice(int start, int length, std::string_view inserted) {
     state_.text.replace(at, count, inserted);  // in place: a long text costs a key no more than a short one
     Select(start + static_cast<int>(inserted.size()), 0);
     if (changed) {
+        state_.refused = false;
         form.desk.Call(Change);
     }
 }

@@ -58,9 +58,9 @@ struct ExitTest : ProgramFixture {
             program->Run();
         });
     }
-    static std::vector<std::string> FatalBox(const std::string& path) {
-        return {"message \"Tallyhut Log\" \"The program must end.\n\n" + path +
-                ": No space left on device\n\nEvery contact that was logged is in /contest/Log.txt.\" OK Critical"};
+    static std::vector<std::string> TimeBox(const std::string& path) {
+        return {"message \"Tallyhut Log\" \"Not all of the operating time could be saved. " + path +
+                ": No space left on device\n\n/contest/Log.txt holds 1 contact.\" OK Critical"};
     }
 
     int operationsBefore = 0;
@@ -205,8 +205,10 @@ TEST_F(ExitTest, SettingsThatCannotBeWrittenAreToldAtExitAndTheOldOnesStay) {
     const Left before = LeftBehind();
     files.FailAt(1, "No space left on device");
     EXPECT_EQ(ExitByMenu(), 1);
-    EXPECT_EQ(dialogs.boxes, FatalBox(kPreferencesPath));
-    EXPECT_EQ(LeftBehind(), before);
+    EXPECT_EQ(dialogs.boxes, TimeBox(kPreferencesPath));
+    EXPECT_EQ(Content(kPreferencesPath), before.preferences);
+    EXPECT_TRUE(Content(kTimeRecords).ends_with("0,\"11/7/2026\",\"21:14:33\",\"00:10:00\"\r\n"))
+        << Content(kTimeRecords);
 }
 
 TEST_F(ExitTest, RecordThatCannotBeWrittenIsToldAtExitAndTheSecondsAreKept) {
@@ -215,7 +217,7 @@ TEST_F(ExitTest, RecordThatCannotBeWrittenIsToldAtExitAndTheSecondsAreKept) {
     const Left before = LeftBehind();
     files.FailAt(2, "No space left on device");
     EXPECT_EQ(ExitByMenu(), 1);
-    EXPECT_EQ(dialogs.boxes, FatalBox(kTimeRecords));
+    EXPECT_EQ(dialogs.boxes, TimeBox(kTimeRecords));
     EXPECT_EQ(
         LeftBehind(),
         (Left{
@@ -247,10 +249,12 @@ TEST_F(ExitTest, FailuresBehindTheBackupAreToldWhenTheWindowCloses) {
         const Left before = LeftBehind();
         files.FailAt(one.operation, "No space left on device");
         EXPECT_EQ(CloseBox(), 1) << one.path;
-        EXPECT_EQ(dialogs.boxes, FatalBox(one.path));
+        EXPECT_EQ(dialogs.boxes, TimeBox(one.path));
         EXPECT_EQ(LogOnDisk(), before.log);
         EXPECT_EQ(Content(kBackupPath), before.log) << one.path;
-        EXPECT_EQ(Content(kTimeRecords), before.timeRecords) << one.path;
+        const bool recorded = one.path == std::string_view{kPreferencesPath};
+        EXPECT_EQ(Content(kTimeRecords), before.timeRecords + (recorded ? "0,\"11/7/2026\",\"21:14:33\",\r\n" : ""))
+            << one.path;
         program.reset();
     }
 }

@@ -190,8 +190,8 @@ TEST_F(StartTest, FailureOfAHandlerSaysThatTheLogIsSafe) {
     Main().cmdClear.Click = [] { throw std::runtime_error{"something broke"}; };
     EXPECT_EQ(EndStatusOf([&] { Click(Main().cmdClear); }), 1);
     EXPECT_EQ(dialogs.boxes,
-              std::vector<std::string>{"message \"Tallyhut Log\" \"The program must end.\n\nsomething broke\n\nEvery "
-                                       "contact that was logged is in /contest/Log.txt.\" OK Critical"});
+              std::vector<std::string>{"message \"Tallyhut Log\" \"The program must end.\n\nsomething broke\n\n"
+                                       "/contest/Log.txt holds 0 contacts.\" OK Critical"});
 }
 
 TEST_F(StartTest, CaptionIsTitleAndAddress) {

@@ -98,6 +98,7 @@ bool ConsoleDriver::ReadLine(std::string& line) {
 std::vector<std::string> ConsoleDriver::ReadTurn() {
     std::vector<std::string> lines;
     std::string line;
+    lastTurn_.clear();
     while (ReadLine(line)) {
         if (line.starts_with(R"({"ready":)")) {
             lastTurn_ = line;

@@ -34,7 +34,7 @@ public:
     void LogContact(const std::string& exchange);
     /// What was printed from the start up to the first `ready`.
     const std::vector<std::string>& Greeting() const { return greeting_; }
-    /// The last `ready` or `exit` line.
+    /// The last `ready` or `exit` line; empty when the program ended without a word.
     const std::string& LastTurn() const { return lastTurn_; }
     pid_t Process() const { return process_; }
     /// Sends a line and reads nothing.

@@ -475,7 +475,8 @@ TEST_F(ContactEditingTest, FailedRewriteOfAnEditIsFatalAndLeavesTheLogAsItWas) {
     EXPECT_EQ(LogOnDisk(), before);
     EXPECT_EQ(TakeBoxes(),
               Lines{"message \"Tallyhut Log\" \"The program must end.\n\n/contest/Log.txt: No space left on device\n\n"
-                    "The change was not saved; the log is as it was before.\" OK Critical"});
+                    "The change was not saved; the log is as it was before.\n\n/contest/Log.txt holds 2 contacts.\" OK "
+                    "Critical"});
 }
 
 TEST_F(ContactEditingTest, FailedRewriteOfADeleteIsFatalAndLeavesTheLogAsItWas) {
@@ -486,10 +487,12 @@ TEST_F(ContactEditingTest, FailedRewriteOfADeleteIsFatalAndLeavesTheLogAsItWas) 
     dialogs.answers.push_back(Answer::Yes);
     EXPECT_EQ(EndStatusOf([&] { Click(Main().cmdDelete); }), 1);
     EXPECT_EQ(LogOnDisk(), before);
-    EXPECT_EQ(TakeBoxes(),
-              (Lines{kAreYouSure,
-                     "message \"Tallyhut Log\" \"The program must end.\n\n/contest/Log.txt: Read-only file system\n\n"
-                     "The change was not saved; the log is as it was before.\" OK Critical"}));
+    EXPECT_EQ(
+        TakeBoxes(),
+        (Lines{kAreYouSure,
+               "message \"Tallyhut Log\" \"The program must end.\n\n/contest/Log.txt: Read-only file system\n\n"
+               "The change was not saved; the log is as it was before.\n\n/contest/Log.txt holds 3 contacts.\" OK "
+               "Critical"}));
 }
 
 TEST_F(ContactEditingTest, FailedRewriteBehindDeleteDupeIsFatal) {

@@ -19,6 +19,8 @@ const std::string kReplaceLine =
     "message \"Are your sure?\" \"Are you sure that you want to open an archived log?  This action will clear and "
     "replace existing QSO data.\" YesNo Question";
 const std::string kOpenLine = "open \"\" \"Log Files (*.log) | *.log\" \"/home/operator/Tallyhut/BACKUP\" \"\"";
+const std::string kKeptFolder = std::string{kDataFolder} + "/KEPT";
+const std::string kKeptPath = kKeptFolder + "/20261107210433.log";
 const std::string kFolderOfCopies = "/home/operator/Tallyhut/BACKUP";
 const std::string kBackupPath = kFolderOfCopies + "/202611072104.log";
 
@@ -190,31 +192,39 @@ TEST_F(LogCopiesTest, NewLogThatIsRefusedWithoutALogIsTheFileErrorBox) {
 }
 
 TEST_F(LogCopiesTest, NewLogThatCannotBeEmptiedIsFatalAndTheLogStays) {
+    stored.gOpSeconds = 3'600;
     StartOnDesk(ManyContacts(10));
     const std::string before = LogOnDisk();
-    files.FailAt(1, "Read-only file system");
+    files.FailAt(3, "Read-only file system");  // behind the folder of what is kept, and the copy
     EXPECT_EQ(EndStatusOf([&] { NewLog("YES"); }), 1);
     EXPECT_EQ(LogOnDisk(), before);
     EXPECT_EQ(TakeBoxes(), (Lines{kNewLogLine,
                                   "message \"Tallyhut Log\" \"The program must end.\n\n/contest/Log.txt: Read-only "
-                                  "file system\n\nThe new log was not started; the log is as it was before.\" OK "
-                                  "Critical"}));
+                                  "file system\n\nThe new log was not started; the log is as it was "
+                                  "before.\n\n/contest/Log.txt holds 10 contacts.\" OK Critical"}));
+    EXPECT_EQ(program->preferences.gOpSeconds, 3'600);
 }
 
-TEST_F(LogCopiesTest, NewLogWhoseSettingsCannotBeWrittenIsFatalAndLeavesThemAsTheyWere) {
+TEST_F(LogCopiesTest, NewLogWhoseSettingsCannotBeWrittenIsToldAndTheContestGoesOn) {
     struct Case {
         int operation;
         const char* path;
     };
-    for (const Case& c : {Case{2, kTimeRecordsPath}, Case{3, kPreferencesPath}}) {
+    for (const Case& c : {Case{4, kTimeRecordsPath}, Case{5, kPreferencesPath}}) {
+        files = sim::Files{kFolder};
         stored.gOpSeconds = 3'600;
         StartOnDesk(ManyContacts(10));
         files.Put(kTimeRecordsPath, "1,2,3,4\r\n");
         const std::string before = files.contents.at(c.path);
         files.FailAt(c.operation, "No space left on device");
-        EXPECT_EQ(EndStatusOf([&] { NewLog("YES"); }), 1) << c.path;
+        EXPECT_EQ(EndStatusOf([&] { NewLog("YES"); }), std::nullopt) << c.path;
         EXPECT_EQ(files.contents.at(c.path), before);
-        TakeBoxes();
+        EXPECT_EQ(TakeBoxes().back(),
+                  "message \"Tallyhut Log\" \"" + std::string{c.path} + ": No space left on device\" OK Exclamation");
+        EXPECT_EQ(LogOnDisk(), "");
+        EXPECT_EQ(program->log.gContactCount, 0);
+        EXPECT_EQ(Main().ListView1.RowCount(), 0U);
+        program.reset();
     }
 }
 
@@ -257,8 +267,9 @@ TEST_F(LogCopiesTest, ArchiveOntoTheLogItselfIsRefused) {
     const auto before = files.contents;
     dialogs.files.push_back(kLogPath);
     ChooseMenu(Main().mnuArchive);
-    EXPECT_EQ(TakeBoxes().back(),
-              ErrorLine("Error Archiving Log", "/contest/Log.txt: Source and target are the same file"));
+    EXPECT_EQ(
+        TakeBoxes().back(),
+        ErrorLine("Error Archiving Log", "/contest/Log.txt: This is the contest's own Log.txt. Choose another name."));
     EXPECT_EQ(files.contents, before);
 }
 
@@ -272,7 +283,7 @@ TEST_F(LogCopiesTest, FailedArchiveIsToldAndTheOldArchiveStays) {
     EXPECT_EQ(files.contents.at("/home/operator/mine.log"), "old");
 }
 
-TEST_F(LogCopiesTest, RestoreReplacesTheLogAndKeepsThePresentOneAsABackup) {
+TEST_F(LogCopiesTest, RestoreReplacesTheLogAndKeepsThePresentOne) {
     stored.gOpSeconds = 3'600;
     StartOnDesk(ManyContacts(10));
     files.Put(kTimeRecordsPath, "1,2,3,4\r\n");
@@ -284,7 +295,8 @@ TEST_F(LogCopiesTest, RestoreReplacesTheLogAndKeepsThePresentOneAsABackup) {
     EXPECT_EQ(LogOnDisk(), archived);
     EXPECT_EQ(program->log.gContactCount, 4);
     EXPECT_EQ(Main().lblNumCurCon.Caption(), " 5");
-    EXPECT_EQ(files.contents.at(kBackupPath), present);
+    EXPECT_EQ(files.contents.at(kKeptPath), present);
+    EXPECT_EQ(Copies(), Lines{});
     EXPECT_EQ(files.contents.at(kTimeRecordsPath), "1,2,3,4\r\n");
     EXPECT_EQ(program->preferences.gOpSeconds, 3'600);
 }
@@ -332,16 +344,19 @@ TEST_F(LogCopiesTest, FailedRestoreIsToldAndTheLogStays) {
         int operation;
         std::string place;
     };
-    for (const Case& c : {Case{1, kFolderOfCopies}, Case{2, kBackupPath}, Case{3, kLogPath}}) {
+    const std::string notKept = "The present log could not be copied first, so nothing was erased.\r\n\r\n";
+    for (const Case& c : {Case{1, notKept + kKeptFolder}, Case{2, notKept + kKeptPath}, Case{3, kLogPath}}) {
+        files = sim::Files{kFolder};
         StartOnDesk(ManyContacts(10));
         const std::string present = LogOnDisk();
         files.Put("/home/operator/old.log", LogText(ManyContacts(4)));
-        files.FailAt(c.operation - (files.FolderExists(kFolderOfCopies) ? 1 : 0), "No space left on device");
+        files.FailAt(c.operation, "No space left on device");
         Restore("/home/operator/old.log");
         EXPECT_EQ(TakeBoxes(), (Lines{kRestoreLine, kReplaceLine, kOpenLine,
                                       ErrorLine("Error Restoring Log", c.place + ": No space left on device")}));
         EXPECT_EQ(LogOnDisk(), present) << c.place;
         EXPECT_EQ(program->log.gContactCount, 10) << c.place;
+        program.reset();
     }
 }
 
@@ -354,13 +369,14 @@ TEST_F(LogCopiesTest, RestoreOfAMissingFileIsToldAndTheLogStays) {
     EXPECT_EQ(LogOnDisk(), present);
 }
 
-TEST_F(LogCopiesTest, RestoreOfAFileThatIsNoLogIsTheFileErrorBoxAndThePresentLogIsKept) {
+TEST_F(LogCopiesTest, RestoreOfAFileThatIsNoLogIsTheFileErrorBoxAndThePresentLogStandsAgain) {
     StartOnDesk(ManyContacts(10));
     const std::string present = LogOnDisk();
     files.Put("/home/operator/letter.log", "Dear \"Tom\", see you at Dayton\r\n");
     EXPECT_EQ(EndStatusOf([&] { Restore("/home/operator/letter.log"); }), 1);
     EXPECT_EQ(TakeBoxes(), (Lines{kRestoreLine, kReplaceLine, kOpenLine, kFileErrorLine}));
-    EXPECT_EQ(files.contents.at(kBackupPath), present);
+    EXPECT_EQ(LogOnDisk(), present);
+    EXPECT_EQ(files.contents.at(kKeptPath), present);
 }
 
 TEST_F(LogCopiesTest, RestoresOfOneMinuteLoseNoLog) {
@@ -369,12 +385,10 @@ TEST_F(LogCopiesTest, RestoresOfOneMinuteLoseNoLog) {
     const std::string wrong = LogText(ManyContacts(4));
     files.Put("/home/operator/wrong.log", wrong);
     Restore("/home/operator/wrong.log");
-    Restore(kBackupPath);  // on second thoughts
+    Restore(kKeptPath);  // on second thoughts
     EXPECT_EQ(LogOnDisk(), present);
-    EXPECT_EQ(files.contents.at(kBackupPath), present);
-    EXPECT_EQ(files.contents.at(kFolderOfCopies + "/202611072104-2.log"), wrong);
-    Restore("/home/operator/wrong.log");
-    EXPECT_EQ(Copies(), (Lines{"202611072104-2.log", "202611072104.log"})) << "what is kept already is kept once";
+    EXPECT_EQ(files.contents.at(kKeptPath), present);
+    EXPECT_EQ(files.contents.at(kKeptFolder + "/20261107210433-2.log"), wrong);
 }
 
 TEST_F(LogCopiesTest, RestoreOfTheLogOntoItselfIsRefused) {

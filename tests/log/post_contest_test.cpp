@@ -104,5 +104,19 @@ TEST_F(PostContestTest, EnterInTheTimeCommitsAndSectionsTabLeadsToIt) {
     EXPECT_EQ(LogOnDisk(), "\"1\",\"88\",\"A\",\"W1XX\",\"72\",\"MDC\",\"2026/11/07\",\"21:04\",\"40\",\"\"\r\n");
 }
 
+TEST_F(PostContestTest, ARefusedTimeOrDateIsMarkedUntilItIsChanged) {
+    Start();
+    Enter("25:00", "2026/11/07");
+    EXPECT_TRUE(Main().txtPostConTime.State().refused);
+    EXPECT_FALSE(Main().txtPostConDate.State().refused);
+    EXPECT_TRUE(Main().lblDialog.State().refused);
+    Fill(Main().txtPostConTime, "21:00");
+    EXPECT_FALSE(Main().txtPostConTime.State().refused);
+    Fill(Main().txtPostConDate, "2026/13/07");
+    Press("Enter");
+    EXPECT_TRUE(Main().txtPostConDate.State().refused);
+    EXPECT_EQ(Main().lblDialog.Caption(), "Invalid date format!");
+}
+
 }  // namespace
 }  // namespace tallyhut

@@ -98,7 +98,7 @@ TEST_F(StartQuestionTest, StationThatCannotBeSavedIsToldAndTheQuestionComes) {
 
 TEST_F(StartQuestionTest, NewLogWhoseTimeRecordsCannotBeEmptiedIsToldAndTheStartGoesOn) {
     StartOnDesk(ManyContacts(3), 2);
-    files.FailAt(3, "Permission denied");  // the settings, the log, the time records
+    files.FailAt(5, "Permission denied");  // the settings, the folder and the copy, the log, the time records
     Main().txtNum.SetTabIndex(9);
     Ask(Answer::No, "YES");
     EXPECT_EQ(TakeBoxes(), (Lines{kQuestionLine, kNewLogLine,
@@ -109,12 +109,12 @@ TEST_F(StartQuestionTest, NewLogWhoseTimeRecordsCannotBeEmptiedIsToldAndTheStart
 TEST_F(StartQuestionTest, LogThatCannotBeEmptiedIsFatalHereToo) {
     StartOnDesk(ManyContacts(3));
     const std::string before = LogOnDisk();
-    files.FailAt(2, "Read-only file system");
+    files.FailAt(4, "Read-only file system");  // behind the settings, the folder of what is kept, and the copy
     EXPECT_EQ(EndOfAsking(Answer::No, "YES"), 1);
     EXPECT_EQ(LogOnDisk(), before);
     EXPECT_EQ(TakeBoxes().back(),
               "message \"Tallyhut Log\" \"The program must end.\n\n/contest/Log.txt: Read-only file system\n\nThe new "
-              "log was not started; the log is as it was before.\" OK Critical");
+              "log was not started; the log is as it was before.\n\n/contest/Log.txt holds 3 contacts.\" OK Critical");
 }
 
 TEST_F(StartQuestionTest, CallFirstModeHasItsTabPositionsBehindTheQuestion) {

@@ -122,11 +122,11 @@ TEST_F(TabModeTest, MenuOpensByItsAccessKey) {
     EXPECT_EQ(program->log.gContactCount, 0);
 }
 
-TEST_F(TabModeTest, SettingsThatCannotBeWrittenAreToldAndEndTheProgram) {
+TEST_F(TabModeTest, SettingsThatCannotBeWrittenAreToldAndTheContestGoesOn) {
     StartInMode(1);
     const std::string before = files.contents.at(kPreferencesPath);
     files.FailAt(1, "No space left on device");
-    EXPECT_EQ(EndStatusOf([&] { ChooseMenu(Main().callopt); }), 1);
+    ChooseMenu(Main().callopt);
     ASSERT_EQ(dialogs.boxes.size(), 1U);
     EXPECT_NE(dialogs.boxes[0].find("/contest/nspref.txt: No space left on device"), std::string::npos)
         << dialogs.boxes[0];

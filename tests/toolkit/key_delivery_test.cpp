@@ -601,5 +601,31 @@ TEST_F(HeldKeyTest, ModalFormOpenedDuringAnInputHoldWorks) {
     EXPECT_EQ(form.one.Text(), "b");
 }
 
+TEST_F(KeyDeliveryTest, CtrlASelectsAllInAFieldOfADialogThatDropsAllButDigits) {
+    EntryForm dialog{desk, "Dialog", {.dialog = true}};
+    for (EntryForm* each : {&form, &dialog}) {
+        each->Show();
+        each->one.SetText("14025");
+        each->one.SetFocus();
+        each->one.KeyPress = [](int& KeyAscii) { KeyAscii = KeyAscii >= '0' && KeyAscii <= '9' ? KeyAscii : 0; };
+        Press("Ctrl+A");
+    }
+    EXPECT_EQ(dialog.one.SelectedText(), "14025");
+    EXPECT_EQ(form.one.SelectedText(), "") << "the main form's keys are the program's";
+}
+
+TEST_F(KeyDeliveryTest, ARefusedFieldIsOneUntilItsTextIsAnother) {
+    form.one.SetText("25:00");
+    for (const auto& change :
+         std::vector<std::function<void()>>{[this] { Type("1"); }, [this] { form.one.SetText("9:15"); }}) {
+        form.one.SetFocus();
+        form.one.SetRefused(true);
+        form.one.SetText(form.one.Text());
+        EXPECT_TRUE(form.one.State().refused);
+        change();
+        EXPECT_FALSE(form.one.State().refused);
+    }
+}
+
 }  // namespace
 }  // namespace tallyhut

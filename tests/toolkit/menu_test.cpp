@@ -183,5 +183,24 @@ TEST_F(MenuTest, MenusHangTogetherAsTheyWereMade) {
     EXPECT_EQ(file.Above(), nullptr);
 }
 
+TEST_F(MenuTest, F10OpensTheFirstMenu) {
+    Press("F10");
+    EXPECT_EQ(desk.OpenMenu(), &file);
+    Press("x");
+    EXPECT_EQ(TakeEvents(), "Entry.KeyDown 121/0, exit.Click");
+}
+
+TEST_F(MenuTest, F10ThatTheProgramHasUsedUpOpensNone) {
+    form.Form_KeyDown = [](int& KeyCode, int /*Shift*/) { KeyCode = 0; };
+    Press("F10");
+    EXPECT_EQ(desk.OpenMenu(), nullptr);
+}
+
+TEST_F(MenuTest, TheMenuBarOpensAtItsFirstMenuThatCanBeOpened) {
+    file.SetEnabled(false);
+    desk.OpenMenuBar();
+    EXPECT_EQ(desk.OpenMenu(), &band);
+}
+
 }  // namespace
 }  // namespace tallyhut

@@ -119,5 +119,25 @@ TEST_F(EntryWindowTest, ASignalToTerminateClosesTheProgram) {
     EXPECT_EQ(window.Wait(), 0);
 }
 
+TEST_F(EntryWindowTest, ASignalToTerminateCancelsABoxThatIsOpenAndClosesTheProgram) {
+    window.Press("alt+a f");
+    ASSERT_TRUE(Eventually([this] { return window.Shows("Please enter screen percentage"); }));
+    window.Signal(SIGTERM);
+    EXPECT_EQ(window.Wait(), 0);
+}
+
+TEST_F(EntryWindowTest, AltAloneAndF10OpenTheFirstMenu) {
+    for (const char* key : {"Alt_L", "F10"}) {
+        window.Press(key);
+        window.Press("n");  // New
+        window.AnswerWindow("WARNING", "Escape");
+        window.AnswerWindow("Q7ZZQ", "");
+    }
+    window.Press("alt+c");
+    window.Type("88aw1xx72mdc");
+    window.Press("Return");
+    EXPECT_TRUE(Eventually([this] { return LogHolds(R"("1","88","A","W1XX","72","MDC",)"); })) << Log();
+}
+
 }  // namespace
 }  // namespace tallyhut

@@ -7,6 +7,22 @@
 #include "toolkit/desk.h"
 
 namespace tallyhut {
+namespace {
+
+/// Set on the application, to which all dialogs belong.
+constexpr const char* kEnding = "endingDialogs";
+
+}  // namespace
+
+void CancelDialogs() {
+    qApp->setProperty(kEnding, true);
+    for (QWidget* window : QApplication::topLevelWidgets()) {
+        auto* dialog = qobject_cast<QDialog*>(window);
+        if (dialog != nullptr && dialog->isVisible()) {
+            dialog->reject();
+        }
+    }
+}
 
 QWidget* DialogParent(Desk& desk) {
     desk.pump.Collect();
@@ -14,6 +30,9 @@ QWidget* DialogParent(Desk& desk) {
 }
 
 bool RunDialog(QDialog& dialog, Desk& desk) {
+    if (qApp->property(kEnding).toBool()) {
+        return false;
+    }
     bool finished = false;
     bool accepted = false;
     QObject::connect(&dialog, &QDialog::finished, &dialog, [&](int result) {

@@ -14,4 +14,7 @@ QWidget* DialogParent(Desk& desk);
 /// True when it was accepted.
 bool RunDialog(QDialog& dialog, Desk& desk);
 
+/// The program is to end: every dialog that is open is cancelled, and so is any that would come up from now on.
+void CancelDialogs();
+
 }  // namespace tallyhut

@@ -68,6 +68,7 @@ struct Row {
     const Style& style;
     double width = 0;  ///< at least, in units of plain text's size
     const char* spokenName = "";
+    const char* placeholder = "";  ///< the format that an empty field wants
 };
 
 constexpr std::array kRows{
@@ -82,9 +83,9 @@ constexpr std::array kRows{
     Row{"lblStation(3)", Part::Sending, 0, 8, 1, kCaption, 2},
     Row{"Label4", Part::Sending, 0, 9, 1, kSending, 3.8},
     Row{"lblPostConTime", Part::Sending, 0, 11, 1, kCaption, 2.8},
-    Row{"txtPostConTime", Part::Sending, 0, 12, 1, kSmallField, 4},
+    Row{"txtPostConTime", Part::Sending, 0, 12, 1, kSmallField, 4.8, "", "hh:mm"},
     Row{"lblPostConDate", Part::Sending, 0, 13, 1, kCaption, 2.8},
-    Row{"txtPostConDate", Part::Sending, 0, 14, 1, kSmallField, 9},
+    Row{"txtPostConDate", Part::Sending, 0, 14, 1, kSmallField, 8.4, "", "yyyy/mm/dd"},
 
     Row{"lblEntryHeading(1)", Part::Entry, 0, 0, 1, kCaption},
     Row{"lblEntryHeading(2)", Part::Entry, 0, 1, 1, kCaption},
@@ -281,6 +282,9 @@ Look PlainLookOf(const Control& control, double base) {
     look.wrapped = style.wrapped;
     look.alignment = (style.right ? Qt::AlignRight : Qt::AlignLeft) | Qt::AlignVCenter;
     look.spokenName = SpokenName(control);
+    if (const Row* row = RowOf(control)) {
+        look.placeholder = row->placeholder;
+    }
     look.announced = std::ranges::find(kAnnounced, control.name) != kAnnounced.end();
     return look;
 }
@@ -317,7 +321,7 @@ protected:
     void paintEvent(QPaintEvent* /*event*/) override {
         const Theme theme = ThemeOf(palette());
         QPainter painter{this};
-        DrawBox(painter, rect(), theme.panel, theme.edge, 1);
+        DrawBox(painter, rect(), theme.panel, theme.edge);
     }
 };
 
@@ -337,7 +341,7 @@ protected:
     void paintEvent(QPaintEvent* /*event*/) override {
         if (ground_.isValid()) {
             QPainter painter{this};
-            DrawBox(painter, rect(), ground_, ground_, 0);
+            DrawBox(painter, rect(), ground_, ground_, {.edge = 0});
         }
     }
     void resizeEvent(QResizeEvent* /*event*/) override {

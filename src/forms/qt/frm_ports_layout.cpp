@@ -8,7 +8,7 @@ namespace {
 constexpr std::array kRows{
     Column(1),
     Group(),
-    Fill("lblPorts", "lstPorts", 2),
+    Fill("lblPorts", "lstPorts", 4),
     Fill("lblDevices", "lstDevices"),
     Line("lblDevice", "txtDevice:*", RowLook::Data),
     Text("lblNote"),

@@ -11,6 +11,7 @@ namespace tallyhut {
 namespace {
 
 constexpr int kEndless = 100'000;
+constexpr double kRefusedEdge = 0.25;   ///< of the text's size
 constexpr double kSmallestShare = 0.6;  ///< of the look's size of text
 
 /// Between the edge of a label on a ground of its own and its text.
@@ -45,8 +46,9 @@ bool LabelWidget::Wraps() const {
 
 QFont LabelWidget::FullFont() const {
     QFont font = FontOf(TheLook());
-    font.setBold(font.bold() || Logical().State().bold);
-    font.setUnderline(Logical().State().underlined);
+    const ControlState& state = Logical().State();
+    font.setBold(font.bold() || state.bold || state.refused);
+    font.setUnderline(state.underlined);
     return font;
 }
 
@@ -115,7 +117,10 @@ void LabelWidget::paintEvent(QPaintEvent* /*event*/) {
     QPainter painter{this};
     QRect room = rect();
     if (colours.ground.isValid()) {
-        DrawBox(painter, room, colours.ground, colours.ground, 0);
+        // What is refused has a frame, so that it is told from a notice without reading.
+        const bool framed = Logical().State().refused && TheLook().boxed;
+        const double edge = framed ? TheLook().pixels * kRefusedEdge : 0;
+        DrawBox(painter, room, colours.ground, TextOn(colours.ground), {.edge = edge});
     }
     if (TheLook().boxed) {
         const int side = SideOf(TheLook());

@@ -12,19 +12,30 @@
 namespace tallyhut {
 namespace {
 
-constexpr double kCorner = 4;
-constexpr double kEdge = 1;
+// Lines and corners grow with the text.
+double CornerAt(const QFontMetrics& text) {
+    return std::max(4, text.height() / 6);
+}
+
+double EdgeAt(const QFontMetrics& text) {
+    return std::max(1, text.height() / 24);
+}
 
 double FocusEdge(const QFontMetrics& text) {
-    return std::max(2, text.height() / 18);
+    return std::max(2, text.height() / 12);
 }
 
 void DrawField(const QStyleOption& option, QPainter& painter, const QWidget* widget) {
     const Theme theme = ThemeOf(option.palette);
     const bool ours = widget != nullptr && widget->property(kFocusMark).isValid();
     const bool focused = ours ? IsFocusMarked(*widget) : option.state.testFlag(QStyle::State_HasFocus);
-    DrawBox(painter, option.rect, option.palette.color(QPalette::Base), focused ? theme.accent : theme.fieldEdge,
-            focused ? FocusEdge(option.fontMetrics) : kEdge);
+    const bool refused = widget != nullptr && widget->property(kRefusedMark).toBool();
+    DrawBox(painter, option.rect, option.palette.color(QPalette::Base),
+            refused   ? theme.refused
+            : focused ? theme.accent
+                      : theme.fieldEdge,
+            {.edge = focused || refused ? FocusEdge(option.fontMetrics) : EdgeAt(option.fontMetrics),
+             .corner = CornerAt(option.fontMetrics)});
 }
 
 void DrawButton(const QStyleOption& option, QPainter& painter, const QWidget* widget) {
@@ -39,14 +50,15 @@ void DrawButton(const QStyleOption& option, QPainter& painter, const QWidget* wi
     } else if (option.state.testFlag(QStyle::State_MouseOver) && enabled) {
         fill = Mixed(theme.text, fill, 0.06);
     }
-    const double edge = focused ? FocusEdge(option.fontMetrics) : kEdge;
+    const double edge = focused ? FocusEdge(option.fontMetrics) : EdgeAt(option.fontMetrics);
+    const double corner = CornerAt(option.fontMetrics);
     if (accented && focused) {  // on its own colour a line of that colour would not be seen
-        DrawBox(painter, option.rect, theme.panel, theme.text, edge);
+        DrawBox(painter, option.rect, theme.panel, theme.text, {edge, corner});
         const int inset = static_cast<int>(2 * edge);
-        DrawBox(painter, option.rect.adjusted(inset, inset, -inset, -inset), fill, fill, 0);
+        DrawBox(painter, option.rect.adjusted(inset, inset, -inset, -inset), fill, fill, {0, corner});
         return;
     }
-    DrawBox(painter, option.rect, fill, focused ? theme.accent : accented ? fill : theme.edge, edge);
+    DrawBox(painter, option.rect, fill, focused ? theme.accent : accented ? fill : theme.edge, {edge, corner});
 }
 
 /// A ring that can be seen in a dark window, too, and a dot in it.
@@ -105,12 +117,14 @@ bool IsFocusMarked(const QWidget& widget) {
 }
 
 void DrawFocusEdge(QPainter& painter, const QWidget& widget, const QRect& rect) {
-    DrawBox(painter, rect, Qt::transparent, ThemeOf(widget.palette()).accent, FocusEdge(widget.fontMetrics()));
+    DrawBox(painter, rect, Qt::transparent, ThemeOf(widget.palette()).accent,
+            {FocusEdge(widget.fontMetrics()), CornerAt(widget.fontMetrics())});
 }
 
 void DrawPanel(QPainter& painter, const QWidget& widget, const QString& title, const QRect& titleRoom) {
     const Theme theme = ThemeOf(widget.palette());
-    DrawBox(painter, widget.rect(), theme.panel, theme.edge, kEdge);
+    DrawBox(painter, widget.rect(), theme.panel, theme.edge,
+            {EdgeAt(widget.fontMetrics()), CornerAt(widget.fontMetrics())});
     QFont font = widget.font();
     font.setBold(true);
     painter.setFont(font);
@@ -119,13 +133,13 @@ void DrawPanel(QPainter& painter, const QWidget& widget, const QString& title, c
                      painter.fontMetrics().elidedText(title, Qt::ElideRight, titleRoom.width()));
 }
 
-void DrawBox(QPainter& painter, const QRect& rect, const QColor& fill, const QColor& edge, double edgeWidth) {
+void DrawBox(QPainter& painter, const QRect& rect, const QColor& fill, const QColor& edge, const BoxShape& shape) {
     painter.save();
     painter.setRenderHint(QPainter::Antialiasing);
-    painter.setPen(QPen{edge, edgeWidth});
+    painter.setPen(shape.edge > 0 ? QPen{edge, shape.edge} : QPen{Qt::NoPen});
     painter.setBrush(fill);
-    const double inset = edgeWidth / 2;
-    painter.drawRoundedRect(QRectF{rect}.adjusted(inset, inset, -inset, -inset), kCorner, kCorner);
+    const double inset = shape.edge / 2;
+    painter.drawRoundedRect(QRectF{rect}.adjusted(inset, inset, -inset, -inset), shape.corner, shape.corner);
     painter.restore();
 }
 
@@ -158,6 +172,9 @@ int ProgramStyle::pixelMetric(PixelMetric metric, const QStyleOption* option, co
             return std::max(std::min(usual, line), line * 4 / 5);
         case PM_ScrollBarExtent:
             return std::max(usual, line * 4 / 5);
+        case PM_RadioButtonLabelSpacing:
+        case PM_CheckBoxLabelSpacing:
+            return std::max(usual, line / 3);
         case PM_FocusFrameHMargin:
             return qobject_cast<const QAbstractItemView*>(widget) == nullptr ? usual : std::max(usual, line / 4);
         case PM_MenuBarItemSpacing:
@@ -186,7 +203,7 @@ void ProgramStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* o
     } else if (element == PE_PanelButtonCommand) {
         DrawButton(*option, *painter, widget);
     } else if (element == PE_FrameGroupBox) {
-        DrawBox(*painter, option->rect, Qt::transparent, ThemeOf(option->palette).edge, kEdge);
+        DrawBox(*painter, option->rect, Qt::transparent, ThemeOf(option->palette).edge);
     } else if (element == PE_IndicatorRadioButton) {
         DrawChoice(*option, *painter);
     } else if (element == PE_IndicatorCheckBox) {

@@ -10,6 +10,9 @@ inline constexpr const char* kFocusMark = "focusMark";
 /// Set to true on the main button of a form.
 inline constexpr const char* kAccentMark = "accentMark";
 
+/// Set to true on a field whose text was not taken.
+inline constexpr const char* kRefusedMark = "refusedMark";
+
 bool IsFocusMarked(const QWidget& widget);
 
 /// One look on every desktop: flat fields and buttons with a clear mark of the focus. Leaves the Alt key and F10 alone,
@@ -37,7 +40,13 @@ void DrawFocusEdge(QPainter& painter, const QWidget& widget, const QRect& rect);
 /// A panel that fills the widget, and what it is called.
 void DrawPanel(QPainter& painter, const QWidget& widget, const QString& title, const QRect& titleRoom);
 
-/// A filled rectangle with round corners, marked where it has the focus.
-void DrawBox(QPainter& painter, const QRect& rect, const QColor& fill, const QColor& edge, double edgeWidth);
+/// In pixels.
+struct BoxShape {
+    double edge = 1;
+    double corner = 4;
+};
+
+/// A filled rectangle with round corners.
+void DrawBox(QPainter& painter, const QRect& rect, const QColor& fill, const QColor& edge, const BoxShape& shape = {});
 
 }  // namespace tallyhut

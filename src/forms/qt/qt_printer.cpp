@@ -2,6 +2,8 @@
 
 #include <QDialogButtonBox>
 #include <QFile>
+#include <QFileInfo>
+#include <QLineEdit>
 #include <QLocale>
 #include <QPdfWriter>
 #include <QPrintDialog>
@@ -61,6 +63,16 @@ void QtPrinter::Forget() {
     document_ = {};
 }
 
+/// The dialog has no word for it, only a field.
+void QtPrinter::OfferFolder(const QPrintDialog& dialog) const {
+    auto* field = dialog.findChild<QLineEdit*>("filename");
+    const std::string offered = folder();
+    if (field != nullptr && !offered.empty()) {
+        field->setText(QFile::decodeName(QByteArray::fromStdString(offered)) + '/' +
+                       QFileInfo{field->text()}.fileName());
+    }
+}
+
 /// The dialog's own dialogs (properties, browsing for a file, a file that exists) run in a loop of the desktop's, in
 /// which timers and devices wait.
 bool QtPrinter::ChoosePrinter() {
@@ -68,6 +80,7 @@ bool QtPrinter::ChoosePrinter() {
     dialog.setObjectName("printdialog");
     dialog.setOption(QPrintDialog::PrintPageRange, false);  // how many pages there will be is not known yet
     previewAsked_ = false;
+    OfferFolder(dialog);
     if (auto* buttons = dialog.findChild<QDialogButtonBox*>()) {
         QPushButton* preview = buttons->addButton("Pre&view", QDialogButtonBox::ActionRole);
         preview->setObjectName("preview");

@@ -1,11 +1,14 @@
 #pragma once
 
 #include <QPrinter>
+#include <functional>
 #include <memory>
 #include <string>
 
 #include "forms/qt/print_document.h"
 #include "platform/printer.h"
+
+class QPrintDialog;
 
 namespace tallyhut {
 
@@ -19,6 +22,8 @@ class QtPrinter : public Printer {
 public:
     /// The desk whose events run while a dialog is open; to be told before the first document.
     void Bind(Desk& desk) { desk_ = &desk; }
+    /// Where a document that becomes a file is offered to be written.
+    std::function<std::string()> folder = [] { return std::string{}; };
 
     bool Begin(const std::string& title) override;
     void Line(const std::string& text, int points = kPrintPoints) override;
@@ -28,6 +33,7 @@ public:
 
 private:
     bool ChoosePrinter();
+    void OfferFolder(const QPrintDialog& dialog) const;
     void Print();
     void PrintToFile();
     void Forget();

@@ -192,6 +192,10 @@ void FieldWidget::ShowState() {
     if (palette() != wanted) {
         setPalette(wanted);
     }
+    if (property(kRefusedMark).toBool() != state.refused) {
+        setProperty(kRefusedMark, state.refused);
+        update();
+    }
 }
 
 void FieldWidget::ShowLook() {
@@ -231,6 +235,7 @@ PageWidget::PageWidget(TextBox& box, const OperatorInput& input, QWidget* parent
     setFocusPolicy(Qt::TabFocus);
     setAcceptDrops(false);
     setUndoRedoEnabled(false);
+    setFrameShape(NoFrame);
     setTabChangesFocus(true);
     viewport()->setCursor(Qt::IBeamCursor);
     setProperty(kFocusMark, false);
@@ -272,9 +277,11 @@ void PageWidget::ShowState() {
 
 void PageWidget::paintEvent(QPaintEvent* event) {
     QPlainTextEdit::paintEvent(event);
+    QPainter painter{viewport()};
     if (IsFocusMarked(*this)) {
-        QPainter painter{viewport()};
         DrawFocusEdge(painter, *this, viewport()->rect());
+    } else {
+        DrawBox(painter, viewport()->rect(), Qt::transparent, ThemeOf(parentWidget()->palette()).fieldEdge);
     }
 }
 

@@ -58,6 +58,7 @@ Theme ThemeOf(const QPalette& palette) {
     theme.fieldEdge = MadeReadable(MadeReadable(edge, theme.panel, kEdgeContrast), theme.ground, kEdgeContrast);
     theme.quietSelection = Mixed(theme.text, theme.field, 0.16);
     theme.accent = MadeReadable(QColor{0x15, 0x65, 0xC0}, theme.panel);
+    theme.refused = MadeReadable(QColor{0xC6, 0x28, 0x28}, theme.panel);
     theme.focusField = theme.dark ? Mixed(theme.accent, theme.field, 0.22) : QColor{Qt::white};
     theme.focusText = theme.dark ? QColor{Qt::white} : QColor{Qt::black};
     theme.button = Mixed(theme.text, theme.panel, theme.dark ? 0.14 : 0.08);

@@ -21,7 +21,8 @@ struct Theme {
     QColor quietSelection;  ///< in a field that waits
     QColor focusField;      ///< of the field that keys go to: in a light window the brightest thing
     QColor focusText;
-    QColor accent;  ///< around what has the focus
+    QColor refused;  ///< around what was not taken
+    QColor accent;   ///< around what has the focus
     QColor button;
     QColor buttonText;
 };

@@ -143,6 +143,32 @@ QWidget* WindowHost::WindowOf(const Form& form) const {
     return found == views_.end() ? nullptr : found->second->window.get();
 }
 
+/// Alt, pressed and let go with nothing between, opens the menu bar. The desktop may take the window away meanwhile.
+void WindowHost::WatchAlt(const QObject& watched, const QEvent& event) {
+    switch (event.type()) {
+        case QEvent::KeyPress: {
+            const auto& press = static_cast<const QKeyEvent&>(event);
+            altAlone_ = press.key() == Qt::Key_Alt && (press.modifiers() & ~Qt::AltModifier) == 0;
+            break;
+        }
+        case QEvent::KeyRelease: {
+            const auto& release = static_cast<const QKeyEvent&>(event);
+            if (altAlone_ && release.key() == Qt::Key_Alt && !release.isAutoRepeat() && watched.isWidgetType()) {
+                altAlone_ = false;
+                input_.Do([this] { desk_.OpenMenuBar(); });
+            }
+            break;
+        }
+        case QEvent::MouseButtonPress:
+        case QEvent::Wheel:
+        case QEvent::WindowDeactivate:
+            altAlone_ = false;
+            break;
+        default:
+            break;
+    }
+}
+
 bool WindowHost::eventFilter(QObject* watched, QEvent* event) {
     switch (event->type()) {
         case QEvent::ShortcutOverride:
@@ -150,7 +176,12 @@ bool WindowHost::eventFilter(QObject* watched, QEvent* event) {
         case QEvent::KeyRelease:
         case QEvent::InputMethod:
             break;
+        case QEvent::Wheel:
+        case QEvent::WindowDeactivate:
+            WatchAlt(*watched, *event);
+            return false;
         case QEvent::MouseButtonPress:
+            WatchAlt(*watched, *event);
             if (Form* form = FormOf(watched); form != nullptr && form != desk_.Active()) {
                 awaited_ = nullptr;
                 OnActivated(*form);
@@ -162,6 +193,7 @@ bool WindowHost::eventFilter(QObject* watched, QEvent* event) {
     if (FormOf(watched) == nullptr || QApplication::activePopupWidget() != nullptr) {
         return false;
     }
+    WatchAlt(*watched, *event);
     if (event->type() == QEvent::KeyPress) {
         if (StepsThroughAll(*static_cast<QKeyEvent*>(event))) {
             const bool backwards = static_cast<QKeyEvent*>(event)->modifiers().testFlag(Qt::ShiftModifier);

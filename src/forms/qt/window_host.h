@@ -44,6 +44,7 @@ private:
     void SyncForm(Form& form);
     static void SyncFocus(const FormView& view);
     void SyncActive();
+    void WatchAlt(const QObject& watched, const QEvent& event);
     void FocusNext(bool backwards);
     void MarkFocus();
     FormView& ViewOf(Form& form);
@@ -66,7 +67,8 @@ private:
     Form* shownActive_ = nullptr;  ///< the form whose window was last made the active one
     Form* awaited_ = nullptr;      ///< asked of the desktop to become active, and not yet reported so
     bool dialogOpen_ = false;
-    QMargins margins_;  ///< what the desktop puts around a window, as last seen
+    bool altAlone_ = false;  ///< Alt is down, and nothing else was pressed since
+    QMargins margins_;       ///< what the desktop puts around a window, as last seen
 };
 
 }  // namespace tallyhut

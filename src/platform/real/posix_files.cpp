@@ -264,6 +264,20 @@ bool WriteAtOnce(const Descriptor& file, std::string_view text) {
     return written >= 0;
 }
 
+/// An empty file at the place, which nobody else has made meanwhile.
+OpenFile MakeForAppending(const std::string& place, const std::string& path) {
+    OpenFile file{.descriptor = Open(place, O_RDWR | O_APPEND | O_CREAT | O_EXCL)};
+    if (!file.descriptor.IsOpen()) {
+        throw PathError(path, errno);
+    }
+    if (fstat(file.descriptor.Number(), &file.status) != 0) {
+        const int reason = errno;
+        unlink(place.c_str());
+        throw PathError(path, reason);
+    }
+    return file;
+}
+
 /// To whatever file stands there where nothing is expected.
 FileMark AppendTo(const std::string& path, std::string_view record, const std::optional<FileMark>* expected) {
     std::optional<OpenFile> found = OpenIfThere(path, O_RDWR | O_APPEND);
@@ -271,8 +285,8 @@ FileMark AppendTo(const std::string& path, std::string_view record, const std::o
     if (expected != nullptr && mark != *expected) {
         throw Changed(path);
     }
-    const OpenFile file = found ? std::move(*found) : OpenRegular(path, O_RDWR | O_APPEND | O_CREAT);
     const std::string target = mark ? path : WithoutLinks(path);
+    const OpenFile file = mark ? std::move(*found) : MakeForAppending(target, path);
     const std::string text = WithLineEnd(path, file, record);
     const bool written = WriteAtOnce(file.descriptor, text);
     if (written && fdatasync(file.descriptor.Number()) == 0 && (mark || FlushFolder(FolderOf(target)))) {
@@ -282,9 +296,8 @@ FileMark AppendTo(const std::string& path, std::string_view record, const std::o
     }
     const int reason = errno;
     const off_t size = file.status.st_size;
-    const bool takenBack = !mark && size == 0
-                               ? unlink(target.c_str()) == 0
-                               : Uninterrupted([&] { return ftruncate(file.descriptor.Number(), size); }) == 0;
+    const bool takenBack = !mark ? unlink(target.c_str()) == 0
+                                 : Uninterrupted([&] { return ftruncate(file.descriptor.Number(), size); }) == 0;
     if (takenBack) {
         throw PathError(path, reason);
     }

@@ -11,7 +11,7 @@ namespace {
 /// A read tick with a whole reply, the form open; the radio stays on its band.
 void ReadTick(benchmark::State& state, std::string_view rig, const std::string& reply) {
     LoadedProgram loaded{0};
-    Program& program = loaded.program;
+    ProgramUnits& program = loaded.program;
     program.rigForm.Show();
     program.preferences.gRigName = rig;
     program.preferences.gBand = "20";

@@ -64,6 +64,7 @@ std::string Chosen(const std::optional<std::string>& path) {
 
 bool FileMenu::KeepLog(std::string_view title) {
     try {
+        guard.Adopt();
         copies.KeepLog();
     } catch (const PlatformError& failure) {
         desk.dialogs.Show(
@@ -80,7 +81,6 @@ bool FileMenu::KeepLog(std::string_view title) {
 void FileMenu::StartNewLog() {
     if (UpperCase(desk.dialogs.Show(kNewLogBox)) == kConfirmation) {
         copies.Backup();
-        guard.Adopt();
         if (KeepLog("The log was not erased.")) {
             BeginAnew();
         }
@@ -93,7 +93,10 @@ void FileMenu::BeginAnew() {
     const OperatingTime::Seconds before = time.Reset();
     Attempts attempts;
     try {
-        guard.Empty();
+        if (!guard.Empty()) {
+            time.PutBack(before);
+            return;
+        }
         contest.log.gContactCount = 0;
     } catch (const LogWriteError&) {
         time.PutBack(before);
@@ -142,7 +145,6 @@ void FileMenu::mnuRestore_Click() {
         }
         const FileRequest request{.title = "", .filter = kLogFilter, .folder = copies.BackupFolder(), .name = ""};
         const std::string archive = Chosen(desk.dialogs.OpenFile(request));
-        guard.Adopt();
         if (KeepLog(kRestoreErrorTitle)) {
             Restore(archive);
         }

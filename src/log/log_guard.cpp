@@ -47,9 +47,11 @@ void LogGuard::OpenIfUnopened() {
 }
 
 void LogGuard::Adopt() {
-    if (!reload.opened || contest.log.gContactCount == 0) {
-        file.mark = file.files.Mark(file.Path());
+    const std::optional<FileMark> found = file.files.Mark(file.Path());
+    if (found != file.mark && contest.log.gContactCount > 0) {
+        WriteBeside();
     }
+    file.mark = found;
 }
 
 bool LogGuard::Add(const Contact& contact) {
@@ -75,13 +77,8 @@ void LogGuard::Rewrite() {
     }
 }
 
-void LogGuard::Empty() {
-    const std::optional<FileMark> found = file.files.Mark(file.Path());
-    if (found != file.mark) {
-        KeepInMemory();
-        file.mark = found;
-    }
-    Change([this] { file.Empty(); });
+bool LogGuard::Empty() {
+    return Change([this] { file.Empty(); });
 }
 
 void LogGuard::Restore(const std::string& archive, const std::function<void()>& beforeTheEnd) {
@@ -115,7 +112,7 @@ bool LogGuard::Change(const std::function<void()>& change) {
 
 /// The contacts of this program may stand nowhere else: they are written beside the log before anything is asked.
 void LogGuard::TellOfOtherHand() {
-    const std::string kept = KeepInMemory();
+    const std::string kept = TryWritingBeside();
     const std::string found = file.WhatStands();
     const bool missing = !file.Exists();
     const bool yes = desk.dialogs.Show((missing ? MissingBox : ChangedBox)(found, kept)) == Answer::Yes;
@@ -129,15 +126,19 @@ void LogGuard::TellOfOtherHand() {
     }
 }
 
-std::string LogGuard::KeepInMemory() try {
-    if (contest.log.gContactCount == 0) {
+std::string LogGuard::WriteBeside() {
+    std::string path = FreeName(file.files, WorkingFile(file.directories, kRecoveredStem), ".txt");
+    file.files.Replace(path, LogText(contest.log));
+    return path;
+}
+
+std::string LogGuard::TryWritingBeside() try {
+    const std::int32_t count = contest.log.gContactCount;
+    if (count == 0) {
         return "This program holds no contacts.";
     }
-    const std::string path = FreeName(file.files, WorkingFile(file.directories, kRecoveredStem), ".txt");
-    file.files.Replace(path, LogText(contest.log));
-    const std::int32_t count = contest.log.gContactCount;
-    return "What this program has, " + PlainText(count) + (count == 1 ? " contact" : " contacts") + ", is in " + path +
-           ".";
+    return "What this program has, " + PlainText(count) + (count == 1 ? " contact" : " contacts") + ", is in " +
+           WriteBeside() + ".";
 } catch (const PlatformError& failure) {
     return std::string{"The contacts of this program could not be kept beside it. "} + failure.what();
 }

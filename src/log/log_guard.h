@@ -14,8 +14,9 @@ struct LogGuard {
 
     /// Opens the log if this run has not and contacts stand in it. Throws PlatformError when that cannot be told.
     void OpenIfUnopened();
-    /// For a log that is about to be replaced whole: where this program has no contacts that could be lost, what stands
-    /// there now is what it goes on from. Throws PlatformError.
+    /// For a log that is about to be replaced whole: what stands there now is what this program goes on from. Where
+    /// another hand has changed it, the contacts of this program are written beside it first: they may stand nowhere
+    /// else. Throws PlatformError.
     void Adopt();
     /// The contact becomes the next row and the next record. False where another hand has changed the file: that has
     /// been told, and nothing is logged. Throws LogWriteError.
@@ -24,19 +25,19 @@ struct LogGuard {
     /// written. Throws LogWriteError, and UnconfirmedError behind a change that was made; memory then holds what the
     /// disk does.
     void Rewrite();
-    /// Empties the log, with the failures of Rewrite. Where another hand has changed it, the contacts of this program
-    /// are written beside it first: they may stand nowhere else.
-    void Empty();
-    /// Puts a copy of another file in the log's place and opens it. Where another hand has changed the log, that is
-    /// told and nothing replaced. Throws PlatformError where the log is as it was, and UnconfirmedError behind a change
-    /// that was made. The step is that of the reload.
+    /// Empties the log, with the failures of Rewrite; false where another hand has changed it, which has been told.
+    bool Empty();
+    /// Puts a copy of another file in the log's place and opens it; likewise where another hand has changed it. The
+    /// step is that of the reload. Throws PlatformError where the log is as it was, and UnconfirmedError behind a
+    /// change that was made.
     void Restore(const std::string& archive, const std::function<void()>& beforeTheEnd);
 
 private:
     /// Runs a change of the whole file; false where another hand has changed it, which has been told.
     bool Change(const std::function<void()>& change);
     void TellOfOtherHand();
-    std::string KeepInMemory();
+    std::string WriteBeside();
+    std::string TryWritingBeside();
     void GoOnWithMemory();
 };
 

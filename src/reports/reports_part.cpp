@@ -11,7 +11,6 @@ ReportsPart::ReportsPart(Machine& machine, Desk& desk, SupportPart& support, Log
     Bind(log.form1, log.guard);
 }
 
-/// Each begins with the log open, so that none leaves out what a start could not read.
 void ReportsPart::Bind(Form1& form1, LogGuard& guard) {
     form2.Form_Load = [this] { entryForm.Form2_Load(); };
     form2.Text2.KeyPress = [this](int& KeyAscii) { entryForm.Text2_KeyPress(KeyAscii); };
@@ -19,42 +18,22 @@ void ReportsPart::Bind(Form1& form1, LogGuard& guard) {
     form2.Command2.Click = [this] { entryForm.Command2_Click(); };
     form2.Command3.Click = [this] { entryForm.Command3_Click(); };
     form2.Command4.Click = [this] { entryForm.Command4_Click(); };
-    form1.mnuCabrillo.Click = [this, &guard] {
-        guard.OpenIfUnopened();
-        entryForm.Open();
+    // Each begins with the log open, so that none leaves out what a start could not read.
+    const auto withLog = [&guard](auto step) {
+        return [&guard, step] {
+            guard.OpenIfUnopened();
+            step();
+        };
     };
-    form1.mnuSummary.Click = [this, &guard] {
-        guard.OpenIfUnopened();
-        entryForm.Open();
-    };
-    form1.expADIF.Click = [this, &guard] {
-        guard.OpenIfUnopened();
-        exports.expADIF_Click();
-    };
-    form1.mnuExport.Click = [this, &guard] {
-        guard.OpenIfUnopened();
-        exports.mnuExport_Click();
-    };
-    form1.mnuCopyListtoClipboard.Click = [this, &guard] {
-        guard.OpenIfUnopened();
-        exports.mnuCopyListtoClipboard_Click();
-    };
-    form1.mnuPrintLog.Click = [this, &guard] {
-        guard.OpenIfUnopened();
-        paperReports.PrintLog();
-    };
-    form1.mnuPrintDupe.Click = [this, &guard] {
-        guard.OpenIfUnopened();
-        paperReports.PrintDupeSheet();
-    };
-    form1.mnuWriteLog.Click = [this, &guard] {
-        guard.OpenIfUnopened();
-        paperReports.WriteLogFile();
-    };
-    form1.mnuWriteDupe.Click = [this, &guard] {
-        guard.OpenIfUnopened();
-        paperReports.WriteDupeFile();
-    };
+    form1.mnuCabrillo.Click = withLog([this] { entryForm.Open(); });
+    form1.mnuSummary.Click = withLog([this] { entryForm.Open(); });
+    form1.expADIF.Click = withLog([this] { exports.expADIF_Click(); });
+    form1.mnuExport.Click = withLog([this] { exports.mnuExport_Click(); });
+    form1.mnuCopyListtoClipboard.Click = withLog([this] { exports.mnuCopyListtoClipboard_Click(); });
+    form1.mnuPrintLog.Click = withLog([this] { paperReports.PrintLog(); });
+    form1.mnuPrintDupe.Click = withLog([this] { paperReports.PrintDupeSheet(); });
+    form1.mnuWriteLog.Click = withLog([this] { paperReports.WriteLogFile(); });
+    form1.mnuWriteDupe.Click = withLog([this] { paperReports.WriteDupeFile(); });
 }
 
 }  // namespace tallyhut

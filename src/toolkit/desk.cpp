@@ -407,7 +407,11 @@ void Desk::Tell(const PlatformError& failure) {
         Fatal(failure);
         return;
     }
-    onFailure(failure);
+    try {
+        onFailure(failure);
+    } catch (const std::exception& ofTelling) {
+        Fatal(ofTelling);
+    }
 }
 
 void Desk::Fatal(const std::exception& failure) {

@@ -1,6 +1,7 @@
 #include <functional>
 #include <stdexcept>
 
+#include "platform/platform_error.h"
 #include "tests/toolkit/toolkit_fixture.h"
 
 namespace tallyhut {
@@ -229,6 +230,72 @@ TEST_F(FatalTest, EndOfTheProgramPassesThroughHandlersUntold) {
     desk.PostClick(form.go, kLeftButton);
     EXPECT_EQ(StatusOf([&] { desk.RunPending(); }), 0);
     EXPECT_EQ(TakeEvents(), "");
+}
+
+/// What the machine refuses is no end of the program.
+struct FailureTest : FatalTest {
+    FailureTest() {
+        desk.onFailure = [this](const PlatformError& failure) { Note(std::string{"told: "} + failure.what()); };
+    }
+    [[noreturn]] static void Refuse() { throw PlatformError{"Out of paper"}; }
+};
+
+TEST_F(FailureTest, WhatTheMachineRefusesIsToldAndTheProgramGoesOn) {
+    form.go.Click = Refuse;
+    form.one.KeyPress = [&](int& /*KeyAscii*/) { Note("key"); };
+    desk.PostClick(form.go, kLeftButton);
+    EXPECT_EQ(StatusOf([&] { desk.RunPending(); }), -1);
+    EXPECT_EQ(TakeEvents(), "told: Out of paper");
+    form.one.SetFocus();
+    PostText("a");
+    EXPECT_EQ(StatusOf([&] { desk.RunPending(); }), -1);
+    EXPECT_EQ(TakeEvents(), "key");
+}
+
+TEST_F(FailureTest, RefusalNeverCrossesRunPendingIntoAProcedureThatLetEventsRun) {
+    form.one.KeyPress = [&](int& KeyAscii) {
+        if (KeyAscii == 'b') {
+            Refuse();
+        }
+        desk.RunPending();
+        Note("went on");
+    };
+    PostText("ab");
+    EXPECT_EQ(StatusOf([&] { desk.RunPending(); }), -1);
+    EXPECT_EQ(TakeEvents(), "told: Out of paper, went on");
+}
+
+TEST_F(FailureTest, AnythingElseIsFatalAsEver) {
+    form.go.Click = [] { Fail(); };
+    desk.PostClick(form.go, kLeftButton);
+    EXPECT_EQ(StatusOf([&] { desk.RunPending(); }), 1);
+    EXPECT_EQ(TakeEvents(), "fatal: disk full");
+}
+
+TEST_F(FailureTest, TellingThatFailsItselfIsFatal) {
+    desk.onFailure = [](const PlatformError& /*failure*/) { Fail(); };
+    form.go.Click = Refuse;
+    desk.PostClick(form.go, kLeftButton);
+    EXPECT_EQ(StatusOf([&] { desk.RunPending(); }), 1);
+    EXPECT_EQ(TakeEvents(), "fatal: disk full");
+}
+
+TEST_F(FailureTest, RefusalWhileAFatalFailureIsToldEndsTheProgram) {
+    desk.onFatal = [this](const std::exception& /*failure*/) {
+        Note("fatal");
+        Refuse();
+    };
+    form.go.Click = [] { Fail(); };
+    desk.PostClick(form.go, kLeftButton);
+    EXPECT_EQ(StatusOf([&] { desk.RunPending(); }), 1);
+    EXPECT_EQ(TakeEvents(), "fatal");
+}
+
+TEST_F(FatalTest, RefusalThatNobodyTellsIsFatal) {
+    form.go.Click = [] { throw PlatformError{"Out of paper"}; };
+    desk.PostClick(form.go, kLeftButton);
+    EXPECT_EQ(StatusOf([&] { desk.RunPending(); }), 1);
+    EXPECT_EQ(TakeEvents(), "fatal: Out of paper");
 }
 
 TEST_F(FatalTest, FailureThatTheHandlerTakesIsNone) {

@@ -17,7 +17,7 @@ void ReadTick(benchmark::State& state, std::string_view rig, const std::string& 
     program.preferences.gBand = "20";
     program.rigForm.txtFreq.SetText(RigNamed(rig).frequencyString);
     program.rigForm.txtMode.SetText(RigNamed(rig).modeString);
-    program.comComm1->Open();
+    program.comComm1.Open();
     for (auto _ : state) {
         state.PauseTiming();
         program.rigState.ReadPhase = 1;

@@ -23,7 +23,7 @@ public:
 private slots:
     void OnSettingChanged(const QString& group, const QString& key, const QDBusVariant& value);
 
-private:
+private:  // NOLINT(readability-redundant-access-specifiers): above stand slots
     void Show();
 
     WindowLook choice_ = WindowLook::Desktop;

@@ -42,7 +42,7 @@ void TickOverAWire(benchmark::State& state) {
     const PseudoTerminal wire;
     TtyPorts ports{settings, {{1, wire.Path()}}};
     LoadedProgram loaded{0, &ports};
-    Program& program = loaded.program;
+    ProgramUnits& program = loaded.program;
     program.rigForm.Load();
     const auto* rig = std::ranges::find(kRigs, "Kenwood", &RigRow::name);
     program.rigForm.List1.SelectRow(static_cast<int>(rig - kRigs.begin()));

@@ -11,13 +11,13 @@ namespace {
 /// A read tick with a whole reply, the form open; the radio stays on its band.
 void ReadTick(benchmark::State& state, std::string_view rig, const std::string& reply) {
     LoadedProgram loaded{0};
-    Program& program = loaded.program;
+    ProgramUnits& program = loaded.program;
     program.rigForm.Show();
     program.preferences.gRigName = rig;
     program.preferences.gBand = "20";
     program.rigForm.txtFreq.SetText(RigNamed(rig).frequencyString);
     program.rigForm.txtMode.SetText(RigNamed(rig).modeString);
-    program.comComm1->Open();
+    program.comComm1.Open();
     for (auto _ : state) {
         state.PauseTiming();
         program.rigState.ReadPhase = 1;

@@ -67,20 +67,6 @@ struct WindowProgram : sim::Machine {
     ProgramUnits program{
         Lend({.clock = &clock, .pump = &pump, .dialogs = &dialogs, .clipboard = &clipboard, .screen = &screen}),
         "/contest"};
-    sim::SettingsStore settings;
-    sim::Environment environment;
-    sim::SerialPorts serialPorts{clock};
-    Program program{{.clock = clock,
-                     .pump = pump,
-                     .dialogs = dialogs,
-                     .clipboard = clipboard,
-                     .printer = printer,
-                     .files = files,
-                     .settings = settings,
-                     .screen = screen,
-                     .environment = environment,
-                     .serialPorts = serialPorts},
-                    "/contest"};
     WindowHost host{program.desk, pump};
 };
 

@@ -28,24 +28,15 @@ int RunWindow(int& argc, char** argv, const Options& options, const std::string&
     QApplication::setDesktopFileName("tallyhut");
 
     const TerminationSignals terminations;
-    RealMachine machine{options.ports};
+    RealMachine machine{options.ports, dataFolder};
     QtPump pump{machine.clock};
     QtDialogs dialogs;
     QtClipboard clipboard;
     QtPrinter printer;
     QtScreen screen;
-    Program program{{.clock = machine.clock,
-                     .pump = pump,
-                     .dialogs = dialogs,
-                     .clipboard = clipboard,
-                     .printer = printer,
-                     .files = machine.files,
-                     .settings = machine.settings,
-                     .screen = screen,
-                     .environment = machine.environment,
-                     .serialPorts = machine.serialPorts,
-                     .dataFolder = dataFolder},
-                    workingDirectory};
+    Program program{
+        machine.Lend({.pump = pump, .dialogs = dialogs, .clipboard = clipboard, .printer = printer, .screen = screen}),
+        workingDirectory};
     dialogs.Bind(program.desk);
     printer.Bind(program.desk);
     printer.folder = [&program] { return program.supportPart.directories.WorkingDirectory; };
@@ -53,15 +44,15 @@ int RunWindow(int& argc, char** argv, const Options& options, const std::string&
     DesktopLook desktopLook;
     program.look.show = [&desktopLook](WindowLook look) { desktopLook.Show(look); };
     program.look.ShowStored();
-    const auto endByItself = [&program] {
+    const auto close = [&program] {
         CancelDialogs();
         program.RequestClose();
     };
-    const IoSource termination{program.desk, terminations.Number(), [&terminations, &endByItself] {
+    const IoSource termination{program.desk, terminations.Number(), [&terminations, &close] {
                                    terminations.Clear();
-                                   endByItself();
+                                   close();
                                }};
-    QObject::connect(&application, &QGuiApplication::commitDataRequest, &application, endByItself);  // a logout
+    QObject::connect(&application, &QGuiApplication::commitDataRequest, &application, close);  // a logout
     try {
         if (options.chooseDirectory) {
             program.ChooseDirectory();

@@ -110,7 +110,7 @@ int RunConsole(const Options& options, const std::string& workingDirectory, cons
     PolledDescriptors descriptors;
     LineSource lines{descriptors, inputDescriptor};
     JsonOutput output{out};
-    RealMachine machine{options.ports};
+    RealMachine machine{options.ports, dataFolder};
     std::unique_ptr<sim::Clock> virtualClock;
     if (options.clock) {
         virtualClock =
@@ -130,17 +130,13 @@ int RunConsole(const Options& options, const std::string& workingDirectory, cons
     AddSettingTo(devices, machine.settings);
 
     try {
-        Program program{{.clock = clock,
-                         .pump = pump,
-                         .dialogs = dialogs,
-                         .clipboard = clipboard,
-                         .printer = printer,
-                         .files = machine.files,
-                         .settings = machine.settings,
-                         .screen = screen,
-                         .environment = machine.environment,
-                         .serialPorts = ports,
-                         .dataFolder = dataFolder},
+        Program program{machine.Lend({.pump = pump,
+                                      .dialogs = dialogs,
+                                      .clipboard = clipboard,
+                                      .printer = printer,
+                                      .screen = screen,
+                                      .clock = &clock,
+                                      .serialPorts = &ports}),
                         workingDirectory};
         Commands commands{program, output, pump, dialogs, virtualClock.get(), devices};
         dialogs.runDialog = [&program](const std::function<bool()>& done) { program.desk.RunDialog(done); };

@@ -137,7 +137,7 @@ SectionPlace PlaceOfSection(std::string_view section);
 
 /// Contacts by section. Section i, from 1 to gSectionCount, is entry i of SectionQsos.
 struct SectionTable {
-    std::int32_t gSectionCount = 0;  ///< 83 once the table has been filled at the start
+    std::int32_t gSectionCount = 0;  ///< of all, once the table has been filled at the start
     std::array<std::int16_t, kSections.size() + 1> SectionQsos{};
     std::uint8_t gSectionsWorked = 0;
 

@@ -4,6 +4,7 @@
 #include <string_view>
 
 #include "contest/bands.h"
+#include "contest/section_table.h"
 
 namespace tallyhut {
 namespace {
@@ -155,7 +156,8 @@ Form1::Form1(Desk& owner)
       lblSecNine{*this, "lblSecNine", "9", GridHeading(8)},
       lblSecZero{*this, "lblSecZero", "0", GridHeading(9)},
       lblSecCA{*this, "lblSecCA", "Canada", GridHeading(10)},
-      Label10{1, 83, [this](int i) { return std::make_unique<Label>(*this, "Label10", i, "", LabelDesign{}); }},
+      Label10{1, static_cast<int>(kSections.size()),
+              [this](int i) { return std::make_unique<Label>(*this, "Label10", i, "", LabelDesign{}); }},
       lblScoreCaption{1, 6,
                       [this](int i) {
                           return std::make_unique<Label>(*this, "lblScoreCaption", i,

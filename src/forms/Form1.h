@@ -71,7 +71,7 @@ struct Form1 : Form {
     Label lblSecNine;
     Label lblSecZero;
     Label lblSecCA;
-    ControlArray<Label> Label10;  ///< 1 to 83, one a section
+    ControlArray<Label> Label10;  ///< from 1, one a section
 
     // Score and rates.
     ControlArray<Label> lblScoreCaption;  ///< 1 to 6, beside the values below in this order

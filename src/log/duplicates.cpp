@@ -41,7 +41,8 @@ void Duplicates::Report(std::int32_t row) {
         prompts.AwaitEnd();
     }
     gIsDupe = 1;
-    gDupeAt = panel.desk.clock.TickMs();
+    gDupeAt = panel.desk.clock.Now();
+    redLineUntil = panel.desk.clock.TickMs() + kRedLineMs;
 }
 
 void Duplicates::ShowPartials(int KeyAscii) {
@@ -82,7 +83,7 @@ std::optional<Tick> Duplicates::HoldsKey(const Key& key) const {
     if (gIsDupe == 0 || !reachesField) {
         return std::nullopt;
     }
-    return gDupeAt + kRedLineMs;
+    return redLineUntil;
 }
 
 }  // namespace tallyhut

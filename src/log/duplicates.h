@@ -17,7 +17,8 @@ struct Duplicates {
     Prompts& prompts;
 
     std::uint8_t gIsDupe = 0;     ///< 1 while a duplicate is being reported
-    Tick gDupeAt = 0;             ///< when gIsDupe was set
+    DateTime gDupeAt = {};        ///< local time at which gIsDupe was set
+    Tick redLineUntil = 0;        ///< of that duplicate
     std::uint8_t gPartialOn = 1;  ///< not kept from run to run
 
     /// A duplicate is told and the entry is thrown away.

@@ -58,7 +58,9 @@ void LogReload::mnuopen2(const std::function<void()>& beforeTheEnd) {
 }
 
 void LogReload::FollowDisk() {
-    const std::string text = TextOnDisk().value_or(LogText(contest.log));
+    const std::optional<std::string> onDisk = TextOnDisk();
+    const std::string text = onDisk.value_or(LogText(contest.log));
+    opened = opened || onDisk;
     Clear();
     Take(text);
     display.ShowCounts();

@@ -1,6 +1,5 @@
 #include "reports/merged_log.h"
 
-#include <array>
 #include <optional>
 
 #include "contest/contact_log.h"

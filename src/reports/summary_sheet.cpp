@@ -2,7 +2,6 @@
 
 #include "contest/score.h"
 #include "log/operating_time.h"
-#include "reports/cabrillo.h"
 #include "reports/column_writer.h"
 #include "reports/report_text.h"
 

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <array>
 
-#include "rig/rig_reply.h"
+#include "contest/bands.h"
 #include "values/value_error.h"
 
 namespace tallyhut {

@@ -11,7 +11,7 @@ namespace tallyhut {
 /// The segments by which a mode is chosen for a frequency: those of class "E", the widest privileges, so that the mode
 /// does not depend on the operator's licence. At most 200; records beyond are ignored.
 ///
-/// Reads the text of BandPlan.txt; a damaged record ends the plan.
+/// Reads the text of BandPlan.txt; a damaged line of it is left out.
 std::vector<BandPlanRow> ModePlanOf(std::string_view text);
 
 /// The mode to set on a frequency in MHz: the first segment that has it strictly inside. Empty where there is none, and

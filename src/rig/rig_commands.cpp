@@ -3,6 +3,7 @@
 #include <utility>
 
 #include "platform/platform_error.h"
+#include "rig/mode_plan.h"
 #include "values/value_error.h"
 
 namespace tallyhut {

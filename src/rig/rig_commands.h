@@ -7,10 +7,10 @@
 #include <vector>
 
 #include "platform/files.h"
-#include "rig/mode_plan.h"
 #include "rig/radio.h"
 #include "support/directories.h"
 #include "toolkit/desk.h"
+#include "values/band_plan.h"
 
 namespace tallyhut {
 

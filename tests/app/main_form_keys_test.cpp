@@ -89,6 +89,29 @@ TEST_F(MainFormKeysTest, KeysTypedAheadOfACtrlKeyAndBehindItAreAllTyped) {
     EXPECT_EQ(Fields(), "887|A|||");
 }
 
+TEST_F(MainFormKeysTest, AKeyIsTheProgramsWithItsOwnShiftStateAlone) {
+    StartInContest(kCw);
+    for (const std::string_view name : {"Shift+G", "Ctrl+Shift+G", "Ctrl+Alt+G", "Ctrl+Shift+R", "Alt+R"}) {
+        Press(name);
+        EXPECT_FALSE(program->tuneForm.IsVisible()) << name;
+        EXPECT_FALSE(program->rigForm.IsVisible()) << name;
+    }
+}
+
+TEST_F(MainFormKeysTest, CtrlGIsUsedUpAndTheFieldSeesCtrlR) {
+    for (const int contest : {kCw, kPhone}) {
+        StartInContest(contest);
+        std::string seen;
+        Main().txtNum.KeyDown = [&seen](int& KeyCode, int /*Shift*/) { seen += static_cast<char>(KeyCode); };
+        Press("Ctrl+G");
+        EXPECT_TRUE(program->tuneForm.IsVisible()) << "contest " << contest;
+        program->tuneForm.Hide();
+        Press("Ctrl+R");
+        EXPECT_TRUE(program->rigForm.IsVisible()) << "contest " << contest;
+        EXPECT_EQ(seen, "R") << "contest " << contest;
+    }
+}
+
 TEST_F(MainFormKeysTest, EscClearsTheEntryInACwContest) {
     PutLog({Worked("W1AB")});
     StartInContest(kCw, 2);

@@ -81,6 +81,102 @@ TEST_F(CommandsTest, PropertiesOfControlsAreToldUnderTheirNames) {
     }
 }
 
+TEST_F(CommandsTest, EachToldNameHasAValue) {
+    program.LogContact("88aw1xx72mdc");
+    for (const char* name : {"$gContactCount",
+                             "$gSavedCount",
+                             "$gFrq",
+                             "$gSectionCount",
+                             "$gSectionsWorked",
+                             "$gCarryKey",
+                             "$gCarryFrom",
+                             "$gPassedCallTwice",
+                             "$gIncomplete",
+                             "$gBadSection",
+                             "$gCtrlKeyTaken",
+                             "$gListAll",
+                             "$gIsDupe",
+                             "$gPartialOn",
+                             "$gDupeAt",
+                             "$gTimeOn",
+                             "$gOpSeconds",
+                             "$gOpSecondsNow",
+                             "$gLogOnAt",
+                             "$gBandOnAt",
+                             "$gOwnCall",
+                             "$gOwnPrec",
+                             "$gOwnCheck",
+                             "$gOwnSection",
+                             "$gUtcOffset",
+                             "$gContestMode",
+                             "$gTabMode",
+                             "$gStationSet",
+                             "$gBand",
+                             "$gColorWorked",
+                             "$gColorNeeded",
+                             "$gFormScale",
+                             "$gVoiceNav",
+                             "$gRigName",
+                             "$gTaskbar",
+                             "$gColorNeededSpots",
+                             "$gAudioAlert",
+                             "$RigFrequency",
+                             "$RigMode",
+                             "$RxBuffer",
+                             "$ReadPhase",
+                             "$ModeTurn",
+                             "$VfoDigit",
+                             "$FormLoading",
+                             "$WorkingDirectory",
+                             "$DataDirectory",
+                             "$SharedDirectory",
+                             "$SharedXmlPath",
+                             "$SharedXmlText",
+                             "$Ns(1)",
+                             "$Nr(1)",
+                             "$P(1)",
+                             "$Call(1)",
+                             "$Ck(1)",
+                             "$Sec(1)",
+                             "$Date(1)",
+                             "$Time(1)",
+                             "$Bnd(1)",
+                             "$Frq(1)",
+                             "$SectionCode(1)",
+                             "$SectionName(1)",
+                             "$SectionQsos(1)"}) {
+        const Lines lines = program.Do(std::string{"get "} + name);
+        ASSERT_EQ(lines.size(), 1U) << name;
+        EXPECT_EQ(lines[0].substr(0, 9), R"({"value":)") << name;
+    }
+}
+
+TEST_F(CommandsTest, MomentsOfTheContestAreToldAsTextAndAreEmptyBeforeTheyCome) {
+    for (const char* moment : {"$gLogOnAt", "$gBandOnAt", "$gDupeAt"}) {
+        EXPECT_EQ(program.Get(moment), R"("")") << moment;
+    }
+    EXPECT_EQ(program.Get("$gOpSecondsNow"), "0");
+    program.Do("click cmdLogOn");
+    program.Do("advance 61000");
+    program.Do("menu mnu20");
+    program.Do("advance 9000");
+    program.LogContact("88aw1xx72mdc");
+    program.Do(R"(type "89aw1xx7")");
+    EXPECT_EQ(program.Get("$gLogOnAt"), R"("2026-11-07T21:04:33")");
+    EXPECT_EQ(program.Get("$gBandOnAt"), R"("2026-11-07T21:05:34")");
+    EXPECT_EQ(program.Get("$gDupeAt"), R"("2026-11-07T21:05:43")");
+    EXPECT_EQ(program.Get("$gOpSecondsNow"), "70");
+}
+
+TEST_F(CommandsTest, TheSharedPreferencesAreToldAsTheyStandInTheirFile) {
+    program.Do("menu mnuSetup");
+    program.Do(R"(set Text1 "W1AW")");
+    program.Do("click Command1");
+    const std::string path = program.Get("$SharedXmlPath");
+    EXPECT_EQ(path, program.Get("$SharedDirectory").substr(0, path.rfind('/')) + R"(/SharedUserPreferences.xml")");
+    EXPECT_NE(program.Get("$SharedXmlText").find("<OWN_CALL>W1AW</OWN_CALL>"), std::string::npos);
+}
+
 TEST_F(CommandsTest, WhatCannotBeTakenIsAnErrorAndChangesNothing) {
     const std::string before = program.Do("dump Form1").at(0);
     for (const char* command : {

@@ -4,9 +4,10 @@
 
 #include <QLineEdit>
 #include <QPlainTextEdit>
-#include <map>
+#include <algorithm>
+#include <unordered_map>
 
-#include "forms/qt/control_widget.h"
+#include "forms/qt/form_layout.h"
 #include "forms/qt/palettes.h"
 #include "tests/forms/shown_program.h"
 
@@ -49,12 +50,18 @@ struct ContrastTest : testing::TestWithParam<bool> {
 INSTANTIATE_TEST_SUITE_P(Looks, ContrastTest, testing::Bool(),
                          [](const auto& test) { return test.param ? "Dark" : "Light"; });
 
+struct DarkContrastTest : ContrastTest {};
+
+INSTANTIATE_TEST_SUITE_P(Look, DarkContrastTest, testing::Values(true), [](const auto&) { return "Dark"; });
+
 /// The ground is the colour of most pixels, the text the one that stands out most: its strokes are broader than the
 /// blur at their edges.
 std::pair<QColor, double> GroundAndBestContrast(const QImage& picture) {
-    std::map<QRgb, int> counts;
-    for (int y = 0; y < picture.height(); ++y) {
-        for (int x = 0; x < picture.width(); ++x) {
+    std::unordered_map<QRgb, int> counts;
+    constexpr int kLarge = 200;
+    const int step = picture.height() > kLarge ? 5 : 1;  // no text is as high as that
+    for (int y = 0; y < picture.height(); y += step) {
+        for (int x = 0; x < picture.width(); x += step) {
             ++counts[picture.pixel(x, y)];
         }
     }
@@ -98,15 +105,12 @@ TEST_P(ContrastTest, EveryFieldHasAnEdgeThatStandsOutFromWhatItLiesOn) {
     EXPECT_GT(fields, 30);
 }
 
-TEST_P(ContrastTest, NoSurfaceOfADarkFormIsLighterThanItsPanels) {
-    if (!GetParam()) {
-        GTEST_SKIP() << "light forms have light surfaces";
-    }
+TEST_P(DarkContrastTest, NoSurfaceOfADarkFormIsLighterThanItsPanels) {
     const Theme theme = ThemeOf(DarkPalette());
     const double panel = Contrast(theme.panel, Qt::black);
     OnEveryForm(
         [panel](const ControlWidget& control, const QImage& picture, const QRect& place, const std::string& name) {
-            const bool fieldOrLarger = place.height() > 40 && place.width() > 200;
+            const bool fieldOrLarger = !IsPressed(control.Logical()) && place.height() > 40 && place.width() > 200;
             if (fieldOrLarger) {
                 EXPECT_LE(Contrast(GroundAndBestContrast(picture.copy(place)).first, Qt::black), panel * 1.35)
                     << name << ' ' << static_cast<int>(control.Logical().kind);

@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <map>
 
+#include "forms/qt/form1_layout.h"
 #include "tests/forms/shown_program.h"
 
 namespace tallyhut {
@@ -51,6 +52,27 @@ TEST(FormTable, EachDialogHasOneThatNamesEachOfItsControlsOnceAndNothingElse) {
         for (const auto& [name, times] : named) {
             EXPECT_NE(form->Find(name), nullptr) << form->name << " has no " << name;
         }
+    }
+}
+
+bool IsSectionLabel(const Control& control) {
+    return control.name == "Label10";
+}
+
+TEST(FormTable, TheMainFormsNamesEachOfItsControlsOnceAndNothingElse) {
+    const ShownProgram shown;
+    std::map<std::string, int> placed;
+    for (const std::string_view name : NamesPlacedOnMainForm()) {
+        ++placed[std::string{name}];
+        EXPECT_NE(shown.program.form1.Find(name), nullptr) << "the main form has no " << name;
+    }
+    for (const Control* control : shown.program.form1.Controls()) {
+        if (NeedsARow(*control) && !IsSectionLabel(*control)) {
+            EXPECT_EQ(placed[control->FullName()], 1) << control->FullName();
+        }
+    }
+    for (const std::string_view name : NamesSpokenOfOnMainForm()) {
+        EXPECT_NE(shown.program.form1.Find(name), nullptr) << "the main form has no " << name;
     }
 }
 

@@ -184,7 +184,7 @@ TEST_F(DuplicatesTest, VoiceTellsItAndIsAwaited) {
         };
         program->duplicates.dupcheck();
         EXPECT_EQ(said, told);
-        EXPECT_EQ(program->duplicates.gDupeAt, clock.TickMs());
+        EXPECT_EQ(program->duplicates.gDupeAt, clock.Now());
         program.reset();
     }
 }

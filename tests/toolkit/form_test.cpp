@@ -1,3 +1,5 @@
+#include <array>
+
 #include "tests/toolkit/toolkit_fixture.h"
 
 namespace tallyhut {
@@ -459,6 +461,26 @@ TEST_F(FormTest, HostIsToldWhatBecomesOfAForm) {
     EXPECT_EQ(told, (std::vector{FormEvent::Shown, FormEvent::Activated, FormEvent::Minimised, FormEvent::Restored,
                                  FormEvent::Activated, FormEvent::Changed, FormEvent::Changed, FormEvent::Hidden}));
     EXPECT_EQ(form.FormPlace(), (Place{1, 2, 3, 4}));
+}
+
+using ArrangedForms = ToolkitTest;
+
+std::string NamesOf(const std::vector<Form*>& forms) {
+    std::string names;
+    for (const Form* each : forms) {
+        names += (names.empty() ? "" : " ") + each->name;
+    }
+    return names;
+}
+
+TEST_F(ArrangedForms, NamedOnesStandInTheOrderOfTheirNamesAndAllOthersBehindAsTheyWereMade) {
+    const EntryForm first{desk, "first"};
+    const EntryForm second{desk, "second"};
+    const EntryForm third{desk, "third"};
+    const EntryForm fourth{desk, "fourth"};
+    constexpr std::array<std::string_view, 3> kNames{"fourth", "nothing", "second"};
+    desk.ArrangeForms(kNames);
+    EXPECT_EQ(NamesOf(desk.Forms()), "fourth second first third");
 }
 
 }  // namespace

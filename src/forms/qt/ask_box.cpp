@@ -9,7 +9,6 @@
 #include <QScreen>
 #include <QStyle>
 #include <algorithm>
-#include <array>
 
 #include "forms/qt/paragraph.h"
 #include "forms/qt/program_style.h"

@@ -8,6 +8,7 @@
 #include <array>
 #include <cmath>
 #include <functional>
+#include <iterator>
 #include <string_view>
 #include <utility>
 
@@ -355,6 +356,19 @@ private:
 };
 
 }  // namespace
+
+std::vector<std::string_view> NamesPlacedOnMainForm() {
+    std::vector<std::string_view> names;
+    std::ranges::transform(kRows, std::back_inserter(names), &Row::name);
+    return names;
+}
+
+std::vector<std::string_view> NamesSpokenOfOnMainForm() {
+    std::vector<std::string_view> names{kAnnounced.begin(), kAnnounced.end()};
+    std::ranges::transform(kCaptions, std::back_inserter(names), &CaptionOf::caption);
+    std::ranges::transform(kCaptions, std::back_inserter(names), &CaptionOf::control);
+    return names;
+}
 
 Form1Layout::Form1Layout(QWidget& window, FormMenus& menus) : window_{window}, menus_{menus} {
     window_.setMinimumSize(kSmallestWindow);

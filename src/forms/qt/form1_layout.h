@@ -1,6 +1,7 @@
 #pragma once
 
 #include <map>
+#include <string_view>
 #include <vector>
 
 #include "forms/qt/form_layout.h"
@@ -54,5 +55,10 @@ private:
     std::map<const Control*, Place> sectionPlaces_;  ///< as they were when the grid was laid out
     bool sectionsStale_ = true;
 };
+
+/// The controls that the main form's table has places for, by full name; the sections have theirs from the program.
+std::vector<std::string_view> NamesPlacedOnMainForm();
+/// Those that its other tables speak of: captions and what they stand by, and what is announced.
+std::vector<std::string_view> NamesSpokenOfOnMainForm();
 
 }  // namespace tallyhut

@@ -6,7 +6,6 @@
 
 #include "forms/qt/picture_widgets.h"
 #include "forms/qt/qt_screen.h"
-#include "forms/qt/text_codec.h"
 
 namespace tallyhut {
 namespace {

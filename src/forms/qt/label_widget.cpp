@@ -80,7 +80,7 @@ LabelWidget::Colours LabelWidget::ColoursOf(const Theme& theme) const {
     if (told) {
         colours.ground = ToQColor(state.backColor, theme);
     } else if (TheLook().boxed) {
-        colours.ground = theme.field;
+        colours.ground = theme.stripe;
     }
     if (state.foreColor >= 0) {
         colours.text = ToQColor(state.foreColor, theme);

@@ -1,7 +1,5 @@
 #pragma once
 
-#include <functional>
-
 #include "platform/dialogs.h"
 
 namespace tallyhut {

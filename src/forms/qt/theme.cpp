@@ -1,7 +1,6 @@
 #include "forms/qt/theme.h"
 
 #include <algorithm>
-#include <array>
 #include <cmath>
 
 namespace tallyhut {

@@ -2,7 +2,9 @@
 
 #include <map>
 #include <string>
+#include <utility>
 
+#include "platform/machine.h"
 #include "platform/real/desktop_environment.h"
 #include "platform/real/ini_settings.h"
 #include "platform/real/posix_files.h"
@@ -11,15 +13,43 @@
 
 namespace tallyhut {
 
+/// The devices that a host makes itself, since they need its screen or its driver. A null keeps the machine's own.
+struct HostDevices {
+    EventPump& pump;
+    Dialogs& dialogs;
+    Clipboard& clipboard;
+    Printer& printer;
+    Screen& screen;
+    Clock* clock = nullptr;
+    SerialPorts* serialPorts = nullptr;
+};
+
 /// The devices of the machine that every host has.
 struct RealMachine {
-    explicit RealMachine(const std::map<int, std::string>& ports) : serialPorts{settings, ports} {}
+    RealMachine(const std::map<int, std::string>& ports, std::string data)
+        : serialPorts{settings, ports}, dataFolder{std::move(data)} {}
 
     SystemClock clock;
     PosixFiles files;
     IniSettings settings{files};
     DesktopEnvironment environment;
     TtyPorts serialPorts;
+    std::string dataFolder;
+
+    /// What a program is lent.
+    Machine Lend(const HostDevices& host) {
+        return {.clock = host.clock != nullptr ? *host.clock : clock,
+                .pump = host.pump,
+                .dialogs = host.dialogs,
+                .clipboard = host.clipboard,
+                .printer = host.printer,
+                .files = files,
+                .settings = settings,
+                .screen = host.screen,
+                .environment = environment,
+                .serialPorts = host.serialPorts != nullptr ? *host.serialPorts : serialPorts,
+                .dataFolder = dataFolder};
+    }
 };
 
 }  // namespace tallyhut

@@ -1,7 +1,6 @@
 #include "platform/sim/dialogs.h"
 
 #include <algorithm>
-#include <array>
 #include <cstddef>
 #include <utility>
 

@@ -136,7 +136,8 @@ void Program::EndWithTime(bool withTotal) {
     try {
         logPart.time.CloseAtExit(withTotal);
     } catch (const PlatformError& failure) {
-        EndForFailure(kTimeNotSaved + std::string{failure.what()} + WhatIsSafe());
+        const std::string text = kTimeNotSaved + std::string{failure.what()} + "\n\n" + logPart.logFile.WhatStands();
+        EndForFailure(text + UnloggedEntry(text));
     }
     desk.pump.EndProgram(0);
 }
@@ -188,7 +189,8 @@ void Program::TellFatal(const std::exception& failure) {
         text += "\n\n" + std::string{kTimeNotSaved} + unsaved.what();
     }
     const bool ofTheLog = dynamic_cast<const LogWriteError*>(&failure) != nullptr;
-    EndForFailure(text + (ofTheLog ? "\n\n" + logPart.logFile.WhatStands() + KeptElsewhere() : WhatIsSafe()));
+    text += "\n\n" + logPart.logFile.WhatStands() + (ofTheLog ? KeptElsewhere() : "");
+    EndForFailure(text + UnloggedEntry(text));
 }
 
 /// Where more than the last contact has gone from the disk, what is in memory may be all there is.
@@ -203,14 +205,13 @@ std::string Program::KeptElsewhere() {
     }
     try {
         return " The contacts of this program are in " + logPart.copies.KeepTables() + ".";
-    } catch (const PlatformError& failure) {
+    } catch (const std::exception& failure) {  // whatever it is, the first failure must be told
         return std::string{" The contacts of this program could not be kept elsewhere. "} + failure.what();
     }
 }
 
-/// What a failure elsewhere loses: nothing but the exchange that stands in the fields.
-std::string Program::WhatIsSafe() const {
-    const std::string logged = "\n\n" + logPart.logFile.WhatStands();
+/// The exchange that stands in the fields, where the text does not tell of it yet.
+std::string Program::UnloggedEntry(const std::string& text) const {
     const Form1& form1 = logPart.form1;
     const Contact typed{.Ns = {},
                         .Nr = form1.txtNum.Text(),
@@ -224,7 +225,8 @@ std::string Program::WhatIsSafe() const {
                         .Frq = {}};
     const std::string exchange = ExchangeText(typed);
     const bool nothingTyped = exchange.find_first_not_of(' ') == std::string::npos;
-    return nothingTyped ? logged : logged + " This entry was not logged: " + exchange;
+    const bool isTold = text.find(": " + exchange) != std::string::npos;
+    return nothingTyped || isTold ? "" : " This entry was not logged: " + exchange;
 }
 
 }  // namespace tallyhut

@@ -56,7 +56,7 @@ private:
     void TellFailure(const std::string& text);
     [[noreturn]] void EndForFailure(const std::string& text);
     [[noreturn]] void TellFatal(const std::exception& failure);
-    std::string WhatIsSafe() const;
+    std::string UnloggedEntry(const std::string& text) const;
     std::string KeptElsewhere();
 
     std::unique_ptr<Files::FolderLock> folderLock_;

@@ -68,6 +68,28 @@ TEST_F(FatalEndTest, SecondsThatAreNoNumberDoNotKeepTheFailureFromBeingTold) {
     EXPECT_NE(dialogs.boxes[0].find("something broke"), std::string::npos) << dialogs.boxes[0];
 }
 
+TEST_F(FatalEndTest, EntryInTheFieldsIsToldWhereACorrectionCannotBeWritten) {
+    PutLog(ManyContacts(2));
+    Start();
+    FillAll("89", "B", "K1AB", "73", "CT");
+    TheDesk().PostRowClick(Main().ListView1, 0, kLeftButton);
+    TheDesk().RunPending();
+    dialogs.answers.push_back(Answer::Yes);
+    files.FailAt(1, "No space left on device");
+    EXPECT_EQ(EndStatusOf([this] { Click(Main().cmdDelete); }), 1);
+    EXPECT_TRUE(
+        dialogs.boxes.back().ends_with("/contest/Log.txt holds 2 contacts. This entry was not logged: 89 B K1AB "
+                                       "73 CT\" OK Critical"))
+        << dialogs.boxes.back();
+}
+
+TEST_F(FatalEndTest, ContactThatCannotBeWrittenIsToldOnce) {
+    OperateTenMinutes();
+    EXPECT_EQ(CommitThatFails(), 1);
+    const std::string& told = dialogs.boxes.at(0);
+    EXPECT_EQ(told.find("88 A W1XX 72 MDC"), told.rfind("88 A W1XX 72 MDC")) << told;
+}
+
 TEST_F(FatalEndTest, StoppedTimeTouchesNoFile) {
     Start();
     EXPECT_EQ(Break(), 1);

@@ -30,12 +30,12 @@ std::optional<std::string> FolderChoice::Choose() {
 
 /// The dialog can only offer a folder that is there.
 std::string FolderChoice::Offered() {
-    const std::string last = settings.Get(kSection, kKey);
+    std::string last = settings.Get(kSection, kKey);
     if (!last.empty() && IsThere(last)) {
         return last;
     }
     const std::string documents = environment.DocumentsFolder();
-    const std::string first = (IsThere(documents) ? documents : environment.Variable("HOME")) + kFirstFolder;
+    std::string first = (IsThere(documents) ? documents : environment.Variable("HOME")) + kFirstFolder;
     MakeIfMissing(first);
     return first;
 }

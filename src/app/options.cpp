@@ -132,11 +132,11 @@ Options ParseOptions(const std::vector<std::string>& arguments) {
         const std::size_t equals = arguments[i].find('=');
         const bool joined = arguments[i].starts_with("--") && equals != std::string::npos;
         const std::string name = joined ? arguments[i].substr(0, equals) : arguments[i];
-        if (const auto flag = FindRow(kFlagOptions, name); flag != kFlagOptions.end() && !joined) {
+        if (const auto* const flag = FindRow(kFlagOptions, name); flag != kFlagOptions.end() && !joined) {
             flag->take(options);
             continue;
         }
-        const auto option = FindRow(kValueOptions, name);
+        const auto* const option = FindRow(kValueOptions, name);
         if (option == kValueOptions.end()) {
             throw ValueError{"unknown argument " + arguments[i]};
         }

@@ -247,7 +247,7 @@ void EntryFlow::txtSec_KeyPress(int& KeyAscii) {
     }
 }
 
-void EntryFlow::Prompt(std::string_view prompt, int leastLevel) {
+void EntryFlow::Prompt(std::string_view prompt, int leastLevel) const {
     if (contest.preferences.gVoiceNav >= leastLevel) {
         prompts.BlindKeyPhone(prompt);
     }

@@ -58,7 +58,7 @@ private:
     void EndCarry(TextBox& field, int key);
     bool DigitBeginsNextField(int key) const;
     void RemindOfTimeOn();
-    void Prompt(std::string_view prompt, int leastLevel);
+    void Prompt(std::string_view prompt, int leastLevel) const;
     void ChooseTabMode(int mode);
 };
 

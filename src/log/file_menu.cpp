@@ -85,7 +85,7 @@ void FileMenu::StartNewLog() {
             BeginAnew();
         }
     }
-    guard.reload.mnuopen2();
+    guard.Reopen();
 }
 
 /// The seconds of the old contest come back where its log stays. Where the log is empty, all the rest is attempted.

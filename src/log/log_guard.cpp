@@ -54,6 +54,13 @@ void LogGuard::Adopt() {
     file.mark = found;
 }
 
+void LogGuard::Reopen() {
+    if (contest.log.gContactCount > 0) {
+        Adopt();
+    }
+    reload.mnuopen2();
+}
+
 bool LogGuard::Add(const Contact& contact) {
     ContactLog& log = contest.log;
     ++log.gContactCount;

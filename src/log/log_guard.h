@@ -18,6 +18,9 @@ struct LogGuard {
     /// another hand has changed it, the contacts of this program are written beside it first: they may stand nowhere
     /// else. Throws PlatformError.
     void Adopt();
+    /// Reads the log again. Where another hand has changed it, the contacts of this program are written beside it
+    /// first: where that fails, nothing is read. Throws PlatformError.
+    void Reopen();
     /// The contact becomes the next row and the next record. False where another hand has changed the file: that has
     /// been told, and nothing is logged. Throws LogWriteError.
     bool Add(const Contact& contact);

@@ -44,7 +44,7 @@ LogPart::LogPart(Machine& machine, Desk& desk, SupportPart& support)
       station{form1, stationForm, desk, contest.preferences, preferencesFile, machine.settings},
       utcOffset{desk, contest.preferences, preferencesFile},
       question{desk, station, fileMenu, reload, entry, contest},
-      colours{colourForm, desk, contest.preferences, preferencesFile, reload} {
+      colours{colourForm, desk, contest.preferences, preferencesFile, guard} {
     display.grid.PlaceLabels();
     station.SetSharedPreference = [&support](std::string_view key, std::string_view value, bool saveNow) {
         support.shared.SetSharedPreference(key, value, saveNow);
@@ -147,7 +147,7 @@ void LogPart::BindColourForm() {
 }
 
 void LogPart::BindMenus() {
-    form1.mnuOpen.Click = [this] { reload.mnuopen2(); };
+    form1.mnuOpen.Click = [this] { guard.Reopen(); };
     form1.mnuNew.Click = [this] { fileMenu.mnuNew_Click(); };
     form1.mnuArchive.Click = [this] { fileMenu.mnuArchive_Click(); };
     form1.mnuRestore.Click = [this] { fileMenu.mnuRestore_Click(); };

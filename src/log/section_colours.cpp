@@ -5,7 +5,7 @@ namespace tallyhut {
 void SectionColours::mnuColors_Click() {
     dialog.ShowModal();
     preferencesFile.SavePref();
-    reload.mnuopen2();
+    guard.Reopen();
 }
 
 void SectionColours::Form6_Load() {

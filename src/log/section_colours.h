@@ -1,7 +1,7 @@
 #pragma once
 
 #include "forms/Form6.h"
-#include "log/log_reload.h"
+#include "log/log_guard.h"
 #include "log/preferences_file.h"
 
 namespace tallyhut {
@@ -12,7 +12,7 @@ struct SectionColours {
     Desk& desk;
     Preferences& preferences;
     PreferencesFile& preferencesFile;
-    LogReload& reload;
+    LogGuard& guard;
 
     /// The grid takes the colours when the dialog is closed, by the reload.
     void mnuColors_Click();

@@ -532,5 +532,31 @@ TEST_F(LogGuardTest, FailedRewriteLeavesMemoryAndListAsTheDisk) {
     ExpectMemoryAndListAreTheDisks();
 }
 
+TEST_F(LogGuardTest, ReadingAgainWhatAnotherHandHasCutKeepsTheContactsOfThisProgram) {
+    for (const bool byColours : {false, true}) {
+        StartOnDesk(ManyContacts(4));
+        files.contents.erase("/contest/Log-recovered.txt");
+        files.Put(kLogPath, LogText(ManyContacts(2)));
+        if (byColours) {
+            Meanwhile([this] { TheDesk().PostClick(program->colourForm.Command6, kLeftButton); });
+            ChooseMenu(Main().mnuColors);
+        } else {
+            ChooseMenu(Main().mnuOpen);
+        }
+        EXPECT_EQ(CallsInMemory(), "W1X W2X");
+        EXPECT_EQ(CallsIn(files.contents.at("/contest/Log-recovered.txt")), "W1X W2X W3X W4X");
+        program.reset();
+    }
+}
+
+TEST_F(LogGuardTest, NothingIsReadAgainWhereTheContactsOfThisProgramCannotBeKept) {
+    StartOnDesk(ManyContacts(4));
+    files.Put(kLogPath, LogText(ManyContacts(2)));
+    files.FailAt(1, "No space left on device");
+    ChooseMenu(Main().mnuOpen);
+    EXPECT_NE(TakeBoxes().back().find("No space left on device"), std::string::npos);
+    EXPECT_EQ(CallsInMemory(), "W1X W2X W3X W4X");
+}
+
 }  // namespace
 }  // namespace tallyhut

@@ -41,8 +41,7 @@ Answer Dialogs::DoShow(const MessageBox& box) {
 
 std::optional<std::string> Dialogs::DoShow(const InputBox& box) {
     const bool cancelled = inputs.empty();
-    std::string text =
-        Ask<std::string>("input" + Quoted(box.title) + Quoted(box.text) + Quoted(box.preset), inputs, "");
+    auto text = Ask<std::string>("input" + Quoted(box.title) + Quoted(box.text) + Quoted(box.preset), inputs, "");
     return cancelled ? std::nullopt : std::optional{std::move(text)};
 }
 

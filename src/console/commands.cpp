@@ -195,7 +195,7 @@ void Commands::Click(CommandWords& words) {
     bool twice = false;
     while (!words.AtEnd()) {
         const std::string& word = words.Take("button").text;
-        const auto named = std::ranges::find(kButtonNames, word, &ButtonName::name);
+        const auto* const named = std::ranges::find(kButtonNames, word, &ButtonName::name);
         if (word == "double") {
             twice = true;
         } else if (named != kButtonNames.end()) {

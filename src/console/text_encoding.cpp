@@ -1,5 +1,6 @@
 #include "console/text_encoding.h"
 
+#include <array>
 #include <cstdint>
 
 namespace tallyhut {
@@ -34,8 +35,8 @@ std::uint32_t TakeCharacter(std::string_view& text) {
         text.remove_prefix(1);
         return kNoCharacter;
     }
-    constexpr std::uint32_t kLeadBits[] = {0, 0x7F, 0x1F, 0x0F, 0x07};
-    std::uint32_t character = lead & kLeadBits[length];
+    constexpr std::array<std::uint32_t, 5> kLeadBits{0, 0x7F, 0x1F, 0x0F, 0x07};
+    std::uint32_t character = lead & kLeadBits.at(length);
     for (std::size_t i = 1; i < length; ++i) {
         if ((ByteAt(text, i) & 0xC0) != 0x80) {
             text.remove_prefix(1);

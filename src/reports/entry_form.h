@@ -28,7 +28,7 @@ struct EntryForm {
 
     // The form.
     void Form2_Load();
-    void Text2_KeyPress(int& KeyAscii);
+    static void Text2_KeyPress(int& KeyAscii);
     /// The Cabrillo file.
     void Command4_Click();
     /// The summary sheet as a file. Throws PlatformError.

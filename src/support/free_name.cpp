@@ -5,7 +5,8 @@ namespace tallyhut {
 std::string FreeName(const Files& files, const std::string& stem, const std::string& suffix) {
     std::string path = stem + suffix;
     for (int number = 2; files.FileExists(path) || files.FolderExists(path); ++number) {
-        path = stem + '-' + std::to_string(number) + suffix;
+        path = stem;
+        path.append("-").append(std::to_string(number)).append(suffix);
     }
     return path;
 }

@@ -577,7 +577,7 @@ void Form1Layout::PlaceSections() {
     }
 }
 
-Look Form1Layout::LookOf(const Control& control, double base) const {
+Look Form1Layout::LookOf(const Control& control, double base) {
     Look look = PlainLookOf(control, base);
     if (PartOf(control) == Part::Spots) {
         look.ground = DarkSheet();

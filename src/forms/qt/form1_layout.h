@@ -35,7 +35,7 @@ private:
     void PlaceSpots();
     void TieCaptions();
     void ShowPartsInUse();
-    Look LookOf(const Control& control, double base) const;
+    static Look LookOf(const Control& control, double base);
     /// Pixels of plain text in a window of the present size; all else is told in these.
     double Base() const;
 

@@ -133,7 +133,7 @@ void TableLayout::Settle() {
     }
 }
 
-ControlWidget* TableLayout::Take(std::string_view name, std::vector<ControlWidget*>& rest) const {
+ControlWidget* TableLayout::Take(std::string_view name, std::vector<ControlWidget*>& rest) {
     const auto found = std::ranges::find_if(
         rest, [name](const ControlWidget* widget) { return widget->Logical().FullName() == name; });
     if (found == rest.end()) {
@@ -144,8 +144,7 @@ ControlWidget* TableLayout::Take(std::string_view name, std::vector<ControlWidge
     return widget;
 }
 
-std::vector<TableLayout::Piece> TableLayout::TakeAll(std::string_view controls,
-                                                     std::vector<ControlWidget*>& rest) const {
+std::vector<TableLayout::Piece> TableLayout::TakeAll(std::string_view controls, std::vector<ControlWidget*>& rest) {
     std::vector<Piece> pieces;
     for (const ToldControl& told : ControlsIn(controls)) {
         if (ControlWidget* widget = Take(told.name, rest)) {

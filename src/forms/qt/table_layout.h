@@ -59,8 +59,8 @@ private:
     void Build();
     void AddRow(const TableRow& row, std::vector<ControlWidget*>& rest);
     void LowerFrames();
-    ControlWidget* Take(std::string_view name, std::vector<ControlWidget*>& rest) const;
-    std::vector<Piece> TakeAll(std::string_view controls, std::vector<ControlWidget*>& rest) const;
+    static ControlWidget* Take(std::string_view name, std::vector<ControlWidget*>& rest);
+    static std::vector<Piece> TakeAll(std::string_view controls, std::vector<ControlWidget*>& rest);
     PlacedPanel& LastPanel();
 
     void TellLooks();

@@ -67,6 +67,7 @@ void OperatingTime::TimeOn() {
     gTimeOn = 1;
     ShowState();
     panel.message.Write(" ");
+    panel.desk.Announce("Time On");
     Record(1, utc.NowByWholeHours(), true);
 }
 

@@ -94,6 +94,12 @@ void Desk::NoteActive() {
     }
 }
 
+void Desk::Announce(std::string_view words) const {
+    if (outlets.announced) {
+        outlets.announced(words);
+    }
+}
+
 void Desk::MoveFocus(Control& to) {
     Activate(to.form);
     ShiftFocus(to);

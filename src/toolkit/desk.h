@@ -31,6 +31,7 @@ struct DeskOutlets {
     std::function<void(Form&, FormEvent)> formChanged;
     /// A menu is to be opened by its access key; null closes it.
     std::function<void(MenuEntry*)> menuOpened;
+    std::function<void(std::string_view)> announced;
 };
 
 /// Where the forms lie: which of them is active, where the focus goes, in which order keys, clicks, timers and devices
@@ -80,6 +81,10 @@ struct Desk {
     /// Opens the first menu of the active form, as Alt alone does, and F10 where no handler has used it up.
     void OpenMenuBar();
     MenuEntry* OpenMenu() const { return openMenu_; }
+
+    /// Words for an operator who does not see the screen: spoken once by a screen reader, when the running handler is
+    /// over. Nothing for anybody else.
+    void Announce(std::string_view words) const;
 
     /// Lets waiting focus events, keys, clicks, timers and devices reach their handlers, in rounds: focus events first,
     /// then each source that is signalled, once, then what is due, then one of the operator's events. When nothing else

@@ -8,10 +8,9 @@
 #include <QInputMethodEvent>
 #include <QLabel>
 #include <QLineEdit>
+#include <QRadioButton>
 #include <algorithm>
-#include <cstddef>
 #include <iterator>
-#include <map>
 #include <set>
 #include <stdexcept>
 #include <string>
@@ -24,15 +23,32 @@ namespace {
 
 using Told = std::vector<std::string>;
 
-/// Listens where a screen reader would, and keeps what it is told: "name lblDialog: Message Invalid Section".
+/// Listens where a screen reader would, and keeps what it is told: "name lblDialog: Message Invalid Section". What it
+/// speaks at once is "spoken: Invalid Section".
 struct ScreenReader {
     ScreenReader() {
         told = &heard;
         QAccessible::installUpdateHandler([](QAccessibleEvent* event) {
-            const auto row = kHeard.find(event->type());
-            if (row != kHeard.end()) {
-                told->push_back(row->second + ' ' + event->object()->objectName().toStdString() + ": " +
-                                event->accessibleInterface()->text(QAccessible::Name).toStdString());
+            const std::string name = event->accessibleInterface()->text(QAccessible::Name).toStdString();
+            if (event->type() == QAccessible::NameChanged) {
+                told->push_back("name " + event->object()->objectName().toStdString() + ": " + name);
+            } else if (event->type() == QAccessible::ObjectShow &&
+                       event->accessibleInterface()->role() == QAccessible::Notification) {
+                told->push_back("spoken: " + name);
+            } else if (event->type() == QAccessible::TextInserted) {
+                const auto& change = static_cast<QAccessibleTextInsertEvent&>(*event);
+                TellChange("inserted", *event, change.textInserted(), change.changePosition());
+            } else if (event->type() == QAccessible::TextRemoved) {
+                const auto& change = static_cast<QAccessibleTextRemoveEvent&>(*event);
+                TellChange("removed", *event, change.textRemoved(), change.changePosition());
+            } else if (event->type() == QAccessible::TextUpdated) {
+                const auto& change = static_cast<QAccessibleTextUpdateEvent&>(*event);
+                if (!change.textRemoved().isEmpty()) {
+                    TellChange("removed", *event, change.textRemoved(), change.changePosition());
+                }
+                if (!change.textInserted().isEmpty()) {
+                    TellChange("inserted", *event, change.textInserted(), change.changePosition());
+                }
             }
         });
         SetListening(true);
@@ -46,17 +62,17 @@ struct ScreenReader {
     ScreenReader(ScreenReader&&) = delete;
     ScreenReader& operator=(ScreenReader&&) = delete;
 
-    Told HeardOf(const std::string& control) const {
-        Told of;
-        std::ranges::copy_if(heard, std::back_inserter(of), [&control](const std::string& line) {
-            return line.find(' ' + control + ": ") != std::string::npos;
-        });
-        return of;
+    Told HeardOf(const std::string& control) const { return HeardWith(' ' + control + ": "); }
+    Told Spoken() const { return HeardWith("spoken: "); }
+    Told HeardWith(const std::string& words) const {
+        Told with;
+        std::ranges::copy_if(heard, std::back_inserter(with),
+                             [&words](const std::string& line) { return line.find(words) != std::string::npos; });
+        return with;
     }
-    /// A button of the desktop's tells of its caption by itself beforehand; what counts is what is said last.
-    Told LastHeardOf(const std::string& control, std::ptrdiff_t count) const {
-        const Told of = HeardOf(control);
-        return {of.end() - std::min(std::ssize(of), count), of.end()};
+    static void TellChange(const std::string& what, const QAccessibleEvent& event, const QString& text, int at) {
+        told->push_back(what + ' ' + event.object()->objectName().toStdString() + ": " + text.toStdString() + " at " +
+                        std::to_string(at));
     }
     /// Events are sent while somebody listens. Only the platform may say so: QAccessible::setActive tells observers
     /// alone.
@@ -65,15 +81,8 @@ struct ScreenReader {
     }
 
     Told heard;
-    static inline const std::map<QAccessible::Event, std::string> kHeard{{QAccessible::NameChanged, "name"},
-                                                                         {QAccessible::Alert, "alert"}};
     static inline Told* told = nullptr;  // a handler is a plain function
 };
-
-/// A change that is spoken at once: the new name, and a call to speak it.
-Told Announced(const std::string& control, const std::string& name) {
-    return {"name " + control + ": " + name, "alert " + control + ": " + name};
-}
 
 /// The control below an element of the window, found as a screen reader goes; null when it is not there.
 QAccessibleInterface* FindBelow(QAccessibleInterface& element, const QString& control) {
@@ -118,56 +127,72 @@ struct AccessibilityTest : testing::Test {
     }
 };
 
-TEST_F(AccessibilityTest, ADuplicateIsTold) {
+TEST_F(AccessibilityTest, ADuplicateIsSpoken) {
     program.time.gTimeOn = 1;
     Work("88ak9zo72mdc");
-    EXPECT_EQ(reader.HeardOf("lblDialog"),
-              Announced("lblDialog", "Message Duplicate K9ZO LA 11/08 00:49:59 ON 80 Rec# 1 Serial Rcvd: 38"));
+    EXPECT_EQ(reader.Spoken(), Told{"spoken: Duplicate K9ZO LA 11/08 00:49:59 ON 80 Rec# 1 Serial Rcvd: 38"});
 }
 
-TEST_F(AccessibilityTest, AnIncompleteContactIsTold) {
+TEST_F(AccessibilityTest, AnIncompleteContactIsSpoken) {
     program.time.gTimeOn = 1;
     program.form1.txtSec.SetText("MDC");
     shown.Type("88a");
-    reader.heard.clear();
     shown.Press("Enter");
-    EXPECT_EQ(reader.HeardOf("lblDialog"), Announced("lblDialog", "Message Need Call Sign!"));
+    EXPECT_EQ(reader.Spoken(), Told{"spoken: Need Call Sign!"});
 }
 
-TEST_F(AccessibilityTest, AnInvalidSectionIsTold) {
+TEST_F(AccessibilityTest, AnInvalidSectionIsSpoken) {
     program.time.gTimeOn = 1;
-    shown.Type("88aw1xyz72mdx");
-    reader.heard.clear();
-    shown.Press("Enter");
-    EXPECT_EQ(reader.HeardOf("lblDialog"), Announced("lblDialog", "Message Invalid Section"));
+    Work("88aw1xyz72mdx");
+    EXPECT_EQ(reader.Spoken(), Told{"spoken: Invalid Section"});
 }
 
-TEST_F(AccessibilityTest, TimeOnIsTold) {
+TEST_F(AccessibilityTest, TimeOnIsSpoken) {
     ClickTimeOnOrOff();
-    EXPECT_EQ(reader.LastHeardOf("cmdLogOn", 2), Announced("cmdLogOn", "Log \"Time Off\""));
+    EXPECT_EQ(reader.Spoken(), Told{"spoken: Time On"});
 }
 
-TEST_F(AccessibilityTest, TimeOffIsToldByTheButtonAndTheMessageLine) {
+TEST_F(AccessibilityTest, TimeOffIsSpokenByTheMessageLine) {
     ClickTimeOnOrOff();
     reader.heard.clear();
     ClickTimeOnOrOff();
-    EXPECT_EQ(reader.LastHeardOf("cmdLogOn", 2), Announced("cmdLogOn", "Log \"Time On\""));
-    EXPECT_EQ(reader.HeardOf("lblDialog"),
-              Announced("lblDialog", "Message Logged Off at 11/8/2026 03:12:44 Log On after 03:42:44"));
+    EXPECT_EQ(reader.Spoken(), Told{"spoken: Logged Off at 11/8/2026 03:12:44 Log On after 03:42:44"});
 }
 
-TEST_F(AccessibilityTest, AnEmptiedMessageLineIsNoAlert) {
+TEST_F(AccessibilityTest, AnEmptiedMessageLineIsNotSpoken) {
     program.time.gTimeOn = 1;
     Work("88a");
     reader.heard.clear();
     shown.Press("Esc");
     EXPECT_EQ(reader.HeardOf("lblDialog"), Told{"name lblDialog: Message"});
+    EXPECT_EQ(reader.Spoken(), Told{});
 }
 
 TEST_F(AccessibilityTest, AMessageOfSeveralLinesIsSpokenAsOne) {
     program.form1.lblDialog.SetCaption("W3ABC  -  MDC\r\n14.025\r\n21:04");
     shown.Settle();
-    EXPECT_EQ(reader.HeardOf("lblDialog"), Announced("lblDialog", "Message W3ABC - MDC 14.025 21:04"));
+    EXPECT_EQ(reader.Spoken(), Told{"spoken: W3ABC - MDC 14.025 21:04"});
+}
+
+TEST_F(AccessibilityTest, WhatTheProgramAnnouncesIsSpokenOnce) {
+    program.desk.Announce("Radio: no answer");
+    shown.Settle();
+    shown.Settle();
+    EXPECT_EQ(reader.Spoken(), Told{"spoken: Radio: no answer"});
+}
+
+TEST_F(AccessibilityTest, WhatIsAnnouncedTogetherIsSpokenTogether) {
+    Work("88aw1xyz72mdx");
+    EXPECT_EQ(reader.Spoken().back(), "spoken: Time On. Invalid Section");
+}
+
+TEST_F(AccessibilityTest, WhatNobodyListensToIsNotSpokenLater) {
+    ScreenReader::SetListening(false);
+    program.desk.Announce("Radio: no answer");
+    shown.Settle();
+    ScreenReader::SetListening(true);
+    shown.Settle();
+    EXPECT_EQ(reader.Spoken(), Told{});
 }
 
 TEST_F(AccessibilityTest, TheMessageLineIsReadBack) {
@@ -186,9 +211,42 @@ TEST_F(AccessibilityTest, WhatIsTypedIsReadBackFromItsField) {
     ASSERT_NE(call.textInterface(), nullptr);
     EXPECT_EQ(call.textInterface()->text(2, 4), "XX");
     EXPECT_EQ(call.textInterface()->cursorPosition(), 4);
+    int start = -1;
+    int end = -1;
+    EXPECT_EQ(call.textInterface()->textAtOffset(3, QAccessible::LineBoundary, &start, &end), "W1XX");
+    EXPECT_EQ(std::pair(start, end), std::pair(0, 4));
     EXPECT_EQ(ValueOf("txtNum"), "88");
     EXPECT_EQ(ValueOf("txtPre"), "A");
     EXPECT_EQ(ValueOf("txtCK"), "");
+}
+
+TEST_F(AccessibilityTest, AKeyIsOneChangeOfTheText) {
+    shown.Type("88aw1x");
+    reader.heard.clear();
+    shown.Type("x");
+    EXPECT_EQ(reader.HeardOf("txtCall"), Told{"inserted txtCall: X at 3"});
+    reader.heard.clear();
+    shown.Press("Left");
+    shown.Press("Left");
+    shown.Press("Backspace");
+    EXPECT_EQ(reader.HeardOf("txtCall"), Told{"removed txtCall: 1 at 1"});
+    reader.heard.clear();
+    shown.Type("2");
+    EXPECT_EQ(reader.HeardOf("txtCall"), Told{"inserted txtCall: 2 at 1"});
+    reader.heard.clear();
+    shown.Press("Esc");
+    EXPECT_EQ(reader.HeardOf("txtCall"), Told{"removed txtCall: W2XX at 0"});
+}
+
+TEST_F(AccessibilityTest, AKeyIsOneChangeOfAPage) {
+    shown.Show(program.helpForm);
+    program.helpForm.Text1.SetText("first\r\nsecond");
+    program.helpForm.Text1.SetFocus();
+    program.helpForm.Text1.SetCaret(3);
+    shown.Settle();
+    reader.heard.clear();
+    shown.Type("x");
+    EXPECT_EQ(reader.HeardOf("Text1"), Told{"inserted Text1: x at 3"});
 }
 
 TEST_F(AccessibilityTest, AValueIsCalledByItsCaption) {
@@ -207,10 +265,12 @@ TEST_F(AccessibilityTest, ASectionTellsItsStateInWords) {
     EXPECT_EQ(NameOf("Label10(83)"), "Greater Toronto Area, needed and spotted: GTA");
 }
 
-TEST_F(AccessibilityTest, ACaptionIsTiedToItsField) {
+TEST_F(AccessibilityTest, ACaptionIsTiedToItsFieldUnlessTheFieldHasANameOfItsOwn) {
     const QWidget& window = shown.WindowOf(program.form1);
-    const auto* heading = window.findChild<QLabel*>("lblEntryHeading(3)");
-    EXPECT_EQ(heading->buddy(), window.findChild<QWidget*>("txtCall"));
+    const auto tiedTo = [&window](const char* caption) { return window.findChild<QLabel*>(caption)->buddy(); };
+    EXPECT_EQ(tiedTo("lblPostConTime"), window.findChild<QWidget*>("txtPostConTime"));
+    EXPECT_EQ(tiedTo("lblEntryHeading(1)"), nullptr);  // "#"
+    EXPECT_EQ(NameOf("txtNum"), "Number");
 }
 
 TEST_F(AccessibilityTest, AListIsCalledByTheCaptionAboveItOrElseByItsForm) {
@@ -224,6 +284,22 @@ TEST_F(AccessibilityTest, ButtonsOfOneCaptionAreToldApartByTheirRow) {
     EXPECT_EQ(NameOf(program.tuneForm, "cmdTune(0)"), "UP 10 Hz");
     EXPECT_EQ(NameOf(program.tuneForm, "cmdTune(1)"), "Down 10 Hz");
     EXPECT_EQ(NameOf(program.tuneForm, "cmdTune(9)"), "Down 100 Hz");
+}
+
+TEST_F(AccessibilityTest, AnOptionIsARadioButtonAndACheckBoxIsNone) {
+    EXPECT_EQ(ElementOf(program.form2, "OptCatYes").role(), QAccessible::RadioButton);
+    EXPECT_EQ(ElementOf(program.tuneForm, "chkScan").role(), QAccessible::CheckBox);
+}
+
+TEST_F(AccessibilityTest, AnOptionIsUnchosenWhereTheProgramUnchoosesIt) {
+    const QWidget& window = shown.Show(program.form2);
+    for (const auto& [yes, no] : std::vector<std::pair<bool, bool>>{{true, false}, {false, true}, {false, false}}) {
+        program.form2.OptCatYes.SetValue(yes);
+        program.form2.optCatNo.SetValue(no);
+        shown.Settle();
+        EXPECT_EQ(window.findChild<QRadioButton*>("OptCatYes")->isChecked(), yes);
+        EXPECT_EQ(window.findChild<QRadioButton*>("optCatNo")->isChecked(), no);
+    }
 }
 
 TEST_F(AccessibilityTest, AnOptionIsCalledByItsFrameToo) {

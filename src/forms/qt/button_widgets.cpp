@@ -117,8 +117,14 @@ void ButtonWidget::ShowLook() {
     ClickableWidget::ShowLook();
 }
 
+/// For screen readers one of several that exclude each other is who may be unchosen by another alone; but which is
+/// chosen the control decides. So it is that in a group of its own.
 OptionWidget::OptionWidget(Control& control, const OperatorInput& input, QWidget* parent)
-    : ClickableWidget{control, input, parent} {}
+    : ClickableWidget{control, input, parent} {
+    setAutoExclusive(true);
+    group_.setExclusive(false);
+    group_.addButton(this);
+}
 
 void OptionWidget::paintEvent(QPaintEvent* event) {
     QRadioButton::paintEvent(event);

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QButtonGroup>
 #include <QCheckBox>
 #include <QPushButton>
 #include <QRadioButton>
@@ -41,6 +42,9 @@ public:
 
 protected:
     void paintEvent(QPaintEvent* event) override;
+
+private:
+    QButtonGroup group_;
 };
 
 class CheckBoxWidget : public ClickableWidget<QCheckBox> {

@@ -1,6 +1,5 @@
 #include "forms/qt/control_widget.h"
 
-#include <QAccessible>
 #include <QFontDatabase>
 #include <QGuiApplication>
 #include <QScreen>
@@ -14,6 +13,7 @@
 #include "forms/qt/text_codec.h"
 #include "forms/qt/text_widgets.h"
 #include "toolkit/controls.h"
+#include "toolkit/desk.h"
 #include "toolkit/form.h"
 
 namespace tallyhut {
@@ -96,9 +96,8 @@ void ControlWidget::TellName() {
         return;
     }
     widget.setAccessibleName(name);  // which tells the new name to whoever listens
-    if (TheLook().announced && widget.isVisible() && !CaptionText(control_.State().text).isEmpty()) {
-        QAccessibleEvent alert{&widget, QAccessible::Alert};
-        QAccessible::updateAccessibility(&alert);
+    if (TheLook().announced && widget.isVisible()) {
+        input_.TheDesk().Announce(control_.State().text);
     }
 }
 

@@ -28,7 +28,7 @@ struct Look {
     Qt::Alignment alignment = Qt::AlignLeft | Qt::AlignVCenter;
     QColor ground;           ///< what lies under the widget; invalid: the panel
     QString spokenName;      ///< for screen readers, before the control's own text; may be empty
-    bool announced = false;  ///< a screen reader is told when the text changes
+    bool announced = false;  ///< its text is announced when it changes
     bool accented = false;   ///< the main button of its form
     QString aside;           ///< quietly behind the caption of a choice
     QString placeholder;     ///< in a field that is empty

@@ -198,8 +198,8 @@ constexpr std::array kCaptions{
     CaptionOf{"lblScoreCaption(6)", "lblAQSO20"},
 };
 
-/// What a screen reader is told of as soon as it changes.
-constexpr std::array<std::string_view, 2> kAnnounced{"lblDialog", "cmdLogOn"};
+/// What a screen reader speaks as soon as it changes.
+constexpr std::array<std::string_view, 1> kAnnounced{"lblDialog"};
 
 /// The picture of the spots, or their list.
 constexpr std::array<std::string_view, 5> kSpotControls{"lblDX", "LineDX", "lblFreqSpot", "lblDXSpot", "txtDX"};
@@ -231,6 +231,11 @@ const Row* RowOf(const Control& control) {
     const std::string name = control.FullName();
     const auto* const found = std::ranges::find(kRows, std::string_view{name}, &Row::name);
     return found == kRows.end() ? nullptr : &*found;
+}
+
+bool HasNameOfItsOwn(std::string_view control) {
+    const auto* const found = std::ranges::find(kRows, control, &Row::name);
+    return found != kRows.end() && *found->spokenName != '\0';
 }
 
 bool IsSection(const Control& control) {
@@ -497,7 +502,8 @@ void Form1Layout::Changed(ControlWidget& widget) {
     }
 }
 
-/// Screen readers are told which caption belongs to which control.
+/// Screen readers are told which caption belongs to which control. They call a control by its caption then; where the
+/// caption is but a sign ("#"), the control has a name of its own to be called by.
 void Form1Layout::TieCaptions() {
     const auto widgetOf = [this](std::string_view name) -> QWidget* {
         const auto found = std::ranges::find_if(
@@ -505,6 +511,9 @@ void Form1Layout::TieCaptions() {
         return found == widgets_.end() ? nullptr : &(*found)->Widget();
     };
     for (const CaptionOf& row : kCaptions) {
+        if (HasNameOfItsOwn(row.control)) {
+            continue;
+        }
         auto* caption = qobject_cast<QLabel*>(widgetOf(row.caption));
         if (caption != nullptr && caption->buddy() == nullptr) {
             caption->setBuddy(widgetOf(row.control));

@@ -10,6 +10,7 @@
 #include <array>
 
 #include "forms/qt/program_style.h"
+#include "forms/qt/text_change.h"
 #include "toolkit/desk.h"
 
 namespace tallyhut {
@@ -172,9 +173,7 @@ void FieldWidget::ShowState() {
     const ControlState& state = box_.State();
     showing_ = true;
     shown_ = ShownText{state.text};
-    if (text() != shown_.Text()) {
-        setText(shown_.Text());
-    }
+    PutText(shown_.Text());
     const int begin = shown_.Shown(state.selStart);
     const int end = shown_.Shown(state.selStart + state.selLength);
     if (begin == end) {
@@ -195,6 +194,26 @@ void FieldWidget::ShowState() {
     if (property(kRefusedMark).toBool() != state.refused) {
         setProperty(kRefusedMark, state.refused);
         update();
+    }
+}
+
+/// Puts in what is new, as a key would: a screen reader would take a text that is set for another one.
+void FieldWidget::PutText(const QString& wanted) {
+    const TextChange change = ChangeBetween(text(), wanted);
+    if (change.removed == text().size()) {
+        if (text() != wanted) {
+            setText(wanted);
+        }
+        return;
+    }
+    if (change.removed > 0 || !change.inserted.isEmpty()) {
+        setCursorPosition(change.at + change.removed);
+        for (int i = 0; i < change.removed; ++i) {
+            backspace();
+        }
+    }
+    if (!change.inserted.isEmpty()) {
+        insert(change.inserted);
     }
 }
 
@@ -256,7 +275,11 @@ void PageWidget::ShowState() {
     if (state.text != text_ || toPlainText() != shown_.Text()) {
         text_ = state.text;
         shown_ = ShownText{text_};
-        setPlainText(shown_.Text());
+        const TextChange change = ChangeBetween(toPlainText(), shown_.Text());
+        QTextCursor place{document()};
+        place.setPosition(change.at);
+        place.setPosition(change.at + change.removed, QTextCursor::KeepAnchor);
+        place.insertText(change.inserted);
     }
     const int begin = shown_.Shown(state.selStart);
     const int end = shown_.Shown(state.selStart + state.selLength);

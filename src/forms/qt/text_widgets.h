@@ -53,6 +53,7 @@ protected:
     void contextMenuEvent(QContextMenuEvent* event) override;
 
 private:
+    void PutText(const QString& wanted);
     int PositionAt(const QMouseEvent& event);
 
     TextBox& box_;

@@ -17,6 +17,7 @@
 #include "forms/qt/key_codec.h"
 #include "forms/qt/qt_pump.h"
 #include "forms/qt/qt_screen.h"
+#include "forms/qt/spoken_field.h"
 #include "forms/qt/text_codec.h"
 #include "toolkit/desk.h"
 
@@ -128,7 +129,9 @@ WindowHost::WindowHost(Desk& desk, QtPump& pump) : desk_{desk}, pump_{pump}, inp
             view->menus->Open(its ? entry : nullptr);
         }
     };
+    desk_.outlets.announced = [this](std::string_view words) { announcer_.Add(ToQt(words)); };
     pump_.onShow = [this] { Flush(); };
+    SpeakWholeFields();
     qApp->installEventFilter(this);
 }
 
@@ -252,6 +255,7 @@ void WindowHost::Flush() {
         SyncFocus(*view);
     }
     SyncActive();
+    announcer_.Tell();
 }
 
 void WindowHost::SyncControls() {

@@ -7,6 +7,7 @@
 #include <set>
 #include <unordered_map>
 
+#include "forms/qt/announcer.h"
 #include "forms/qt/operator_input.h"
 
 namespace tallyhut {
@@ -61,6 +62,7 @@ private:
     Desk& desk_;
     QtPump& pump_;
     OperatorInput input_;
+    Announcer announcer_;
     std::unordered_map<const Form*, std::unique_ptr<FormView>> views_;
     std::set<Control*> dirtyControls_;
     std::set<Form*> dirtyForms_;

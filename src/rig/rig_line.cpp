@@ -1,9 +1,14 @@
 #include "rig/rig_line.h"
 
+#include <string_view>
+
+#include "toolkit/desk.h"
 #include "values/format.h"
 
 namespace tallyhut {
 namespace {
+
+constexpr std::string_view kNoAnswer = "Radio: no answer";
 
 bool IsDecoded(const RigRow& rig) {
     return rig.link == RigLink::Files || rig.readFrequency != nullptr || rig.readMode != nullptr;
@@ -12,7 +17,11 @@ bool IsDecoded(const RigRow& rig) {
 }  // namespace
 
 void RigLine::Show() {
-    form1.lblRig.SetCaption(Text());
+    const std::string text = Text();
+    if (text == kNoAnswer && form1.lblRig.Caption() != kNoAnswer) {
+        form1.desk.Announce(kNoAnswer);
+    }
+    form1.lblRig.SetCaption(text);
 }
 
 std::string RigLine::Text() const {
@@ -21,7 +30,7 @@ std::string RigLine::Text() const {
         return "";
     }
     if (state.missedPolls >= kMissedPolls) {
-        return "Radio: no answer";
+        return std::string{kNoAnswer};
     }
     return state.answered && state.RigFrequency > 0 ? FormatNumber(state.RigFrequency, "#.0000") : "";
 }

@@ -13,7 +13,7 @@ struct RigLine {
     Form1& form1;
     const Radio& radio;
 
-    /// Behind each poll, and when polling ends.
+    /// Behind each poll, and when polling ends. A radio that is lost is announced, once each time.
     void Show();
 
 private:

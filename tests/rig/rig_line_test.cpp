@@ -39,6 +39,22 @@ TEST_F(RigLineTest, SaysAfterThreePollsWithoutAReplyThatTheRadioDoesNotAnswer) {
     EXPECT_EQ(Told(), "14.2000");
 }
 
+TEST_F(RigLineTest, ALostRadioIsAnnouncedOnceEachTime) {
+    StartPolling("Kenwood");
+    std::vector<std::string> announced;
+    Main().desk.outlets.announced = [&announced](std::string_view words) { announced.emplace_back(words); };
+    ReplyAndRead(kReply);
+    MissPolls(2);
+    EXPECT_EQ(announced, std::vector<std::string>{});
+    MissPolls(5);
+    EXPECT_EQ(announced, std::vector<std::string>{kNoAnswer});
+    NextTick();
+    ReplyAndRead(kReply);
+    MissPolls(3);
+    EXPECT_EQ(announced, (std::vector<std::string>{kNoAnswer, kNoAnswer}));
+    Main().desk.outlets.announced = {};
+}
+
 TEST_F(RigLineTest, ARadioThatNeverAnsweredIsToldTooAndShowsNoOldFrequency) {
     StartPolling("Kenwood");
     ReplyAndRead(kReply);

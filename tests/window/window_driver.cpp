@@ -1,10 +1,7 @@
 #include "tests/window/window_driver.h"
 
 #include <X11/Xlib.h>
-#include <fcntl.h>
-#include <sys/prctl.h>
 #include <sys/stat.h>
-#include <sys/wait.h>
 #include <unistd.h>
 
 #include <array>
@@ -14,66 +11,17 @@
 #include <stdexcept>
 #include <vector>
 
+#include "tests/window/processes.h"
+
 namespace tallyhut {
 namespace {
 
-pid_t Start(const std::vector<std::string>& words, const std::function<void()>& prepare) {
-    const pid_t process = fork();
-    if (process != 0) {
-        return process;
-    }
-    std::vector<std::string> copy = words;
-    std::vector<char*> arguments;
-    for (std::string& word : copy) {
-        arguments.push_back(word.data());
-    }
-    arguments.push_back(nullptr);
-    prepare();
-    execvp(arguments[0], arguments.data());
-    _exit(127);
-}
-
-int End(pid_t& process, int signal) {
-    if (process <= 0) {
-        return 0;
-    }
-    if (signal != 0) {
-        kill(process, signal);
-    }
-    int status = 0;
-    waitpid(process, &status, 0);
-    process = -1;
-    return WIFEXITED(status) ? WEXITSTATUS(status) : 128 + WTERMSIG(status);
-}
-
 /// The screen tells its number when it takes connections, and does not start over when a client was its only one: a
-/// program that connects at that moment would be refused.
+/// program that connects at that moment would be refused. It repeats no key, however long the machine keeps it down.
 std::string StartScreen(pid_t& screen, const std::string& size) {
-    std::array<int, 2> number{};
-    if (pipe(number.data()) != 0) {
-        throw std::runtime_error{"pipe"};
-    }
-    screen = Start(
-        {"Xvfb", "-displayfd", std::to_string(number[1]), "-screen", "0", size + "x24", "-nolisten", "tcp", "-noreset"},
-        [&number] {
-            close(number[0]);
-            const int nothing = open("/dev/null", O_WRONLY);
-            dup2(nothing, 1);
-            dup2(nothing, 2);
-            prctl(PR_SET_PDEATHSIG, SIGTERM);  // no screen outlives its test
-        });
-    close(number[1]);
-    std::array<char, 16> text{};
-    std::string display;
-    for (ssize_t count = 1; count > 0 && display.find('\n') == std::string::npos;) {
-        count = read(number[0], text.data(), text.size());
-        display.append(text.data(), static_cast<std::size_t>(count > 0 ? count : 0));
-    }
-    close(number[0]);
-    if (display.empty()) {
-        throw std::runtime_error{"Xvfb does not start"};
-    }
-    return ":" + display.substr(0, display.find('\n'));
+    const std::vector<std::string> words{"Xvfb",       "-displayfd", "{}",  "-screen",  "0",
+                                         size + "x24", "-nolisten",  "tcp", "-noreset", "-r"};
+    return ":" + StartAndReadLine(screen, words, [] {});
 }
 
 }  // namespace
@@ -90,16 +38,21 @@ bool Eventually(const std::function<bool()>& claim) {
     return false;
 }
 
-WindowDriver::WindowDriver(const std::string& folder, const std::string& screenSize)
+WindowDriver::WindowDriver(const std::string& folder, const std::string& screenSize, const Companion& companion)
     : display_{StartScreen(screen_, screenSize)} {
-    program_ = Start({TALLYHUT_PROGRAM, "--directory", folder}, [this, &folder] {
+    const Environment added = companion ? companion(display_) : Environment{};
+    program_ = StartProcess({TALLYHUT_PROGRAM, "--directory", folder}, [this, &folder, &added] {
         setenv("DISPLAY", display_.c_str(), 1);
         setenv("XDG_CONFIG_HOME", (folder + "/.config").c_str(), 1);
         setenv("HOME", folder.c_str(), 1);
         setenv("XDG_RUNTIME_DIR", folder.c_str(), 1);
         setenv("QT_QPA_PLATFORM", "xcb", 1);
         unsetenv("WAYLAND_DISPLAY");
+        setenv("DBUS_SESSION_BUS_ADDRESS", "disabled:", 1);  // else a bus might be started for the screen
         unsetenv("USERPROFILE");
+        for (const auto& [name, value] : added) {
+            setenv(name.c_str(), value.c_str(), 1);
+        }
     });
     // A first start: the station as it stands, no log to continue, YES to a new one.
     AnswerWindow("Amateur Station", "Return");
@@ -131,8 +84,8 @@ WindowDriver::~WindowDriver() {
 }
 
 void WindowDriver::EndAll() {
-    End(program_, SIGKILL);
-    End(screen_, SIGTERM);
+    EndProcess(program_, SIGKILL);
+    EndProcess(screen_, SIGTERM);
 }
 
 std::string WindowDriver::Run(const std::string& command) const {
@@ -210,7 +163,7 @@ void WindowDriver::Signal(int signal) const {
 }
 
 int WindowDriver::Wait() {
-    return End(program_, 0);
+    return EndProcess(program_, 0);
 }
 
 void WindowDriver::KeepScreenshot(const std::string& name) const {

@@ -3,14 +3,21 @@
 #include <sys/types.h>
 
 #include <functional>
+#include <map>
 #include <string>
 
 namespace tallyhut {
 
+using Environment = std::map<std::string, std::string>;
+/// What is started on the screen before the program, told the screen's name; returns what the program finds in its
+/// environment of it.
+using Companion = std::function<Environment(const std::string& display)>;
+
 /// The program in its window on a screen of its own (Xvfb), worked with real keys and clicks.
 class WindowDriver {
 public:
-    explicit WindowDriver(const std::string& folder, const std::string& screenSize = "1280x800");
+    explicit WindowDriver(const std::string& folder, const std::string& screenSize = "1280x800",
+                          const Companion& companion = {});
     ~WindowDriver();
     WindowDriver(const WindowDriver&) = delete;
     WindowDriver& operator=(const WindowDriver&) = delete;

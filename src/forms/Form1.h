@@ -101,6 +101,7 @@ struct Form1 : Form {
     MenuEntry mnuSettings;
     MenuEntry mnuSetup;
     MenuEntry mnuRig;
+    MenuEntry mnuCW;
     MenuEntry mnuPorts;
     MenuEntry mnuBand;
     MenuEntry mnu160;
@@ -124,6 +125,7 @@ struct Form1 : Form {
     MenuEntry mnuLookLight;
     MenuEntry mnuLookDark;
     MenuEntry mnuView;
+    MenuEntry mnuCWStrings;
     MenuEntry mnuRigTune;
     MenuEntry mnuReports;
     MenuEntry mnuWriteLog;

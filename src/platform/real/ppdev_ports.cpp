@@ -107,7 +107,7 @@ void PpdevPorts::Out(int address, unsigned char value) {
 std::string PpdevPorts::Meaning(int base) {
     failed_.reset();
     const std::optional<int> number = NumberOf(base);
-    const std::string device = number ? DeviceOf(folders, *number) : "";
+    std::string device = number ? DeviceOf(folders, *number) : "";
     if (number && access(device.c_str(), R_OK | W_OK) == 0) {
         return device;
     }

@@ -10,7 +10,6 @@ namespace tallyhut {
 
 namespace {
 
-using std::chrono::microseconds;
 using std::chrono::steady_clock;
 
 /// Longer than a machine takes to wake at real-time priority.
@@ -44,22 +43,22 @@ int SystemClock::MinutesToUtc() const {
 
 Microtick SystemClock::TickUs() const {
     return static_cast<Microtick>(
-        std::chrono::duration_cast<microseconds>(steady_clock::now().time_since_epoch()).count());
+        std::chrono::duration_cast<std::chrono::microseconds>(steady_clock::now().time_since_epoch()).count());
 }
 
 void SystemClock::SleepUntil(Tick tick) {
     std::this_thread::sleep_until(steady_clock::time_point{std::chrono::milliseconds{tick}});
 }
 
-void SystemClock::SleepUs(Microtick length) {
-    std::this_thread::sleep_for(microseconds{length});
+void SystemClock::SleepUs(Microtick microseconds) {
+    std::this_thread::sleep_for(std::chrono::microseconds{microseconds});
 }
 
 void SystemClock::SpinUntil(Microtick moment) {
     // To spin all the time at real-time priority would stop whatever else wants this processor; the system itself stops
     // that after a second, by taking the processor away for a twentieth of one, in the middle of a mark.
     if (punctuality_.IsRealTime() && TickUs() + kAwakeBeforeUs < moment) {
-        std::this_thread::sleep_until(steady_clock::time_point{microseconds{moment - kAwakeBeforeUs}});
+        std::this_thread::sleep_until(steady_clock::time_point{std::chrono::microseconds{moment - kAwakeBeforeUs}});
     }
     while (TickUs() < moment) {
     }

@@ -12,7 +12,7 @@ constexpr std::uint64_t kNanosecondsAMicrotick = 1'000;
 constexpr std::uint64_t kNanosecondsATick = kNanosecondsAMicrotick * kMicroticksATick;
 constexpr std::uint64_t kNanosecondsASecond = kNanosecondsATick * 1'000;
 constexpr std::uint64_t kNanosecondsARound = 60;
-constexpr double kMostRounds = kLongestCountUs * kNanosecondsAMicrotick / kNanosecondsARound;
+constexpr std::uint64_t kMostRounds = kLongestCountUs * kNanosecondsAMicrotick / kNanosecondsARound;
 
 }  // namespace
 
@@ -45,7 +45,7 @@ double Clock::Count(double from, double below) {
     if (!(from < below) || std::abs(from) > kFarthestCount) {
         return from;
     }
-    const double rounds = std::min(std::ceil(below - from), kMostRounds);
+    const double rounds = std::min(std::ceil(below - from), static_cast<double>(kMostRounds));
     nanoseconds_ += static_cast<std::uint64_t>(rounds) * kNanosecondsARound;
     return from + rounds;
 }

@@ -23,6 +23,7 @@ constexpr double kMsASecond = 1000;
 constexpr double kHighestAddress = 0xFFFF;
 constexpr std::string_view kRadioTakesLine =
     "The radio's connection over this port uses this line. Choose the other one, or another setting of the radio.";
+constexpr std::string_view kNoDevice = "Settings, Serial Ports gives the number a device.";
 constexpr std::string_view kShared = "The radio is polled over the same port; the keyer uses its line there.";
 
 struct OutputOption {
@@ -267,7 +268,8 @@ std::string CwSetup::LinesNote() const {
         const bool taken = sender.gCWKeying == kKeyRts ? lent->rtsIsTaken : lent->dtrIsTaken;
         return std::string{taken ? kRadioTakesLine : kShared};
     }
-    return NoteOn(serialPorts.MeaningOf(ToInt32(number)));
+    const PortMeaning meaning = serialPorts.MeaningOf(ToInt32(number));
+    return meaning.source == PortMeaning::Source::Nothing ? std::string{kNoDevice} : NoteOn(meaning);
 }
 
 void CwSetup::Number_KeyPress(int& KeyAscii) {

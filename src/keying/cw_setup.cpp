@@ -23,6 +23,7 @@ constexpr double kMsASecond = 1000;
 constexpr double kHighestAddress = 0xFFFF;
 constexpr std::string_view kRadioTakesLine =
     "The radio's connection over this port uses this line. Choose the other one, or another setting of the radio.";
+constexpr std::string_view kNoDevice = "Settings, Serial Ports gives the number a device.";
 constexpr std::string_view kShared = "The radio is polled over the same port; the keyer uses its line there.";
 
 struct OutputOption {
@@ -241,6 +242,9 @@ void CwSetup::Message_KeyPress(int& KeyAscii) {
 void CwSetup::Option_Click(KeyingOutput output) {
     sender.line.Release();
     sender.gCWKeying = output;
+    if (output == kKeyNone && sender.gKeyboardCW != 0) {
+        messages.ToggleKeyboard();  // F12 is no key of ours any more, and what is typed would be lost
+    }
     form.cmdConfWinkey.SetVisible(output == kKeyWinKey);
     ShowPorts();
 }
@@ -258,6 +262,9 @@ void CwSetup::ShowPorts() {
 }
 
 std::string CwSetup::LinesNote() const {
+    if (sender.gCWKeying == kKeyPrinter) {
+        return form.lblRegister.Caption();  // whole, where there is not room for it beside the address
+    }
     const bool isSerial = sender.gCWKeying == kKeyRts || sender.gCWKeying == kKeyDtr;
     const double number = ParseNumber(form.Text10.Text()).value_or(0);
     if (!isSerial || number < kFirstPort || number > kLastPort) {
@@ -267,7 +274,8 @@ std::string CwSetup::LinesNote() const {
         const bool taken = sender.gCWKeying == kKeyRts ? lent->rtsIsTaken : lent->dtrIsTaken;
         return std::string{taken ? kRadioTakesLine : kShared};
     }
-    return NoteOn(serialPorts.MeaningOf(ToInt32(number)));
+    const PortMeaning meaning = serialPorts.MeaningOf(ToInt32(number));
+    return meaning.source == PortMeaning::Source::Nothing ? std::string{kNoDevice} : NoteOn(meaning);
 }
 
 void CwSetup::Number_KeyPress(int& KeyAscii) {

@@ -24,7 +24,7 @@ constexpr std::array kRows{
     Group("Prosigns"),
     Grid("", "lblProsign(1-5)", 5, RowLook::Data),
     Group("How to set it up"),
-    Text("lblMessages lblWildcards lblMode lblArrows lblFinally lblSideTone"),
+    Text("lblMessages lblWildcards lblMode lblSideTone"),
 
     Column(2),
     Group("fraKeying"),
@@ -43,6 +43,8 @@ constexpr std::array kRows{
     Line("optLoop", "lblByLoop lblLoopCost"),
     Line("lblLoop", "txtLoop:9 cmdLoopFaster cmdLoopSlower"),
     Text("lblPreferred"),
+    Group("While operating"),
+    Text("lblArrows lblFinally"),
 
     Left("Command7 cmdConfWinkey"),
     Right("Label23 Command4"),

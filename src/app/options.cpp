@@ -13,7 +13,7 @@ constexpr std::string_view kUsage = R"(usage: tallyhut [--directory DIR | --choo
                 [--port N=DEVICE]
        tallyhut --console [--directory DIR] [--clock 2026-11-07T21:04:33]
                 [--utc-offset HOURS] [--screen WxH[,WORKxAREA]]
-                [--port N=DEVICE|sim]
+                [--port N=DEVICE|sim] [--parallel sim]
 
 Tallyhut Log, a contest logger for the ARRL November Sweepstakes.
 
@@ -28,7 +28,8 @@ Tallyhut Log, a contest logger for the ARRL November Sweepstakes.
                      comma what taskbars leave of it
   --port N=DEVICE    serial port N, 1 to 10, is DEVICE, such as /dev/ttyUSB0,
                      for this run; (console) N=sim is a simulated one
-  --parallel sim, --sound sim, --agw HOST:PORT, --seed N
+  --parallel sim     (console) simulated parallel ports at every address
+  --sound sim, --agw HOST:PORT, --seed N
                      devices of scripted runs
   --help, --version
 )";
@@ -82,6 +83,13 @@ void TakePort(Options& options, const std::string& text) {
     options.ports[static_cast<int>(*number)] = text.substr(equals + 1);
 }
 
+void TakeParallel(Options& options, const std::string& text) {
+    if (text != "sim") {
+        throw ValueError{"--parallel wants sim, not " + text};
+    }
+    options.simulatesParallel = true;
+}
+
 struct FlagOption {
     std::string_view name;
     void (*take)(Options&);
@@ -109,7 +117,7 @@ constexpr std::array kValueOptions{
                 [](Options& options, const std::string& value) { options.utcOffset = ParseUtcOffset(value); }},
     ValueOption{"--screen", TakeScreen},
     ValueOption{"--port", TakePort},
-    ValueOption{"--parallel", kNoUse},
+    ValueOption{"--parallel", TakeParallel},
     ValueOption{"--sound", kNoUse},
     ValueOption{"--agw", kNoUse},
     ValueOption{"--seed", kNoUse},

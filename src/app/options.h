@@ -21,6 +21,7 @@ struct Options {
     std::optional<DateTime> clock;
     double utcOffset = 0;                ///< hours from local time to UTC, of the virtual clock
     std::map<int, std::string> ports;    ///< the device of a serial port by its number, or "sim"
+    bool simulatesParallel = false;      ///< parallel ports
     std::optional<ScreenSize> screen;    ///< pixels of the simulated screen
     std::optional<ScreenSize> workArea;  ///< likewise
 };

@@ -11,6 +11,7 @@
 #include "platform/platform_error.h"
 #include "platform/real/real_machine.h"
 #include "platform/sim/clipboard.h"
+#include "platform/sim/parallel_port.h"
 #include "platform/sim/screen.h"
 
 namespace tallyhut {
@@ -124,6 +125,10 @@ int RunConsole(const Options& options, const std::string& workingDirectory, cons
     ConsolePrinter printer{output};
     sim::Screen screen = SimulatedScreen(options);
     ConsolePorts ports{machine.serialPorts, clock, output};
+    sim::ParallelPorts parallelPorts{clock};
+    parallelPorts.onOut = [&output](int address, unsigned char value) {
+        output.Event({{"event", "out"}, {"address", address}, {"value", value}});
+    };
     DeviceCommands devices;
     ports.AddTo(devices);
     clipboard.AddTo(devices);
@@ -136,7 +141,8 @@ int RunConsole(const Options& options, const std::string& workingDirectory, cons
                                       .printer = printer,
                                       .screen = screen,
                                       .clock = &clock,
-                                      .serialPorts = &ports}),
+                                      .serialPorts = &ports,
+                                      .parallelPorts = options.simulatesParallel ? &parallelPorts : nullptr}),
                         workingDirectory};
         Commands commands{program, output, pump, dialogs, virtualClock.get(), devices};
         dialogs.runDialog = [&program](const std::function<bool()>& done) { program.desk.RunDialog(done); };

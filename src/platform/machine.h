@@ -8,6 +8,7 @@
 #include "platform/environment.h"
 #include "platform/event_pump.h"
 #include "platform/files.h"
+#include "platform/parallel_port.h"
 #include "platform/printer.h"
 #include "platform/screen.h"
 #include "platform/serial_port.h"
@@ -27,6 +28,7 @@ struct Machine {
     Screen& screen;
     Environment& environment;
     SerialPorts& serialPorts;
+    ParallelPorts& parallelPorts;
     std::string dataFolder = {};  ///< where the files lie that a fresh installation gets
 };
 

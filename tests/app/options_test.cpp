@@ -72,6 +72,7 @@ TEST(Options, WholeConsoleLine) {
     EXPECT_EQ(options.directory, "/tmp/x");
     EXPECT_EQ(options.clock, (DateTime{2026, 11, 7, 21, 4, 33}));
     EXPECT_EQ(options.utcOffset, -3.5);
+    EXPECT_TRUE(options.simulatesParallel);
     EXPECT_EQ(options.ports, (std::map<int, std::string>{{1, "sim"}, {2, "/dev/ttyUSB0"}}));
     ASSERT_TRUE(options.screen && options.workArea);
     EXPECT_EQ(options.screen->width, 1280);
@@ -122,6 +123,7 @@ TEST(Options, RefusedArgumentsAreNamed) {
         {{"--port", "0=sim"}, "--port wants N=DEVICE with N from 1 to 10, not 0=sim"},
         {{"--port", "11=sim"}, "--port wants N=DEVICE with N from 1 to 10, not 11=sim"},
         {{"--port", "1.5=sim"}, "--port wants N=DEVICE with N from 1 to 10, not 1.5=sim"},
+        {{"--parallel", "0x378"}, "--parallel wants sim, not 0x378"},
         {{"--port", "COM1=sim"}, "--port wants N=DEVICE with N from 1 to 10, not COM1=sim"},
     };
     for (const auto& [arguments, told] : cases) {

@@ -14,6 +14,9 @@
 #include <utility>
 
 namespace tallyhut {
+
+AnswerOfDevice answerOfDevice = nullptr;
+
 namespace {
 
 TerminalCalls* watching = nullptr;
@@ -42,6 +45,8 @@ int FailureOfWatched(unsigned long request, void* argument) {
             return 0;
         case TCSETS2:
             watching->form = FormOf(*static_cast<struct termios2*>(argument));
+            watching->hangsUp = (static_cast<struct termios2*>(argument)->c_cflag & HUPCL) != 0U;
+            watching->setBefore = watching->noted;
             return 0;
         default:
             return 0;
@@ -57,6 +62,12 @@ extern "C" int ioctl(int descriptor, unsigned long request, ...) noexcept {
     va_start(arguments, request);
     void* argument = va_arg(arguments, void*);
     va_end(arguments);
+    if (tallyhut::answerOfDevice != nullptr) {
+        if (const std::optional<int> answer = tallyhut::answerOfDevice(request, argument)) {
+            errno = *answer;
+            return *answer == 0 ? 0 : -1;
+        }
+    }
     if (tallyhut::watching != nullptr) {
         if (const int failure = tallyhut::FailureOfWatched(request, argument); failure != 0) {
             errno = failure;

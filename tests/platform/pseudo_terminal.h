@@ -1,5 +1,6 @@
 #pragma once
 
+#include <optional>
 #include <string>
 
 #include "platform/real/descriptor.h"
@@ -28,6 +29,11 @@ private:
     Descriptor far_;
 };
 
+/// A device other than a terminal that answers calls of ioctl instead of the system: 0, or the errno value of a
+/// failure; nothing for calls that do not concern it. Null is none.
+using AnswerOfDevice = std::optional<int> (*)(unsigned long request, void* argument);
+extern AnswerOfDevice answerOfDevice;
+
 /// Sees the calls of this process on terminals while it lives, for what a pseudo terminal does not show. One at a time.
 class TerminalCalls {
 public:
@@ -42,12 +48,18 @@ public:
     std::string Take();
     /// Data bits and parity of the last settings asked for: "7E".
     std::string AskedForm() const { return form; }
+    /// Whether the last settings let the system lower the lines when the device is closed, by whomever.
+    bool LowersAtClose() const { return hangsUp; }
+    /// What Take would have said when the settings were asked for.
+    std::string AskedBeforeSettings() const { return setBefore; }
 
     int lineFailure = 0;   ///< errno value with which a control line fails; 0 as on a pseudo terminal
     int queuedOutput = 0;  ///< what the system says still waits in the output
 
     std::string noted;
     std::string form;
+    bool hangsUp = false;
+    std::string setBefore;
 };
 
 }  // namespace tallyhut

@@ -1,5 +1,8 @@
 #include <gtest/gtest.h>
 
+#include <cmath>
+#include <limits>
+
 #include "platform/sim/clock.h"
 
 namespace tallyhut {
@@ -57,6 +60,53 @@ TEST(SimClock, SleepJumpsToItsEnd) {
     EXPECT_EQ(clock.TickMs(), 99U);
 }
 
+TEST(SimClock, MomentsHaveMicroseconds) {
+    sim::Clock clock;
+    clock.SpinUntil(92'307);
+    EXPECT_EQ(clock.TickUs(), 92'307U);
+    EXPECT_EQ(clock.TickMs(), 92U);
+    EXPECT_EQ(clock.IsoNow(), "2026-11-07T21:00:00.092");
+    clock.SpinUntil(92'000);
+    EXPECT_EQ(clock.TickUs(), 92'307U);
+    clock.SleepUs(7'693);
+    EXPECT_EQ(clock.TickUs(), 100'000U);
+    clock.SleepUs(0);
+    EXPECT_EQ(clock.TickUs(), 100'000U);
+}
+
+TEST(SimClock, FractionsOfManyUnitsAreKept) {
+    sim::Clock clock;
+    for (int unit = 0; unit < 13'000; ++unit) {
+        clock.SpinUntil(clock.TickUs() + 92'308);
+    }
+    EXPECT_EQ(clock.TickMs(), 1'200'004U);
+}
+
+TEST(SimClock, MillionRoundsOfCountingLast60Milliseconds) {
+    sim::Clock clock;
+    EXPECT_EQ(clock.Count(0, 1'000'000), 1'000'000);
+    EXPECT_EQ(clock.TickUs(), 60'000U);
+    EXPECT_EQ(clock.Count(4'000'000, 5'000'000), 5'000'000);
+    EXPECT_EQ(clock.TickUs(), 120'000U);
+    for (int times = 0; times < 1'000'000; ++times) {
+        clock.Count(0, 1);
+    }
+    EXPECT_EQ(clock.TickUs(), 180'000U);
+}
+
+TEST(SimClock, PreciseTimesAreCounted) {
+    sim::Clock clock;
+    clock.EndPrecise();
+    clock.BeginPrecise();
+    clock.BeginPrecise();
+    EXPECT_TRUE(clock.isPrecise);
+    clock.EndPrecise();
+    clock.EndPrecise();
+    EXPECT_FALSE(clock.isPrecise);
+    EXPECT_EQ(clock.preciseBegun, 1);
+    EXPECT_EQ(clock.preciseEnded, 1);
+}
+
 TEST(SimClock, SettingTheDateAndTimeLeavesTheTick) {
     sim::Clock clock;
     clock.Advance(1'700);
@@ -66,6 +116,40 @@ TEST(SimClock, SettingTheDateAndTimeLeavesTheTick) {
     clock.Advance(1'500);
     EXPECT_EQ(clock.TickMs(), 3'200U);
     EXPECT_EQ(clock.IsoNow(), "2026-11-07T20:00:01.500");
+}
+
+/// Counts that end otherwise than after their rounds. The machine's clock has the same rows in its test.
+TEST(SimClock, CountThatCannotEndIsGivenUp) {
+    constexpr double kInfinity = std::numeric_limits<double>::infinity();
+    constexpr double kNothing = std::numeric_limits<double>::quiet_NaN();
+    struct Case {
+        double from;
+        double below;
+        double end;
+    };
+    const Case atOnce[] = {
+        {0, 0, 0},
+        {5, 4, 5},
+        {0, -1, 0},
+        {0, -kInfinity, 0},
+        {0, kNothing, 0},
+        {1e16, kInfinity, 1e16},
+        {-kInfinity, 0, -kInfinity},
+        {kInfinity, kInfinity, kInfinity},
+    };
+    sim::Clock clock;
+    for (const auto& [from, below, end] : atOnce) {
+        EXPECT_EQ(clock.Count(from, below), end) << from << " " << below;
+        EXPECT_EQ(clock.TickUs(), 0U);
+    }
+    EXPECT_TRUE(std::isnan(clock.Count(kNothing, 1)));
+    EXPECT_EQ(clock.Count(0, 0.5), 1);
+    EXPECT_EQ(clock.Count(0.25, 2), 2.25);
+    for (const double below : {1e9, 1e18, kInfinity}) {
+        const Microtick start = clock.TickUs();
+        EXPECT_LT(clock.Count(0, below), below);
+        EXPECT_NEAR(static_cast<double>(clock.TickUs() - start), kLongestCountUs, 1);
+    }
 }
 
 }  // namespace

@@ -149,7 +149,7 @@ TEST_F(SimSerialPort, LevelsAreRecordedWhenTheyChange) {
     port.SetRts(true);
     port.SetRts(false);
     EXPECT_EQ(line.levels,
-              (std::vector<sim::SerialLine::Level>{{0, ControlLine::Rts, true}, {60, ControlLine::Rts, false}}));
+              (std::vector<sim::SerialLine::Level>{{0, ControlLine::Rts, true}, {60'000, ControlLine::Rts, false}}));
     EXPECT_EQ(line.dtr, std::nullopt);
 }
 

@@ -1,9 +1,12 @@
 #include "platform/real/system_clock.h"
 
 #include <gtest/gtest.h>
+#include <sched.h>
 
+#include <cmath>
 #include <cstdlib>
 #include <ctime>
+#include <limits>
 #include <string>
 #include <utility>
 #include <vector>
@@ -79,6 +82,72 @@ TEST(SystemClock, SleepEndsWhenTheTickHasCome) {
     clock.SleepUntil(start + 5);
     EXPECT_GE(clock.TickMs(), start + 5);
     clock.SleepUntil(start);  // past: no wait
+}
+
+TEST(SystemClock, TicksAreTheMicrosecondsInThousands) {
+    const SystemClock clock;
+    const Tick before = clock.TickMs();
+    const Microtick moment = clock.TickUs();
+    EXPECT_LE(before, moment / 1'000);
+    EXPECT_LE(moment / 1'000, clock.TickMs());
+}
+
+TEST(SystemClock, WaitsNeverEndTooEarly) {
+    for (const bool precise : {false, true}) {
+        SystemClock clock;
+        if (precise) {
+            clock.BeginPrecise();
+        }
+        const Microtick start = clock.TickUs();
+        clock.SpinUntil(start + 3'210);
+        EXPECT_GE(clock.TickUs(), start + 3'210);
+        clock.SpinUntil(start);  // past: no wait
+        const Microtick next = clock.TickUs();
+        clock.SleepUs(1'234);
+        EXPECT_GE(clock.TickUs(), next + 1'234);
+        clock.SleepUs(0);
+        clock.SpinUntil(0);
+    }
+}
+
+TEST(SystemClock, CountEndsAtTheFirstStepThatIsNotBelow) {
+    SystemClock clock;
+    EXPECT_EQ(clock.Count(0, 0), 0);
+    EXPECT_EQ(clock.Count(0, 0.5), 1);
+    EXPECT_EQ(clock.Count(0.25, 2), 2.25);
+    EXPECT_EQ(clock.Count(5, 4), 5);
+    EXPECT_EQ(clock.Count(0, 2'500'000), 2'500'000);
+    EXPECT_EQ(clock.Count(1'000'000, 5'000'000), 5'000'000);
+}
+
+TEST(SystemClock, CountTakesTimeInProportion) {
+    SystemClock clock;
+    const Microtick start = clock.TickUs();
+    clock.Count(0, 5'000'000);
+    EXPECT_GT(clock.TickUs(), start + 500);  // no machine counts ten million in a millisecond
+}
+
+TEST(SystemClock, CountThatCannotEndIsGivenUpAtOnce) {
+    constexpr double kInfinity = std::numeric_limits<double>::infinity();
+    constexpr double kNothing = std::numeric_limits<double>::quiet_NaN();
+    SystemClock clock;
+    EXPECT_EQ(clock.Count(1e16, kInfinity), 1e16);
+    EXPECT_EQ(clock.Count(-kInfinity, 0), -kInfinity);
+    EXPECT_EQ(clock.Count(kInfinity, kInfinity), kInfinity);
+    EXPECT_EQ(clock.Count(0, -kInfinity), 0);
+    EXPECT_EQ(clock.Count(0, kNothing), 0);
+    EXPECT_TRUE(std::isnan(clock.Count(kNothing, 1)));
+}
+
+// To count at real-time priority would stop the processor for all others.
+TEST(SystemClock, CountGivesRealTimeBack) {
+    EXPECT_EQ(InChild([] {
+                  SystemClock clock;
+                  clock.BeginPrecise();
+                  clock.Count(0, 1);
+                  return std::to_string(sched_getscheduler(0));
+              }),
+              std::to_string(SCHED_OTHER));
 }
 
 }  // namespace

@@ -231,6 +231,38 @@ TEST_F(TtyPortTest, ControlLinesSetBeforeAreSetAtOpening) {
     EXPECT_EQ(calls.Take(), "DTR off, RTS off");
 }
 
+TEST_F(TtyPortTest, TransmitterOnALineIsKeyedNoLongerThanTheOpeningTakes) {
+    TerminalCalls calls;
+    port.SetDtr(false);
+    port.SetRts(false);
+    port.Open();
+    EXPECT_EQ(calls.AskedBeforeSettings(), "DTR off, RTS off");
+}
+
+TEST_F(TtyPortTest, ProgramThatIsKilledLeavesItsLinesToTheSystemToLower) {
+    TerminalCalls calls;
+    port.Open();
+    EXPECT_TRUE(calls.LowersAtClose());
+}
+
+TEST_F(TtyPortTest, LineIsAskedForEachTimeThoughAPseudoTerminalHasNone) {
+    TerminalCalls calls;
+    port.Open();
+    port.SetDtr(true);
+    port.SetDtr(true);
+    EXPECT_EQ(calls.Take(), "DTR on, DTR on");
+}
+
+TEST_F(TtyPortTest, CablePulledWhileALineIsUpFailsAtTheNextLevelAndOpensAnew) {
+    port.Open();
+    port.SetDtr(true);
+    radio.HangUp();
+    EXPECT_EQ(FailureOf([&] { port.SetDtr(false); }), radio.Path() + ": Input/output error");
+    port.Close();
+    EXPECT_NE(FailureOf([&] { port.Open(); }), "");
+    EXPECT_FALSE(port.IsOpen());
+}
+
 // Lowered at the opening it would stay so: the driver moves it only when its own buffer fills.
 TEST_F(TtyPortTest, LineRtsIsTheDriversWhereTheHandshakeUsesIt) {
     TerminalCalls calls;

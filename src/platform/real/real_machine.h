@@ -8,6 +8,7 @@
 #include "platform/real/desktop_environment.h"
 #include "platform/real/ini_settings.h"
 #include "platform/real/posix_files.h"
+#include "platform/real/ppdev_ports.h"
 #include "platform/real/system_clock.h"
 #include "platform/real/tty_ports.h"
 
@@ -22,6 +23,7 @@ struct HostDevices {
     Screen& screen;
     Clock* clock = nullptr;
     SerialPorts* serialPorts = nullptr;
+    ParallelPorts* parallelPorts = nullptr;
 };
 
 /// The devices of the machine that every host has.
@@ -34,6 +36,7 @@ struct RealMachine {
     IniSettings settings{files};
     DesktopEnvironment environment;
     TtyPorts serialPorts;
+    PpdevPorts parallelPorts;
     std::string dataFolder;
 
     /// What a program is lent.
@@ -48,6 +51,7 @@ struct RealMachine {
                 .screen = host.screen,
                 .environment = environment,
                 .serialPorts = host.serialPorts != nullptr ? *host.serialPorts : serialPorts,
+                .parallelPorts = host.parallelPorts != nullptr ? *host.parallelPorts : parallelPorts,
                 .dataFolder = dataFolder};
     }
 };

@@ -1,12 +1,22 @@
 #include "platform/real/system_clock.h"
 
+#include <algorithm>
 #include <chrono>
+#include <cmath>
 #include <ctime>
 #include <thread>
 
 namespace tallyhut {
 
 namespace {
+
+using std::chrono::steady_clock;
+
+/// Even at real-time priority a program wakes late where another's work inside the system cannot be interrupted, which
+/// takes some milliseconds at worst.
+constexpr Microtick kAwakeBeforeUs = 4'000;
+/// A millisecond or two.
+constexpr double kRoundsBetweenLooks = 1'000'000;
 
 std::tm LocalTime() {
     tzset();  // localtime_r alone may keep the zone of its first call
@@ -32,13 +42,43 @@ int SystemClock::MinutesToUtc() const {
     return static_cast<int>(-LocalTime().tm_gmtoff / 60);
 }
 
-Tick SystemClock::TickMs() const {
-    const auto sinceStart = std::chrono::steady_clock::now().time_since_epoch();
-    return static_cast<Tick>(std::chrono::duration_cast<std::chrono::milliseconds>(sinceStart).count());
+Microtick SystemClock::TickUs() const {
+    return static_cast<Microtick>(
+        std::chrono::duration_cast<std::chrono::microseconds>(steady_clock::now().time_since_epoch()).count());
 }
 
 void SystemClock::SleepUntil(Tick tick) {
-    std::this_thread::sleep_until(std::chrono::steady_clock::time_point{std::chrono::milliseconds{tick}});
+    std::this_thread::sleep_until(steady_clock::time_point{std::chrono::milliseconds{tick}});
+}
+
+void SystemClock::SleepUs(Microtick microseconds) {
+    std::this_thread::sleep_for(std::chrono::microseconds{microseconds});
+}
+
+void SystemClock::SpinUntil(Microtick moment) {
+    // To spin all the time at real-time priority would stop whatever else wants this processor; the system itself stops
+    // that after a second, by taking the processor away for a twentieth of one, in the middle of a mark.
+    if (punctuality_.IsRealTime() && TickUs() + kAwakeBeforeUs < moment) {
+        std::this_thread::sleep_until(steady_clock::time_point{std::chrono::microseconds{moment - kAwakeBeforeUs}});
+    }
+    while (TickUs() < moment) {
+    }
+}
+
+double SystemClock::Count(double from, double below) {
+    if (std::abs(from) > kFarthestCount) {
+        return from;
+    }
+    punctuality_.LeaveRealTime();  // a loop that only counts cannot rest
+    const Microtick end = TickUs() + kLongestCountUs;
+    volatile double count = from;  // or the loop would be taken for one that does nothing, and left out
+    while (count < below && TickUs() < end) {
+        const double look = std::min(below, count + kRoundsBetweenLooks);
+        while (count < look) {
+            count = count + 1;
+        }
+    }
+    return count;
 }
 
 }  // namespace tallyhut

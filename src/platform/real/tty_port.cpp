@@ -60,13 +60,14 @@ void TtyPort::Open() {
     }
     tty_ = OpenTty(path_);
     try {
-        Apply(setup_.settings, setup_.handshake);
+        // The lines first: the system has raised them, and a transmitter may hang on one.
         if (setup_.dtr) {
             SetDtr(*setup_.dtr);
         }
         if (setup_.rts && !DriverOwnsRts(setup_.handshake)) {  // lowered, it would stay so and stop the other end
             SetRts(*setup_.rts);
         }
+        Apply(setup_.settings, setup_.handshake);
     } catch (const PlatformError&) {
         Release();
         throw;

@@ -14,14 +14,19 @@ struct Clock : tallyhut::Clock {
 
     DateTime Now() const override;
     int MinutesToUtc() const override { return minutesToUtc; }
-    Tick TickMs() const override { return tick_; }
-    /// Jumps to the tick.
+    Microtick TickUs() const override;
+    // Each wait jumps to its end. The counting loop counts 1,000,000 rounds in 60 ms.
     void SleepUntil(Tick tick) override { AdvanceTo(tick); }
+    void SleepUs(Microtick microseconds) override;
+    void SpinUntil(Microtick moment) override;
+    double Count(double from, double below) override;
+    void BeginPrecise() override;
+    void EndPrecise() override;
 
     /// Local time with milliseconds, "2026-11-07T21:04:33.000".
     std::string IsoNow() const;
 
-    void Advance(Tick milliseconds) { tick_ += milliseconds; }
+    void Advance(Tick milliseconds);
     /// Stands still for a tick that is past.
     void AdvanceTo(Tick tick);
     /// Sets the date and time as the operator would set the machine's; the tick goes on.
@@ -29,10 +34,17 @@ struct Clock : tallyhut::Clock {
 
     int minutesToUtc = 0;
 
+    // What the program has asked for.
+    bool isPrecise = false;  ///< between BeginPrecise and EndPrecise
+    int preciseBegun = 0;    ///< times that it became so
+    int preciseEnded = 0;    ///< times that it was so no more
+
 private:
+    std::uint64_t SinceSet() const { return nanoseconds_ - setAt_; }
+
     DateTime setTo_;
-    Tick setAt_ = 0;
-    Tick tick_ = 0;
+    std::uint64_t setAt_ = 0;        // of nanoseconds_
+    std::uint64_t nanoseconds_ = 0;  // a round of the counting loop is 60 of them
 };
 
 }  // namespace tallyhut::sim

@@ -9,6 +9,7 @@
 #include "platform/sim/environment.h"
 #include "platform/sim/event_pump.h"
 #include "platform/sim/files.h"
+#include "platform/sim/parallel_port.h"
 #include "platform/sim/printer.h"
 #include "platform/sim/screen.h"
 #include "platform/sim/serial_port.h"
@@ -40,6 +41,7 @@ struct Machine {
     Screen screen;
     Environment environment;
     SerialPorts serialPorts{clock};
+    ParallelPorts parallelPorts{clock};
     std::string dataFolder;
 
     /// What a program is lent.
@@ -54,6 +56,7 @@ struct Machine {
                 .screen = Chosen(real.screen, screen),
                 .environment = environment,
                 .serialPorts = Chosen(real.serialPorts, serialPorts),
+                .parallelPorts = parallelPorts,
                 .dataFolder = dataFolder};
     }
 

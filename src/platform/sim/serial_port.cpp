@@ -154,7 +154,7 @@ void SerialPort::SetLevel(ControlLine line, bool on) {
         return;
     }
     level = on;
-    Line().Record(SerialLine::Level{.at = Line().clock.TickMs(), .line = line, .on = on});
+    Line().Record(SerialLine::Level{.at = Line().clock.TickUs(), .line = line, .on = on});
     ports_.onLevel(setup_.number, line, on);
 }
 

@@ -39,7 +39,7 @@ struct SerialLine {
     };
     std::vector<Written> written;
     struct Level {
-        Tick at = 0;
+        Microtick at = 0;
         ControlLine line = ControlLine::Dtr;
         bool on = false;
 

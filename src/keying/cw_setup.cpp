@@ -267,7 +267,9 @@ void CwSetup::ShowPorts() {
 
 std::string CwSetup::LinesNote() const {
     if (sender.gCWKeying == kKeyPrinter) {
-        return form.lblRegister.Caption();  // whole, where there is not room for it beside the address
+        const std::string& meaning = form.lblRegister.Caption();
+        const bool advises = meaning.find(": ") != std::string::npos;
+        return advises ? meaning : "";  // whole: there may not be room for it beside the address
     }
     const bool isSerial = sender.gCWKeying == kKeyRts || sender.gCWKeying == kKeyDtr;
     const double number = ParseNumber(form.Text10.Text()).value_or(0);

@@ -76,12 +76,16 @@ struct Times {
     void Take(const Action& action) {
         const auto begin = std::chrono::steady_clock::now();
         action();
-        taken.push_back(std::chrono::duration<double, std::milli>(std::chrono::steady_clock::now() - begin).count());
+        Add(std::chrono::steady_clock::now() - begin);
+    }
+    void Add(std::chrono::steady_clock::duration time) {
+        taken.push_back(std::chrono::duration<double, std::milli>(time).count());
     }
     void Tell(benchmark::State& state) {
         std::ranges::sort(taken);
         state.counters["median_ms"] = taken[taken.size() / 2];
         state.counters["p99_ms"] = taken[taken.size() * 99 / 100];
+        state.counters["longest_ms"] = taken.back();
     }
 
     std::vector<double> taken;
@@ -126,6 +130,33 @@ void KeyToPixels(benchmark::State& state) {
     times.Tell(state);
 }
 BENCHMARK(KeyToPixels)->ArgName("all")->Arg(0)->Arg(1)->Iterations(60)->Unit(benchmark::kMillisecond);
+
+/// From the function key to the key line that goes down for the first mark of its message.
+void FunctionKeyToKeyDown(benchmark::State& state) {
+    WindowProgram window;
+    KeyingPart& keying = window.program.keyingPart;
+    keying.ReadMessages();
+    keying.form.Option2.SetValue(true);
+    keying.form.Text10.SetText("1");
+    keying.form.Text11.SetText("60");
+    keying.form.Text1.SetText("E");
+    keying.form.Check1.SetValue(true);
+    window.Settle();
+    std::chrono::steady_clock::time_point pressed;
+    Times times;
+    window.serialPorts.onLevel = [&](int, sim::ControlLine, bool on) {
+        if (on) {
+            times.Add(std::chrono::steady_clock::now() - pressed);
+        }
+    };
+    for (auto _ : state) {
+        pressed = std::chrono::steady_clock::now();
+        window.Press(Qt::Key_F1, "");
+    }
+    times.Tell(state);
+    state.counters["marks"] = static_cast<double>(times.taken.size());
+}
+BENCHMARK(FunctionKeyToKeyDown)->Iterations(300)->Unit(benchmark::kMillisecond);
 
 }  // namespace
 }  // namespace tallyhut

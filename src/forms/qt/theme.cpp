@@ -1,6 +1,7 @@
 #include "forms/qt/theme.h"
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 
 namespace tallyhut {
@@ -8,13 +9,26 @@ namespace {
 
 constexpr QColor kDarkSheet{0x1C, 0x22, 0x28};
 
+constexpr int kMostOfAChannel = 255;
+
 double LinearLight(double channel) {
     return channel <= 0.03928 ? channel / 12.92 : std::pow((channel + 0.055) / 1.055, 2.4);
 }
 
+/// From a table: each painting makes a theme, which asks some thousand times.
+double LightOf(int channel) {
+    static const auto lights = [] {
+        std::array<double, kMostOfAChannel + 1> table{};
+        for (std::size_t at = 0; at < table.size(); ++at) {
+            table[at] = LinearLight(static_cast<double>(at) / kMostOfAChannel);
+        }
+        return table;
+    }();
+    return lights.at(static_cast<std::size_t>(channel));
+}
+
 double Luminance(const QColor& colour) {
-    return 0.2126 * LinearLight(colour.redF()) + 0.7152 * LinearLight(colour.greenF()) +
-           0.0722 * LinearLight(colour.blueF());
+    return 0.2126 * LightOf(colour.red()) + 0.7152 * LightOf(colour.green()) + 0.0722 * LightOf(colour.blue());
 }
 
 constexpr double kSteps = 50;

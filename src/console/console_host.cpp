@@ -162,6 +162,12 @@ int RunConsole(const Options& options, const std::string& workingDirectory, cons
                 program.RequestClose();
             }
         };
+        // A script's message goes out whole at the end of input, but not when somebody wants the program to end.
+        lines.endedBySignal = [&program] {
+            if (program.keyingPart.sender.gCWSending == 1) {
+                program.RequestClose();
+            }
+        };
         program.desk.outlets.formChanged = [&output](Form& form, DeskOutlets::FormEvent event) {
             if (const char* name = NameOf(event)) {
                 output.Event({{"event", name}, {"form", form.name}});

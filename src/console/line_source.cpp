@@ -46,6 +46,7 @@ void LineSource::EndBySignal() {
     ended_ = true;
     buffer_.clear();
     searched_ = 0;
+    endedBySignal();
 }
 
 bool LineSource::HoldsLine() {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
@@ -15,6 +16,9 @@ class LineSource {
 public:
     /// Takes over the signals to terminate: they end the input. Closes nothing that is not its own.
     LineSource(PolledDescriptors& descriptors, int input);
+
+    /// The signal has come: notes it and does nothing else.
+    std::function<void()> endedBySignal = [] {};
 
     /// The next line without its end; nothing where none has come yet, or the input has ended.
     std::optional<std::string> Take();

@@ -84,7 +84,8 @@ std::string NameIn(const std::string& path) {
 std::vector<std::string> CwStore::Spellings() const {
     std::vector<std::string> paths = files.FilesIn(directories.WorkingDirectory);
     std::erase_if(paths, [](const std::string& path) { return UpperCase(NameIn(path)) != UpperCase(kFileName); });
-    std::ranges::stable_partition(paths, [](const std::string& path) { return NameIn(path) == kFileName; });
+    std::stable_partition(paths.begin(), paths.end(),
+                          [](const std::string& path) { return NameIn(path) == kFileName; });
     return paths;
 }
 
@@ -250,6 +251,9 @@ void CwSetup::Option_Click(KeyingOutput output) {
 }
 
 void CwSetup::ShowPorts() {
+    if (!form.IsVisible()) {
+        return;  // looking for devices takes time
+    }
     const double number = ParseNumber(form.Text10.Text()).value_or(0);
     const bool isPort = number >= kFirstPort && number <= kLastPort;
     form.lblDevice.SetCaption(number <= 0 ? "none"
@@ -263,7 +267,9 @@ void CwSetup::ShowPorts() {
 
 std::string CwSetup::LinesNote() const {
     if (sender.gCWKeying == kKeyPrinter) {
-        return form.lblRegister.Caption();  // whole, where there is not room for it beside the address
+        const std::string& meaning = form.lblRegister.Caption();
+        const bool advises = meaning.find(": ") != std::string::npos;
+        return advises ? meaning : "";  // whole: there may not be room for it beside the address
     }
     const bool isSerial = sender.gCWKeying == kKeyRts || sender.gCWKeying == kKeyDtr;
     const double number = ParseNumber(form.Text10.Text()).value_or(0);

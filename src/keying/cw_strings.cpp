@@ -12,7 +12,7 @@ void CwStrings::frmCWStrings_Activate() {
 }
 
 /// In keyboard mode Blank and Enter are for the keyer too, and not for the button with the focus.
-void CwStrings::Form_KeyDown(int& KeyCode, int Shift) {
+void CwStrings::Form_KeyDown(int& KeyCode, int Shift) const {
     mainKeyDown(KeyCode, Shift);
     if (messages.sender.gKeyboardCW != 0 && (KeyCode == kKeySpace || KeyCode == kKeyEnter)) {
         int character = KeyCode;
@@ -21,7 +21,7 @@ void CwStrings::Form_KeyDown(int& KeyCode, int Shift) {
     }
 }
 
-void CwStrings::Form_KeyPress(int& KeyAscii) {
+void CwStrings::Form_KeyPress(int& KeyAscii) const {
     mainKeyPress(KeyAscii);
 }
 

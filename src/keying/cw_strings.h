@@ -16,8 +16,8 @@ struct CwStrings {
     std::function<void(int& KeyAscii)> mainKeyPress = [](int&) {};
 
     void frmCWStrings_Activate();
-    void Form_KeyDown(int& KeyCode, int Shift);
-    void Form_KeyPress(int& KeyAscii);
+    void Form_KeyDown(int& KeyCode, int Shift) const;
+    void Form_KeyPress(int& KeyAscii) const;
     /// Of a label of a row, 0 to 11.
     void Row_DblClick(int row);
     void Command1_Click();

@@ -157,7 +157,7 @@ TEST(RemoveFaults, AFileIsGoneOrItsFailureIsThrown) {
     for (std::uint64_t failAt = 1; failAt <= whole.faults.calls; ++failAt) {
         FaultyRun run;
         prepare(run);
-        EXPECT_EQ(run.Run(remove, failAt, EIO), Outcome::Threw) << run.Failure();
+        EXPECT_EQ(run.Run(remove, failAt, EIO), Outcome::Failed) << run.Failure();
         EXPECT_EQ(run.Entries(), 1U) << run.Failure();
     }
 }

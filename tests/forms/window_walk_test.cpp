@@ -297,6 +297,23 @@ TEST_F(WindowWalkTest, AWindowThatIsTooSmallForItsTextScrolls) {
     EXPECT_GT(bar->value(), 0) << "what has the focus is in view";
 }
 
+TEST_F(WindowWalkTest, AMessageOfAnyLengthPushesNoFormApart) {
+    CWFrm& messages = program.keyingPart.form;
+    frmCWStrings& list = program.keyingPart.stringsForm;
+    messages.Load();
+    messages.Text1.SetText(std::string(10'000, 'E'));
+    for (Form* form : {static_cast<Form*>(&messages), static_cast<Form*>(&list)}) {
+        QWidget& window = shown.Show(*form);
+        window.resize(1000, 560);
+        shown.Settle();
+        program.desk.RunPending();
+        shown.Settle();
+        EXPECT_EQ(window.findChild<QScrollArea*>()->horizontalScrollBar()->maximum(), 0) << form->name;
+    }
+    EXPECT_EQ(messages.lblPreview.Caption().size(), 10'000U);
+    EXPECT_EQ(list.lblCWString(0).Caption().size(), 10'000U);
+}
+
 /// The picture of the spots as the core lays it out: a frame, a scale, and labels beside the scale.
 TEST_F(WindowWalkTest, TheStripOfTheSpotsTakesItsRoomFromTheContacts) {
     FillStation();

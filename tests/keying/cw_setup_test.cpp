@@ -47,7 +47,7 @@ TEST_F(CwSetupTest, StartReadsTheMessages) {
 }
 
 TEST_F(CwSetupTest, EachStoredOutputChoosesItsOption) {
-    const std::pair<const char*, const char*> cases[] = {
+    const std::vector<std::pair<const char*, const char*>> cases{
         {"0", "None "}, {"1", "RTS "}, {"2", "DTR "}, {"3", "Printer "}, {"4", ""}, {"5", "WinKey "}, {"9", ""}};
     for (const auto& [kept, shown] : cases) {
         std::string text = kStored;
@@ -197,8 +197,8 @@ TEST_F(CwSetupTest, StoredMessagesComeBackAtTheNextStart) {
 // The timing.
 
 TEST_F(CwSetupTest, TimingIsChosenByItsExactName) {
-    const std::pair<const char*, const char*> cases[] = {{"Timer", "Timer"}, {"Sleep", "Sleep"}, {"Loop", "Loop"},
-                                                         {"", "Timer"},      {"loop", "Timer"},  {"Other", "Timer"}};
+    const std::vector<std::pair<const char*, const char*>> cases{
+        {"Timer", "Timer"}, {"Sleep", "Sleep"}, {"Loop", "Loop"}, {"", "Timer"}, {"loop", "Timer"}, {"Other", "Timer"}};
     for (const auto& [kept, chosen] : cases) {
         settings.Set("Settings", "UserCWSelection", kept);
         settings.Set("Settings", "UserCWLoopOffset", "500000");
@@ -255,10 +255,10 @@ TEST_F(CwSetupTest, FieldsTakeTheirCharacters) {
         TextBox& field;
         const char* taken;
     };
-    const Case cases[] = {{Cw().Text10, "0123456789:"},
-                          {Cw().Text11, "0123456789:"},
-                          {Cw().txtSpace, "-./0123456789:"},
-                          {Cw().txtCWLoop, ".0123456789"}};
+    const std::vector<Case> cases{{Cw().Text10, "0123456789:"},
+                                  {Cw().Text11, "0123456789:"},
+                                  {Cw().txtSpace, "-./0123456789:"},
+                                  {Cw().txtCWLoop, ".0123456789"}};
     for (const Case& one : cases) {
         Focus(one.field);
         one.field.SetText("");

@@ -47,7 +47,7 @@ TEST_F(CwStringsTest, DoubleClickSendsTheMessageOfTheRow) {
     Cw().Text12.SetText("T");
     Cw().Text13.SetText("I");
     ShowList();
-    const std::pair<int, const char*> cases[] = {{1, "E"}, {9, "T"}, {10, "I"}, {11, ""}};
+    const std::vector<std::pair<int, const char*>> cases{{1, "E"}, {9, "T"}, {10, "I"}, {11, ""}};
     for (const auto& [row, text] : cases) {
         for (Label* label : {&Strings().Label1(row), &Strings().lblCWString(row)}) {
             Listen();

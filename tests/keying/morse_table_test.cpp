@@ -4,6 +4,7 @@
 
 #include <string>
 #include <utility>
+#include <vector>
 
 namespace tallyhut {
 namespace {
@@ -24,7 +25,7 @@ std::string Sound(std::string_view elements) {
 }
 
 TEST(MorseTable, EveryCharacterSoundsAsItShould) {
-    const std::pair<char, const char*> cases[] = {
+    const std::vector<std::pair<char, const char*>> cases{
         {'A', ".-"},     {'B', "-..."},   {'C', "-.-."},   {'D', "-.."},       {'E', "."},     {'F', "..-."},
         {'G', "--."},    {'H', "...."},   {'I', ".."},     {'J', ".---"},      {'K', "-.-"},   {'L', ".-.."},
         {'M', "--"},     {'N', "-."},     {'O', "---"},    {'P', ".--."},      {'Q', "--.-"},  {'R', ".-."},
@@ -39,7 +40,7 @@ TEST(MorseTable, EveryCharacterSoundsAsItShould) {
         EXPECT_TRUE(ElementString(character).ends_with("000")) << character;
         EXPECT_FALSE(ElementString(character).ends_with("0000")) << character;
     }
-    EXPECT_EQ(std::size(cases) + 1, kCwTable.size()) << "and the blank";
+    EXPECT_EQ(cases.size() + 1, kCwTable.size()) << "and the blank";
 }
 
 TEST(MorseTable, BlankIsEightUnitsOfSilence) {

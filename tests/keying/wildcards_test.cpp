@@ -2,6 +2,9 @@
 
 #include <gtest/gtest.h>
 
+#include <string>
+#include <vector>
+
 namespace tallyhut {
 namespace {
 
@@ -12,7 +15,7 @@ struct Case {
 };
 
 TEST(Wildcards, StandForTheContactsData) {
-    const Case cases[] = {
+    const std::vector<Case> cases{
         {"CQ $ *", {"W9XYZ ", " 12", "5NN"}, "CQ W9XYZ 5NN"},
         {"$ #", {"", " 12", "5NN"}, " 12"},
         {"# $ #", {"K1A", " 137", "5NN"}, "137 K1A 137"},

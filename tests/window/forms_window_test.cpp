@@ -10,6 +10,7 @@ constexpr const char* kMainForm = "Q7ZZQ";
 constexpr const char* kEntryForm = "Summary Sheet Information";
 constexpr const char* kFileDialog = "Save as";
 constexpr const char* kRigForm = "Rig Interface Setup";
+constexpr const char* kMessagesForm = "CW String Selections";
 constexpr const char* kTuneForm = "Change Frequency";
 
 /// The forms and dialogs that the main form opens, worked by keyboard alone.
@@ -50,6 +51,34 @@ TEST_F(FormsWindowTest, CtrlROpensTheRadiosFormAndEscHidesIt) {
     window.AnswerWindow(kMainForm, "");
     window.Type("88aw1xx72mdc");
     window.Press("Return");
+    EXPECT_TRUE(Eventually([this] { return LogHolds(R"("1","88","A","W1XX","72","MDC",)"); })) << Log();
+}
+
+TEST_F(FormsWindowTest, AMessageIsWrittenAndSentByKeyboardAlone) {
+    window.AnswerWindow(kMainForm, "ctrl+s");
+    window.AnswerWindow(kMessagesForm, "");
+    window.Type("e!");
+    window.Press("Tab Tab Tab Tab Tab Tab Tab Tab Tab Tab Tab Right");  // past the messages, to DTR
+    LeaveWindow(kMessagesForm, "Return");
+    const std::string messages = ContentOf(folder + "/CW.txt");
+    EXPECT_TRUE(messages.starts_with("\"E!\"\r\n\"\"\r\n")) << messages;
+    EXPECT_NE(messages.find("\r\n2\r\n\"&H378\"\r\n"), std::string::npos) << messages;
+    window.AnswerWindow(kMainForm, "");
+    window.Type("88aw1xx72mdc");
+    window.Press("F1");
+    EXPECT_TRUE(Eventually([this] { return LogHolds(R"("1","88","A","W1XX","72","MDC",)"); })) << Log();
+}
+
+TEST_F(FormsWindowTest, CtrlWShowsTheListOfMessagesAndItsFunctionKeysAreTheMainForms) {
+    window.AnswerWindow(kMainForm, "ctrl+s");
+    window.AnswerWindow(kMessagesForm, "");
+    window.Type("ee!");
+    window.Press("Tab Tab Tab Tab Tab Tab Tab Tab Tab Tab Tab Right");
+    LeaveWindow(kMessagesForm, "Return");
+    window.AnswerWindow(kMainForm, "");
+    window.Type("88aw1xx72mdc");
+    window.Press("ctrl+w");
+    window.AnswerWindow("CW Strings", "F1");
     EXPECT_TRUE(Eventually([this] { return LogHolds(R"("1","88","A","W1XX","72","MDC",)"); })) << Log();
 }
 

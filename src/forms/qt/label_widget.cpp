@@ -11,6 +11,7 @@ namespace tallyhut {
 namespace {
 
 constexpr int kEndless = 100'000;
+constexpr int kMostInALine = 1'000;     ///< characters: no screen is as wide, and measuring them takes time
 constexpr double kRefusedEdge = 0.25;   ///< of the text's size
 constexpr double kSmallestShare = 0.6;  ///< of the look's size of text
 
@@ -66,6 +67,9 @@ int LabelWidget::Flags() const {
 void LabelWidget::ShowState() {
     const QString whole = ToQt(Logical().State().text);
     drawn_ = TheLook().trimmed ? WithoutFill(whole) : whole;
+    if (!Wraps()) {
+        drawn_.truncate(kMostInALine);
+    }
     if (text() != whole) {
         setText(whole);
     }

@@ -31,6 +31,7 @@ constexpr double kFieldHeight = 2.1;
 constexpr double kChoiceHeight = 1.7;
 constexpr double kTextHeight = 1.45;
 constexpr double kSmallestButton = 5.5;
+constexpr int kMostOfAValue = 24;     // characters: a value of any length must not push the form apart
 constexpr double kColumnOfText = 15;  ///< no narrower
 constexpr double kMostLineGap = 0.7;  ///< lines move apart by this where there is room
 
@@ -375,7 +376,9 @@ int TableLayout::PieceWidth(const Piece& piece) const {
         return std::max(asked, control.kind == ControlKind::Label ? asked : need.width());
     }
     if (piece.fills || IsSheet(control)) {
-        return std::max(need.width(), qRound(text_ * kSmallestButton));
+        const int most = QFontMetrics{piece.widget->Font()}.horizontalAdvance('N') * kMostOfAValue;
+        const int asked = control.kind == ControlKind::Label ? std::min(need.width(), most) : need.width();
+        return std::max(asked, qRound(text_ * kSmallestButton));
     }
     if (control.kind == ControlKind::Button) {
         return std::max(need.width() + 3 * Unit(), control.State().text.empty() ? 0 : qRound(text_ * kSmallestButton));

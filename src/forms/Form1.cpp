@@ -19,6 +19,7 @@ constexpr std::string_view kFormCaption = "Q7ZZQ's Tallyhut Log 4.7             
 constexpr std::array<std::string_view, 5> kEntryHeadings{"#", "Pr", "Call", "Ck", "Sec"};
 constexpr std::array<double, 5> kEntryLefts{180, 1065, 1575, 3810, 4470};
 
+constexpr std::array<std::string_view, 2> kLegend{"Needed", "Worked"};
 constexpr std::array<std::string_view, 4> kStationHeadings{"Pr", "Call", "Ck", "   Sec"};
 
 constexpr std::array<std::string_view, 6> kScoreCaptions{
@@ -118,6 +119,7 @@ Form1::Form1(Desk& owner)
       lblttrack{*this, "lblttrack", "00:00:00", {.place = {6150, 1260, 1200, 330}, .fontSize = 14}},
       Label14{*this, "Label14", " Time On Band", {.place = {7800, 1080, 1200, 180}}},
       lbltimeon{*this, "lbltimeon", "00:00:00", {.place = {7800, 1260, 1200, 330}, .fontSize = 14}},
+      lblClockState{*this, "lblClockState", "Stopped", {.place = {7200, 1080, 450, 180}}},
       cmdLogOn{*this,
                "cmdLogOn",
                "&Log \"Time On\"",
@@ -126,6 +128,8 @@ Form1::Form1(Desk& owner)
                 .tabStop = false}},
       lblBandSwitch{*this, "lblBandSwitch", " Band", {.place = {7800, 1650, 600, 180}}},
       Label30{*this, "Label30", "", {.place = {7800, 1830, 600, 330}, .fontSize = 14}},
+      lblMode{*this, "lblMode", "", {.place = {8450, 1830, 600, 330}, .fontSize = 12}},
+      lblRig{*this, "lblRig", "", {.place = {7800, 2160, 1550, 240}}},
       lblRecentContacts{*this, "lblRecentContacts", "Recent Contacts", {.place = {180, 2480, 1600, kRow}}},
       cmdEdit{
           *this, "cmdEdit", "Edit Contact", {.place = {1900, 2480, 1000, kRow}, .tabStop = false, .visible = false}},
@@ -156,6 +160,11 @@ Form1::Form1(Desk& owner)
       lblSecNine{*this, "lblSecNine", "9", GridHeading(8)},
       lblSecZero{*this, "lblSecZero", "0", GridHeading(9)},
       lblSecCA{*this, "lblSecCA", "Canada", GridHeading(10)},
+      lblLegend{0, 1,
+                [this](int i) {
+                    return std::make_unique<Label>(*this, "lblLegend", i, kLegend.at(static_cast<std::size_t>(i)),
+                                                   LabelDesign{.place = {7000 + i * 900.0, 2480, 850, kRow}});
+                }},
       Label10{1, static_cast<int>(kSections.size()),
               [this](int i) { return std::make_unique<Label>(*this, "Label10", i, "", LabelDesign{}); }},
       lblScoreCaption{1, 6,

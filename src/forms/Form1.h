@@ -47,9 +47,12 @@ struct Form1 : Form {
     Label lblttrack;  ///< total operating time
     Label Label14;
     Label lbltimeon;  ///< time on the current band
+    Label lblClockState;  ///< whether the operating time runs
     Button cmdLogOn;
     Label lblBandSwitch;
     Label Label30;  ///< the band
+    Label lblMode;  ///< CW or Phone
+    Label lblRig;   ///< the radio's frequency, or that it does not answer
 
     // The contacts.
     Label lblRecentContacts;
@@ -71,6 +74,7 @@ struct Form1 : Form {
     Label lblSecNine;
     Label lblSecZero;
     Label lblSecCA;
+    ControlArray<Label> lblLegend;  ///< 0 and 1: how a needed and a worked section look
     ControlArray<Label> Label10;  ///< from 1, one a section
 
     // Score and rates.

@@ -98,6 +98,7 @@ Form2::Form2(Desk& owner)
       Text8{*this, "Text8", LabelledField(4740, 17)},
       Text10{*this, "Text10", LabelledField(5100, 18)},
       Text11{*this, "Text11", Field(kLeft, 5760, kColumn, 19, kLongestFileText)},
+      lblMissing{*this, "lblMissing", "", {.place = {kLeft, 6060, kColumn, 180}}},
       Command4{*this, "Command4", "Write Cabrillo File", ButtonAt(kLeft, 6240, kColumn, 20)},
       Frame1{*this, "Frame1", "Your License Class:", {kRight, kClassTop, kColumn, 690}},
       Option1{*this, "Option1", "Novice", Beside(kClassTop, 0, 21)},
@@ -123,7 +124,9 @@ Form2::Form2(Desk& owner)
       Text9{*this, "Text9", Field(kRight + 1110, 4770, 1200, 34, kLongestNumber)},
       Command1{*this, "Command1", "Write Sum File (ASCIISum.txt - old format)", ButtonAt(kRight, 5340, kColumn, 35)},
       Command2{*this, "Command2", "Print Sum Form", ButtonAt(kRight, 5790, kColumn, 36)},
-      Command3{*this, "Command3", "Done", ButtonAt(kRight + 2310, 6240, 2190, 37)} {
+      cmdKept{*this, "cmdKept", "&Fill In as Before", ButtonAt(kRight, 6240, 2190, 37)},
+      Command3{*this, "Command3", "Done", ButtonAt(kRight + 2310, 6240, 2190, 38)} {
+    cmdKept.SetVisible(false);
     for (Option* option : {&Option1, &Option2, &Option3}) {
         option->PutInto(Frame1);
     }

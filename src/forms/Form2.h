@@ -34,7 +34,8 @@ struct Form2 : Form {
     TextBox Text8;    ///< e-mail
     TextBox Text10;   ///< club
     TextBox Text11;   ///< soapbox
-    Button Command4;  ///< writes the Cabrillo file
+    Label lblMissing;  ///< what of the station the entry will lack; empty where it lacks nothing
+    Button Command4;   ///< writes the Cabrillo file
 
     // What the summary sheet has beside it.
     FrameBox Frame1;  ///< the class of the call used; the own call joins its caption at load
@@ -59,6 +60,7 @@ struct Form2 : Form {
     Button Command1;  ///< writes the summary sheet
     Button Command2;  ///< prints the summary sheet
 
+    Button cmdKept;   ///< fills in what was typed before; hidden while that is what stands there
     Button Command3;  ///< done
 };
 

@@ -1,5 +1,6 @@
 #include "log/contact_editing.h"
 
+#include <algorithm>
 #include <array>
 
 #include "log/entry_flow.h"
@@ -110,6 +111,27 @@ void ContactEditing::ListView1_MouseDown(MouseButton button) {
 
 void ContactEditing::ListView1_ColumnClick(int column) {
     panel.form.ListView1.SortOnce(static_cast<std::size_t>(column - 1));
+}
+
+void ContactEditing::ListView1_KeyDown(int& KeyCode, int Shift) {
+    if (Shift != 0 || (KeyCode != kKeyEnter && KeyCode != kKeyDelete)) {
+        return;
+    }
+    InTheList(KeyCode == kKeyEnter ? &ContactEditing::cmdEdit_Click : &ContactEditing::cmdDelete_Click);
+    KeyCode = 0;
+}
+
+void ContactEditing::InTheList(void (ContactEditing::*step)()) {
+    ListView& rows = panel.form.ListView1;
+    const int row = rows.Row();
+    if (list.LogRowAt(row) == 0) {
+        return;
+    }
+    (this->*step)();
+    if (rows.RowCount() > 0) {
+        rows.SelectRow(std::min(row, static_cast<int>(rows.RowCount()) - 1));
+        rows.GiveFocusBack();  // the entry row was only passed through: nothing in it has been left
+    }
 }
 
 void ContactEditing::frmEditCon_Load() {

@@ -25,6 +25,9 @@ struct ContactEditing {
     void ListView1_Click();
     void ListView1_MouseDown(MouseButton button);
     void ListView1_ColumnClick(int column);
+    /// Enter edits the selected contact and Delete asks whether to delete it. Either comes back to the list, where the
+    /// buttons lead to the entry row.
+    void ListView1_KeyDown(int& KeyCode, int Shift);
 
     // The edit form.
     void frmEditCon_Load();
@@ -40,6 +43,7 @@ struct ContactEditing {
 
 private:
     bool DoneOnEnter(int& KeyAscii);
+    void InTheList(void (ContactEditing::*step)());
     bool HasDuplicate();
     bool HasSection();
     void Store();

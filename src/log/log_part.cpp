@@ -111,6 +111,7 @@ void LogPart::BindContacts() {
     form1.cmdList.Click = [this] { editing.cmdList_Click(); };
     form1.ListView1.Click = [this] { editing.ListView1_Click(); };
     form1.ListView1.MouseDown = [this](MouseButton button) { editing.ListView1_MouseDown(button); };
+    form1.ListView1.KeyDown = [this](int& KeyCode, int Shift) { editing.ListView1_KeyDown(KeyCode, Shift); };
     form1.ListView1.ColumnClick = [this](int column) { editing.ListView1_ColumnClick(column); };
 }
 

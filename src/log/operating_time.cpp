@@ -12,6 +12,8 @@ namespace {
 
 constexpr std::string_view kTimeOnCaption = "&Log \"Time On\"";
 constexpr std::string_view kTimeOffCaption = "&Log \"Time Off\"";
+constexpr Colour kRunning = 0x008000;
+constexpr Colour kOnRunning = 0xFFFFFF;
 constexpr std::int64_t kLeastTimeOff = 1'800;  // seconds that count as time off the air
 
 std::string TwoDigits(double value) {
@@ -63,14 +65,14 @@ void OperatingTime::TimeOn() {
     gLogOnAt = FollowedNow();
     gBandOnAt = gLogOnAt;
     gTimeOn = 1;
-    panel.form.cmdLogOn.SetCaption(kTimeOffCaption);
+    ShowState();
     panel.message.Write(" ");
     Record(1, utc.NowByWholeHours(), true);
 }
 
 void OperatingTime::TimeOff() {
     gTimeOn = 0;
-    panel.form.cmdLogOn.SetCaption(kTimeOnCaption);
+    ShowState();
     contest.preferences.gOpSeconds = gOpSecondsNow;
     const DateTime at = utc.NowByWholeHours();
     Record(0, at, true);
@@ -78,6 +80,14 @@ void OperatingTime::TimeOff() {
                         FormatDateTime(at, "hh:mm:ss") + " Log On after " +
                         FormatDateTime(AddSeconds(at, kLeastTimeOff), "hh:mm:ss"));
     preferencesFile.SavePref();
+}
+
+void OperatingTime::ShowState() {
+    const bool runs = gTimeOn == 1;
+    panel.form.cmdLogOn.SetCaption(runs ? kTimeOffCaption : kTimeOnCaption);
+    panel.form.lblClockState.SetCaption(runs ? "Running" : "Stopped");
+    panel.form.lblClockState.SetBackColor(runs ? kRunning : kButtonFace);
+    panel.form.lblClockState.SetForeColor(runs ? kOnRunning : kWindowText);
 }
 
 void OperatingTime::Timer2_Elapsed() try {

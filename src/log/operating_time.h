@@ -50,6 +50,7 @@ struct OperatingTime {
 private:
     void TimeOn();
     void TimeOff();
+    void ShowState();
     void Record(std::uint8_t on, const DateTime& at, bool withTotal);
     /// The local time. Where the machine's clock was set since it was last looked at, the moments that time is counted
     /// from move with it: what counts is what has passed.

@@ -48,6 +48,12 @@ void SectionGrid::ShowAllNeeded() {
     for (int i = 1; i <= contest.sections.gSectionCount; ++i) {
         ShowNeeded(i, contest.preferences.gColorNeeded);
     }
+    ShowLegend();
+}
+
+void SectionGrid::ShowLegend() {
+    ShowState(form.lblLegend(0), contest.preferences.gColorNeeded, true);
+    ShowState(form.lblLegend(1), contest.preferences.gColorWorked, false);
 }
 
 void SectionGrid::ShowWorked(int section, Colour colour) {

@@ -20,6 +20,9 @@ struct SectionGrid {
     void ShowWorked(int section) { ShowWorked(section, contest.preferences.gColorWorked); }
     void ShowWorked(int section, Colour colour);
     void ShowNeeded(int section, Colour colour);
+
+private:
+    void ShowLegend();
 };
 
 }  // namespace tallyhut

@@ -67,6 +67,7 @@ void Station::ShowExchange() {
     form1.Label2.SetCaption(preferences.gOwnCall);
     form1.Label3.SetCaption(preferences.gOwnCheck);
     form1.Label4.SetCaption(preferences.gOwnSection);
+    form1.lblMode.SetCaption(preferences.gContestMode == 1 ? "Phone" : "CW");
 }
 
 void Station::frmStationID_Load() {

@@ -1,5 +1,6 @@
 #include "reports/entry_form.h"
 
+#include <algorithm>
 #include <array>
 
 #include "log/entry_flow.h"
@@ -9,6 +10,7 @@
 #include "reports/report_text.h"
 #include "reports/saved_file.h"
 #include "support/call_file_stem.h"
+#include "toolkit/key.h"
 #include "values/text.h"
 #include "values/value_error.h"
 
@@ -74,6 +76,31 @@ constexpr std::array kKeptAnswers{
     KeptAnswer{&Form2::Text10, "UserClubName", "OWN_CLUB_NAME"},
 };
 
+/// What of the station stands in an entry, in the order of the exchange.
+struct StationValue {
+    std::string Preferences::*value;
+    std::string_view name;
+};
+
+constexpr std::array kStationValues{
+    StationValue{&Preferences::gOwnCall, "call"},
+    StationValue{&Preferences::gOwnPrec, "precedence"},
+    StationValue{&Preferences::gOwnCheck, "check"},
+    StationValue{&Preferences::gOwnSection, "section"},
+};
+
+/// Empty where the station form has been filled in.
+std::string MissingText(const Preferences& station) {
+    std::string missing;
+    for (const StationValue& row : kStationValues) {
+        if (Trim(station.*row.value).empty()) {
+            missing += missing.empty() ? "The entry will lack your " : ", ";
+            missing += row.name;
+        }
+    }
+    return missing.empty() ? missing : missing + ". It is typed in Settings, Setup.";
+}
+
 /// The file and the button that the text names have other names now; operators know the text as it is.
 const MessageBox kOldFormatBox{
     .title = kOldFormatTitle,
@@ -108,6 +135,23 @@ void EntryForm::Form2_Load() {
         (dialog.*answer.box).SetText(machine.settings.Get(kSettings, answer.setting));
     }
     dialog.Frame1.SetCaption(contest.preferences.gOwnCall + "'s License Class:");
+    dialog.lblMissing.SetCaption(MissingText(contest.preferences));
+    typed.Offer();
+}
+
+/// An Enter that closed the form or began the file would come too early for somebody who fills in field after field.
+void EntryForm::Form2_KeyPress(int& KeyAscii) {
+    const Control* here = dialog.Focus();
+    if (KeyAscii != kKeyEnter || here == nullptr || here->kind != ControlKind::TextBox) {
+        return;
+    }
+    KeyAscii = 0;
+    const std::vector<Control*> stops = dialog.TabStops();
+    const auto next = std::find_if(std::ranges::find(stops, here) + 1, stops.end(),
+                                   [](const Control* stop) { return stop->kind == ControlKind::TextBox; });
+    if (next != stops.end()) {
+        (*next)->SetFocus();
+    }
 }
 
 void EntryForm::Text2_KeyPress(int& KeyAscii) {

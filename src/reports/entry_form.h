@@ -6,6 +6,7 @@
 #include "platform/machine.h"
 #include "reports/cabrillo.h"
 #include "reports/summary_sheet.h"
+#include "reports/typed_answers.h"
 #include "support/directories.h"
 #include "support/shared_preferences.h"
 #include "toolkit/desk.h"
@@ -28,6 +29,8 @@ struct EntryForm {
 
     // The form.
     void Form2_Load();
+    /// Enter goes from field to field.
+    void Form2_KeyPress(int& KeyAscii);
     static void Text2_KeyPress(int& KeyAscii);
     /// The Cabrillo file.
     void Command4_Click();
@@ -36,6 +39,8 @@ struct EntryForm {
     /// The summary sheet on paper; the form stays open. Throws PlatformError.
     void Command2_Click();
     void Command3_Click();
+
+    TypedAnswers typed{dialog};
 
 private:
     CabrilloEntry Entry() const;

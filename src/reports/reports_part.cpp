@@ -13,6 +13,9 @@ ReportsPart::ReportsPart(Machine& machine, Desk& desk, SupportPart& support, Log
 
 void ReportsPart::Bind(Form1& form1, LogGuard& guard) {
     form2.Form_Load = [this] { entryForm.Form2_Load(); };
+    form2.Form_KeyPress = [this](int& KeyAscii) { entryForm.Form2_KeyPress(KeyAscii); };
+    form2.Form_Unload = [this] { entryForm.typed.Keep(); };
+    form2.cmdKept.Click = [this] { entryForm.typed.FillIn(); };
     form2.Text2.KeyPress = EntryForm::Text2_KeyPress;
     form2.Command1.Click = [this] { entryForm.Command1_Click(); };
     form2.Command2.Click = [this] { entryForm.Command2_Click(); };

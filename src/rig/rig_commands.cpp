@@ -217,13 +217,14 @@ void RigCommands::Abandon() {
 /// All is as it is to be before the box opens: events run while it stands. A mode that fails ends no frequency command.
 void RigCommands::Fail(Kind kind, const std::string& why) {
     waiting = nullptr;
-    failed();
     if (kind != Kind::SendMode) {
         radio.state.polls = false;
         Abandon();
+        failed();
         Report(kFrequencyError, why);
         return;
     }
+    failed();
     const std::string text = command.mode + ' ' + why;
     if (!command.frequency) {
         command.steps.clear();

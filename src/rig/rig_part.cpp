@@ -15,6 +15,7 @@ RigPart::RigPart(Machine& machine, Desk& desk, SupportPart& support, LogPart& lo
       rigPoll{radio, bandConversion},
       rigCommands{radio, machine.files, support.directories, desk},
       rigSetup{radio, log.preferencesFile, rigPoll, rigCommands, machine.files, support.directories, desk},
+      rigLine{log.form1, radio},
       rigTune{tuneForm, radio, rigCommands},
       frequencyTest{frequencyTestForm, rigCommands, *comComm1} {
     Bind(log.form1, machine.serialPorts);
@@ -33,7 +34,11 @@ void RigPart::BindRigForm(const SerialPorts& ports) {
     rigForm.Form_Activate = [this, &ports] { SetPortToolTips(rigForm.optComm, ports); };
     rigForm.Form_QueryUnload = [this](bool& Cancel) { rigSetup.RigControlfrm_QueryUnload(Cancel); };
     rigForm.Form_Unload = [this] { rigSetup.RigControlfrm_Unload(); };
-    rigForm.tmrGetData.Elapsed = [this] { rigPoll.tmrGetData_Elapsed(); };
+    rigForm.tmrGetData.Elapsed = [this] {
+        rigPoll.tmrGetData_Elapsed();
+        rigLine.Show();
+    };
+    rigSetup.pollingEnded = [this] { rigLine.Show(); };
     rigForm.tmrCommand.Elapsed = [this] { rigCommands.tmrCommand_Elapsed(); };
     rigForm.List1.Click = [this] { rigSetup.List1_Click(); };
     rigForm.txtFreq.Change = [this] { rigSetup.txtFreq_Change(); };
@@ -69,7 +74,10 @@ void RigPart::BindTuneForm() {
     tuneForm.Command1.Click = [this] { rigTune.Command1_Click(); };
     tuneForm.cmdDone.Click = [this] { rigTune.cmdDone_Click(); };
     tuneForm.Timer1.Elapsed = [this] { rigTune.Timer1_Elapsed(); };
-    rigCommands.failed = [this] { rigTune.EndScan(); };
+    rigCommands.failed = [this] {
+        rigTune.EndScan();
+        rigLine.Show();
+    };
     rigCommands.over = [this] { rigTune.TakeWaitingStep(); };
 }
 

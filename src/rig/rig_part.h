@@ -4,6 +4,7 @@
 
 #include "log/log_part.h"
 #include "rig/frequency_test.h"
+#include "rig/rig_line.h"
 #include "rig/rig_setup.h"
 #include "rig/rig_tune.h"
 
@@ -26,6 +27,7 @@ struct RigPart {
     RigPoll rigPoll;
     RigCommands rigCommands;
     RigSetup rigSetup;
+    RigLine rigLine;
     RigTune rigTune;
     FrequencyTest frequencyTest;
 

@@ -15,6 +15,7 @@ void RigPoll::tmrGetData_Elapsed() {
     const RigRow& rig = radio.Row();
     try {
         if (radio.state.ReadPhase == 1) {
+            ++radio.state.missedPolls;
             if (rig.link != RigLink::Files) {
                 radio.state.RxBuffer = radio.comComm1.ReadAll();
             }
@@ -29,6 +30,7 @@ void RigPoll::tmrGetData_Elapsed() {
         }
     } catch (const PlatformError&) {
         // A cable that is out, a band that cannot be saved: ReadPhase and RxBuffer stay, and the next tick tries again.
+        radio.state.missedPolls += radio.state.ReadPhase == 0 ? 1 : 0;
     } catch (const ValueError&) {
         // A string that is no row of pairs, which the operator may be typing.
     }
@@ -98,6 +100,10 @@ void RigPoll::Run(RigDecoder decoder) {
 }
 
 void RigPoll::Take(const RigReading& reading) {
+    if (reading.frequency || reading.mode) {
+        radio.state.answered = true;
+        radio.state.missedPolls = 0;
+    }
     radio.state.RigFrequency = reading.frequency.value_or(radio.state.RigFrequency);
     if (reading.mode) {
         radio.state.RigMode = *reading.mode;

@@ -208,6 +208,8 @@ void RigSetup::StartPolling() {
         radio.form.tmrGetData.SetInterval(rate->intervalMs);
     }
     radio.state.polls = true;
+    radio.state.answered = false;
+    radio.state.missedPolls = 0;
     radio.form.tmrGetData.SetTimerEnabled(!radio.state.commanding);
 }
 
@@ -215,6 +217,7 @@ void RigSetup::StopPolling() {
     radio.state.polls = false;
     radio.form.tmrGetData.SetTimerEnabled(false);
     commands.Abandon();
+    pollingEnded();
 }
 
 void RigSetup::ShowPolling(bool polling) {

@@ -21,6 +21,7 @@ struct RigSetup {
 
     /// Shows the form on which commands are tried out; returns when it is closed.
     std::function<void()> openFrequencyTest = [] {};
+    std::function<void()> pollingEnded = [] {};
 
     bool FormLoading = false;  ///< a row that is selected meanwhile brings no defaults
 

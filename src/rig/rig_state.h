@@ -17,6 +17,8 @@ struct RigState {
     std::uint8_t VfoDigit = kNoVfoYet;
 
     bool polls = false;       ///< from Test to End Test or a command that failed; also while the poll rests
+    bool answered = false;    ///< a reply was decoded since polling began
+    int missedPolls = 0;      ///< in a row, without a reply that could be decoded
     bool commanding = false;  ///< a command is under way: no poll tick falls between its steps
 };
 

@@ -202,6 +202,8 @@ private:
     static bool TabTaken(Form& form, Control* control, bool backwards);
     bool PressTaken(Control& control, int keyCode);
     static bool RowKeyTaken(Control& control, int keyCode);
+    /// On a list; where a row is selected, it is clicked.
+    bool RightClickTaken(Control& control);
     static bool OptionKeyTaken(Option& option, int keyCode);
     bool TextKeyTaken(TextBox& box, int keyCode, int shift);
     void CopySelection(const TextBox& box);

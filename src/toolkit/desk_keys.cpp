@@ -24,6 +24,11 @@ char MenuLetter(const MenuEntry& entry) {
     return first == std::string::npos ? '\0' : AccessKeyOf('&' + entry.Caption().substr(first));
 }
 
+/// The two keys of a right click.
+bool IsContextKey(int keyCode, int shift) {
+    return (keyCode == kKeyContextMenu && shift == 0) || (keyCode == kKeyF10 && shift == kShift);
+}
+
 bool TakesClicks(const MenuEntry& entry) {
     return entry.State().visible && entry.State().enabled;
 }
@@ -155,6 +160,9 @@ bool Desk::ToolkitKeyTaken(Form& form, Control* control, int keyCode, int shift)
     if (control->kind == ControlKind::TextBox) {
         return TextKeyTaken(static_cast<TextBox&>(*control), keyCode, shift);
     }
+    if (IsContextKey(keyCode, shift)) {
+        return RightClickTaken(*control);
+    }
     if (shift != 0) {
         return false;
     }
@@ -245,6 +253,14 @@ bool Desk::RowKeyTaken(Control& control, int keyCode) {
         control.SetRow(std::clamp(row, 0, rows - 1));
     }
     return true;
+}
+
+bool Desk::RightClickTaken(Control& control) {
+    const bool isList = control.kind == ControlKind::List || control.kind == ControlKind::ListView;
+    if (isList && control.state_.row >= 0) {
+        ClickRow(control, control.state_.row, kRightButton);
+    }
+    return isList;
 }
 
 bool Desk::TextKeyTaken(TextBox& box, int keyCode, int shift) {

@@ -25,6 +25,7 @@ constexpr std::array kNamedKeys{
     NamedKey{"Down", kKeyDown, 0},
     NamedKey{"Insert", kKeyInsert, 0},
     NamedKey{"Delete", kKeyDelete, 0},
+    NamedKey{"Menu", kKeyContextMenu, 0},
     NamedKey{"F1", 112, 0},
     NamedKey{"F2", 113, 0},
     NamedKey{"F3", 114, 0},

@@ -29,6 +29,7 @@ enum KeyCode {
     kKeyDown = 40,
     kKeyInsert = 45,
     kKeyDelete = 46,
+    kKeyContextMenu = 93,
     kKeyF1 = 112,
     kKeyF10 = 121,
     kKeyF12 = 123,

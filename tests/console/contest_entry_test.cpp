@@ -1,4 +1,8 @@
 #include <gtest/gtest.h>
+#include <unistd.h>
+
+#include <filesystem>
+#include <string>
 
 #include "tests/console/console_driver.h"
 
@@ -25,6 +29,51 @@ TEST_F(ContestEntryTest, AnExchangeTypedWithoutAnyNavigationIsLogged) {
     EXPECT_EQ(program.Get("lblNumCurCon"), R"("  2")");
     EXPECT_EQ(program.Get("lblTotScore"), R"("2")");
     EXPECT_EQ(program.Get("Label10(16).foreColor"), program.Get("$gColorWorked"));
+}
+
+/// A first start that stands at the question for the log.
+struct FirstStartTest : testing::Test {
+    void AskForTheLog() { program.Do("click Command1"); }
+
+    ContestFolder folder;
+    ConsoleDriver program{folder.Path(), {"--clock", ConsoleDriver::kStart}, ConsoleDriver::Questions::Open};
+};
+
+TEST_F(FirstStartTest, YesOpensTheEmptyLogOfAFreshFolder) {
+    AskForTheLog();
+    EXPECT_EQ(folder.Read("Log.txt"), "");
+    program.Do("answer Yes");
+    EXPECT_EQ(program.LastTurn(), R"({"ready":"idle","form":"Form1","focus":"txtNum"})");
+    program.LogContact("88aw1xx72mdc");
+    EXPECT_EQ(program.Get("lblTotScore"), R"("2")");
+}
+
+TEST_F(FirstStartTest, NoBeginsAnEmptyLogToo) {
+    AskForTheLog();
+    program.Do("answer No");
+    program.Do(R"(answer "YES")");
+    EXPECT_EQ(program.LastTurn(), R"({"ready":"idle","form":"Form1","focus":"txtNum"})");
+    EXPECT_EQ(folder.Read("Log.txt"), "");
+}
+
+TEST_F(FirstStartTest, WhatTheLogOfAFreshFolderHoldsIsKept) {
+    const std::string record = "\"1\",\"88\",\"A\",\"W1XX\",\"72\",\"MDC\",\"2026/11/07\",\"21:04:33\",\"40\",\"\"\r\n";
+    const ContestFolder other;
+    other.Write("Log.txt", record);
+    ConsoleDriver second{other.Path()};
+    EXPECT_EQ(second.Get("lblTotCon"), R"("  1")");
+    EXPECT_EQ(other.Read("Log.txt"), record);
+}
+
+TEST_F(FirstStartTest, ALogMissingFromAKnownFolderIsNotMade) {
+    program.Do("quit");
+    ASSERT_EQ(unlink((folder.Path() + "/Log.txt").c_str()), 0);
+    ConsoleDriver second{folder.Path(), {"--clock", ConsoleDriver::kStart}, ConsoleDriver::Questions::Open};
+    second.Do("click Command1");
+    EXPECT_NE(second.Do("answer Yes").at(0).find(R"("title":"File Error")"), std::string::npos);
+    second.Do("answer OK");
+    EXPECT_EQ(second.Wait(), 1);
+    EXPECT_FALSE(std::filesystem::exists(folder.Path() + "/Log.txt"));
 }
 
 TEST_F(ContestEntryTest, TheCallFirstModeRoutesTheSameKeys) {

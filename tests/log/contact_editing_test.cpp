@@ -77,6 +77,87 @@ TEST_F(ContactEditingTest, ButtonsForARowAreHiddenUntilARowIsClicked) {
     EXPECT_TRUE(EditButtonsShown());
 }
 
+TEST_F(ContactEditingTest, EnterInTheListEditsTheSelectedContactAndComesBack) {
+    StartOnDesk(ManyContacts(5));
+    ClickRow(2);
+    Meanwhile([this] {
+        EXPECT_EQ(EditForm().txtEditCall.Text(), program->log.Row(3).Call);
+        TypeOver(EditForm().txtEditNum, "999");
+        Press("Enter");
+    });
+    Press("Enter");
+    EXPECT_EQ(program->log.Row(3).Nr, "999");
+    EXPECT_TRUE(Main().ListView1.HasFocus());
+    EXPECT_EQ(Main().ListView1.Row(), 2);
+    EXPECT_TRUE(EditButtonsShown());
+}
+
+TEST_F(ContactEditingTest, EnterInTheListComesBackFromAnEditGivenUp) {
+    StartOnDesk(ManyContacts(5));
+    ClickRow(4);
+    Meanwhile([this] { Press("Esc"); });
+    Press("Enter");
+    EXPECT_TRUE(Main().ListView1.HasFocus());
+    EXPECT_EQ(Main().ListView1.Row(), 4);
+}
+
+TEST_F(ContactEditingTest, DeleteInTheListAsksAndStaysAtItsPlace) {
+    StartOnDesk(ManyContacts(5));
+    ClickRow(1);
+    dialogs.answers.push_back(Answer::Yes);
+    Press("Delete");
+    EXPECT_EQ(TakeBoxes(), Lines{kAreYouSure});
+    EXPECT_EQ(SerialsOnDisk(), "1 2 3 5");
+    EXPECT_TRUE(Main().ListView1.HasFocus());
+    EXPECT_EQ(Main().ListView1.Row(), 1);
+    Press("End");
+    dialogs.answers.push_back(Answer::Yes);
+    Press("Delete");
+    EXPECT_EQ(SerialsOnDisk(), "2 3 5");
+    EXPECT_EQ(Main().ListView1.Row(), 2) << "the last row that is left";
+}
+
+TEST_F(ContactEditingTest, DeleteInTheListAnsweredNoStaysThere) {
+    StartOnDesk(ManyContacts(2));
+    ClickRow(1);
+    dialogs.answers.push_back(Answer::No);
+    Press("Delete");
+    EXPECT_EQ(SerialsOnDisk(), "1 2");
+    EXPECT_TRUE(Main().ListView1.HasFocus());
+    EXPECT_EQ(Main().ListView1.Row(), 1);
+}
+
+TEST_F(ContactEditingTest, DeletingTheOnlyContactFromTheListLeadsToTheEntryRow) {
+    StartOnDesk(ManyContacts(1));
+    ClickRow(0);
+    dialogs.answers.push_back(Answer::Yes);
+    Press("Delete");
+    EXPECT_EQ(SerialsOnDisk(), "");
+    EXPECT_TRUE(Main().txtNum.HasFocus());
+}
+
+TEST_F(ContactEditingTest, ComingBackToTheListLeavesNoFieldAndLooksForNoDuplicate) {
+    const std::vector<Contact> contacts = ManyContacts(3);
+    StartOnDesk(contacts, 2);
+    Main().txtCall.SetText(contacts[0].Call);
+    ClickRow(1);
+    TakeBoxes();
+    Main().txtCall.SetText(contacts[0].Call);
+    Meanwhile([this] { Press("Esc"); });
+    Press("Enter");
+    EXPECT_EQ(Main().txtCall.Text(), contacts[0].Call);
+}
+
+TEST_F(ContactEditingTest, EnterAndDeleteDoNothingWhereNoRowIsSelected) {
+    StartOnDesk(ManyContacts(2));
+    Main().ListView1.SetFocus();
+    TheDesk().RunPending();
+    Press("Enter");
+    Press("Delete");
+    EXPECT_EQ(TakeBoxes(), Lines{});
+    EXPECT_EQ(SerialsOnDisk(), "1 2");
+}
+
 TEST_F(ContactEditingTest, ListButtonSwitchesBetweenLast20AndAll) {
     StartOnDesk(ManyContacts(500), 2);
     Focus(Main().txtSec);

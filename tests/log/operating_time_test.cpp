@@ -33,6 +33,19 @@ TEST_F(OperatingTimeTest, TimeOnAndTimeOffAreRecordedAndTheReturnIsTold) {
     EXPECT_NE(files.contents.at(kPreferencesPath).find("\r\n600\r\n"), std::string::npos);
 }
 
+TEST_F(OperatingTimeTest, WhetherTheClockRunsIsShownByAWordAndAColour) {
+    Start();
+    const Label& state = Main().lblClockState;
+    EXPECT_EQ(state.Caption(), "Stopped");
+    EXPECT_EQ(state.State().backColor, kButtonFace);
+    Click(Main().cmdLogOn);
+    EXPECT_EQ(state.Caption(), "Running");
+    EXPECT_EQ(state.State().backColor, 0x008000);
+    Click(Main().cmdLogOn);
+    EXPECT_EQ(state.Caption(), "Stopped");
+    EXPECT_EQ(state.State().backColor, kButtonFace);
+}
+
 TEST_F(OperatingTimeTest, TheReturnMayBeOnTheNextDayWhileTheDateStays) {
     clock.SetNow({2026, 11, 7, 23, 45, 0});
     Start();

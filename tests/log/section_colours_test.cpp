@@ -60,6 +60,10 @@ TEST_F(SectionColoursTest, ChosenColourIsStoredAndShownAtOnceAndReachesTheGridBy
     EXPECT_EQ(dialogs.boxes, (std::vector<std::string>{"colour 1122867", "colour 4478310"}));
     EXPECT_EQ(ColourOf(kMdc), 0xABCDEF);
     EXPECT_EQ(ColourOf(kCt), 0x010203);
+    EXPECT_EQ(Main().lblLegend(0).State().foreColor, 0x010203) << "needed";
+    EXPECT_EQ(Main().lblLegend(1).State().foreColor, 0xABCDEF) << "worked";
+    EXPECT_TRUE(Main().lblLegend(0).State().bold);
+    EXPECT_FALSE(Main().lblLegend(1).State().bold);
     EXPECT_EQ(Stored(), WritePreferences(program->preferences));
     EXPECT_FALSE(Dialog6().IsLoaded());
 }

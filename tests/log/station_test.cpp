@@ -264,6 +264,13 @@ TEST_F(StationTest, NothingIsCheckedAgainstSectionsOrPrecedences) {
     EXPECT_EQ(TakeBoxes(), Lines{});
 }
 
+TEST_F(StationTest, TheMainFormSaysWhichContestItIs) {
+    StartOnDesk();
+    EXPECT_EQ(Main().lblMode.Caption(), "CW");
+    Setup([&] { StationForm().Option2.SetValue(true); });
+    EXPECT_EQ(Main().lblMode.Caption(), "Phone");
+}
+
 TEST_F(StationTest, DoubleQuotesLeaveAReadableSettingsFile) {
     StartOnDesk();
     Setup([&] {

@@ -97,6 +97,123 @@ TEST_F(EntryFormTest, OptionsAndTextsStartAtTheirDefaultsWithEveryLoad) {
     });
 }
 
+/// Done and Esc, the two ways out of the form.
+struct EntryFormsEndTest : EntryFormTest, testing::WithParamInterface<bool> {
+    void End() {
+        if (GetParam()) {
+            PressKeys("Esc");
+        } else {
+            ClickInForm(form2().Command3);
+        }
+    }
+    void PressKeys(const std::string& key) {
+        PostNamed(key);
+        TheDesk().RunPending();
+    }
+};
+
+TEST_P(EntryFormsEndTest, WhatWasTypedIsFilledInAgainWhenAsked) {
+    Start();
+    InForm([this] {
+        EXPECT_FALSE(form2().cmdKept.State().visible) << "nothing was typed yet";
+        form2().Option16.SetValue(true);
+        form2().OptCatYes.SetValue(true);
+        form2().Text2.SetText("K1AA");
+        form2().Text5.SetText("Ren");
+        form2().Text11.SetText("Fun");
+        End();
+    });
+    EXPECT_TRUE(dialogs.boxes.empty()) << "neither way out asks";
+    InForm([this] {
+        EXPECT_TRUE(form2().Option11.Value());
+        EXPECT_EQ(form2().Text5.Text(), "");
+        EXPECT_TRUE(form2().cmdKept.State().visible);
+        ClickInForm(form2().cmdKept);
+        EXPECT_TRUE(form2().Option16.Value());
+        EXPECT_TRUE(form2().OptCatYes.Value());
+        EXPECT_EQ(form2().Text2.Text(), "K1AA");
+        EXPECT_EQ(form2().Text5.Text(), "Ren");
+        EXPECT_EQ(form2().Text11.Text(), "Fun");
+        EXPECT_FALSE(form2().cmdKept.State().visible) << "it has nothing more to fill in";
+        End();
+    });
+}
+
+TEST_P(EntryFormsEndTest, WhatOnlyTheSheetTakesStaysWithoutAsking) {
+    Start();
+    InForm([this] {
+        form2().Text1.SetText("K1AA");
+        form2().Text3.SetText("A rig");
+        form2().Text4.SetText("A dipole");
+        form2().Text9.SetText("100");
+        End();
+    });
+    InForm([this] {
+        EXPECT_EQ(form2().Text1.Text(), "K1AA");
+        EXPECT_EQ(form2().Text3.Text(), "A rig");
+        EXPECT_EQ(form2().Text4.Text(), "A dipole");
+        EXPECT_EQ(form2().Text9.Text(), "100");
+        EXPECT_FALSE(form2().cmdKept.State().visible);
+        End();
+    });
+}
+
+INSTANTIATE_TEST_SUITE_P(WaysOut, EntryFormsEndTest, testing::Bool(),
+                         [](const auto& way) { return way.param ? "Esc" : "Done"; });
+
+TEST_F(EntryFormTest, EnterGoesFromFieldToFieldAndInTheLastOneNowhere) {
+    Start();
+    const std::vector<TextBox*> fields{&form2().Text2, &form2().Text5,  &form2().Text6,  &form2().Text7,
+                                       &form2().Text8, &form2().Text10, &form2().Text11, &form2().Text1,
+                                       &form2().Text3, &form2().Text4,  &form2().Text9};
+    InForm([&] {
+        fields.front()->SetFocus();
+        TheDesk().RunPending();
+        for (const TextBox* field : fields) {
+            EXPECT_EQ(form2().Focus(), field);
+            PostNamed("Enter");
+            TheDesk().RunPending();
+        }
+        EXPECT_EQ(form2().Focus(), fields.back());
+        EXPECT_TRUE(form2().IsLoaded());
+        EXPECT_EQ(fields.back()->Text(), "");
+    });
+    EXPECT_TRUE(dialogs.boxes.empty());
+}
+
+TEST_F(EntryFormTest, EnterOnAButtonClicksIt) {
+    Start();
+    InForm([this] {
+        form2().Command3.SetFocus();
+        TheDesk().RunPending();
+        PostNamed("Enter");
+        TheDesk().RunPending();
+        EXPECT_FALSE(form2().IsLoaded());
+    });
+}
+
+TEST_F(EntryFormTest, WhatTheStationLacksIsToldBeforeAnythingIsWritten) {
+    struct Case {
+        const char *call, *precedence, *check, *section, *told;
+    };
+    const Case cases[] = {
+        {"W9ZZZ", "A", "72", "IL", ""},
+        {"", "A", "72", "IL", "The entry will lack your call. It is typed in Settings, Setup."},
+        {"W9ZZZ", "", "72", "IL", "The entry will lack your precedence. It is typed in Settings, Setup."},
+        {"W9ZZZ", "A", " ", "", "The entry will lack your check, section. It is typed in Settings, Setup."},
+        {"", "", "", "", "The entry will lack your call, precedence, check, section. It is typed in Settings, Setup."},
+    };
+    Start();
+    for (const Case& one : cases) {
+        Preferences& station = program->preferences;
+        station.gOwnCall = one.call;
+        station.gOwnPrec = one.precedence;
+        station.gOwnCheck = one.check;
+        station.gOwnSection = one.section;
+        InForm([&] { EXPECT_EQ(form2().lblMissing.Caption(), one.told); });
+    }
+}
+
 TEST_F(EntryFormTest, OperatorsAreTypedInCapitals) {
     Start();
     InForm([this] {

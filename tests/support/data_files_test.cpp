@@ -187,8 +187,9 @@ TEST(DataFiles, AreLinesEndedByCarriageReturnAndLineFeed) {
 
 TEST(HelpText, SaysWhatToAnswerTheFirstTime) {
     const std::string text = DataFile("readns.txt");
-    EXPECT_LT(text.find("Answer No"), text.find("type YES"));
-    EXPECT_NE(text.find("type YES"), std::string::npos);
+    EXPECT_LT(text.find("Answer Yes"), text.find("Answer No"));
+    EXPECT_LT(text.find("Answer No"), text.find("YES"));
+    EXPECT_NE(text.find("YES"), std::string::npos);
 }
 
 }  // namespace

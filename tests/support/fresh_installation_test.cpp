@@ -41,11 +41,12 @@ struct FreshInstallationTest : testing::Test {
     Directories directories{.WorkingDirectory = "/contest", .DataDirectory = {}, .SharedDirectory = {}};
 };
 
-TEST_F(FreshInstallationTest, AnEmptyFolderGetsAllFilesButNoLog) {
+TEST_F(FreshInstallationTest, AnEmptyFolderGetsAllFilesAndAnEmptyLog) {
     EXPECT_TRUE(IsFresh());
     Make();
     EXPECT_FALSE(IsFresh());
-    EXPECT_EQ(Names(), (std::set<std::string>{"BandPlan.txt", "nspref.txt", "readns.txt", "wave2.txt"}));
+    EXPECT_EQ(Names(), (std::set<std::string>{"BandPlan.txt", "Log.txt", "nspref.txt", "readns.txt", "wave2.txt"}));
+    EXPECT_EQ(Content("Log.txt"), "");
     EXPECT_EQ(Content("wave2.txt"), "the data file wave2.txt");
     EXPECT_EQ(Content("BandPlan.txt"), "the data file BandPlan.txt");
     EXPECT_EQ(Content("readns.txt"), "the data file readns.txt");
@@ -72,7 +73,7 @@ TEST_F(FreshInstallationTest, WhatIsThereStays) {
 }
 
 TEST_F(FreshInstallationTest, AFailureAtAnyWriteLeavesTheFolderFreshForTheNextStart) {
-    for (int nth = 1; nth <= 4; ++nth) {
+    for (int nth = 1; nth <= 5; ++nth) {
         sim::Files blank{"/contest"};
         blank.contents = files.contents;
         blank.AddFolder(kDataFolder);
@@ -110,7 +111,7 @@ TEST(FreshInstallation, OnTheDiskTheProgramsDataFilesAreCopiedByteForByte) {
         EXPECT_EQ(files.Read(folder.At(name)), files.Read(TALLYHUT_DATA_FOLDER + ("/" + name))) << name;
     }
     EXPECT_EQ(files.Read(folder.At("nspref.txt")), kFirstPreferences);
-    EXPECT_FALSE(files.FileExists(folder.At("Log.txt")));
+    EXPECT_EQ(files.Read(folder.At("Log.txt")), "");
 }
 
 }  // namespace

@@ -61,6 +61,25 @@ TEST_F(ListTest, RightClickSelectsTheRowBeforeItsHandlersRun) {
     EXPECT_EQ(view.Row(), 1);
 }
 
+TEST_F(ListTest, TheContextKeysClickTheSelectedRowRight) {
+    view.SetFocus();
+    view.SelectRow(1);
+    TakeEvents();
+    for (const char* key : {"Menu", "Shift+F10"}) {
+        Press(key);
+        EXPECT_EQ(TakeEvents(), "view.MouseDown 2, view.MouseUp 2") << key;
+        EXPECT_EQ(view.Row(), 1);
+    }
+}
+
+TEST_F(ListTest, TheContextKeysDoNothingWhereNoRowIsSelected) {
+    view.SetFocus();
+    TakeEvents();
+    Press("Menu");
+    Press("Shift+F10");
+    EXPECT_EQ(TakeEvents(), "");
+}
+
 TEST_F(ListTest, DoubleClickOnARow) {
     ClickRow(view, 0, kLeftButton, true);
     EXPECT_EQ(TakeEvents(), "view.MouseDown 1, view.MouseUp 1, view.Click, view.DblClick");

@@ -49,6 +49,10 @@ constexpr Style kClock{.text = 1.9, .height = 3.3, .data = true};
 constexpr Style kAmPm{.text = 1.2, .height = 3.3, .data = true};
 constexpr Style kDuration{.text = 1.6, .height = 2.1, .data = true};
 constexpr Style kBand{.text = 2.4, .height = 2.9, .data = true, .bold = true};
+constexpr Style kMode{.text = 1.6, .height = 2.9, .data = true};
+constexpr Style kRigLine{.text = 1.15, .height = 1.6, .data = true};
+constexpr Style kClockState{.text = 0.95, .height = 1.6, .bold = true, .boxed = true};
+constexpr Style kLegend{.text = 0.9, .height = 1.3, .data = true};
 constexpr Style kContacts{.height = 0, .data = true};
 constexpr Style kGridHeading{.height = 0, .bold = true, .quiet = true};
 constexpr Style kSection{.height = 0, .data = true};
@@ -73,50 +77,53 @@ struct Row {
 };
 
 constexpr std::array kRows{
-    Row{"lblSending", Part::Sending, 0, 0, 1, kCaption, 4.6},
-    Row{"lblNumCurCon", Part::Sending, 0, 1, 1, kSending, 4.9},
-    Row{"lblStation(0)", Part::Sending, 0, 2, 1, kCaption, 1.5},
-    Row{"Label1", Part::Sending, 0, 3, 1, kSending, 2.9},
-    Row{"lblStation(1)", Part::Sending, 0, 4, 1, kCaption, 2.3},
-    Row{"Label2", Part::Sending, 0, 5, 1, kSending, 9.2},
-    Row{"lblStation(2)", Part::Sending, 0, 6, 1, kCaption, 1.5},
-    Row{"Label3", Part::Sending, 0, 7, 1, kSending, 2.2},
-    Row{"lblStation(3)", Part::Sending, 0, 8, 1, kCaption, 2},
-    Row{"Label4", Part::Sending, 0, 9, 1, kSending, 3.8},
-    Row{"lblPostConTime", Part::Sending, 0, 11, 1, kCaption, 2.8},
-    Row{"txtPostConTime", Part::Sending, 0, 12, 1, kSmallField, 4.8, "", "hh:mm"},
-    Row{"lblPostConDate", Part::Sending, 0, 13, 1, kCaption, 2.8},
-    Row{"txtPostConDate", Part::Sending, 0, 14, 1, kSmallField, 8.4, "", "yyyy/mm/dd"},
+    // What the station sends stands over the fields for what it hears, each behind what it is.
+    Row{"lblSending", Part::Entry, 0, 0, 1, kCaption, 4.6},
+    Row{"lblNumCurCon", Part::Entry, 0, 1, 1, kSending, 4.9},
+    Row{"lblStation(0)", Part::Entry, 0, 2, 1, kCaption, 1.5},
+    Row{"Label1", Part::Entry, 0, 3, 1, kSending, 2},
+    Row{"lblStation(1)", Part::Entry, 0, 4, 1, kCaption, 2.3},
+    Row{"Label2", Part::Entry, 0, 5, 1, kSending, 15.1},
+    Row{"lblStation(2)", Part::Entry, 0, 6, 1, kCaption, 1.5},
+    Row{"Label3", Part::Entry, 0, 7, 1, kSending, 2.2},
+    Row{"lblStation(3)", Part::Entry, 0, 8, 1, kCaption, 2},
+    Row{"Label4", Part::Entry, 0, 9, 1, kSending, 4.4},
+    Row{"lblEntryHeading(1)", Part::Entry, 1, 0, 2, kCaption},
+    Row{"lblEntryHeading(2)", Part::Entry, 1, 2, 2, kCaption},
+    Row{"lblEntryHeading(3)", Part::Entry, 1, 4, 2, kCaption},
+    Row{"lblEntryHeading(4)", Part::Entry, 1, 6, 2, kCaption},
+    Row{"lblEntryHeading(5)", Part::Entry, 1, 8, 2, kCaption},
+    Row{"txtNum", Part::Entry, 2, 0, 2, kField, 0, "Number"},
+    Row{"txtPre", Part::Entry, 2, 2, 2, kField, 0, "Precedence"},
+    Row{"txtCall", Part::Entry, 2, 4, 2, kField, 0, "Call"},
+    Row{"txtCK", Part::Entry, 2, 6, 2, kField, 0, "Check"},
+    Row{"txtSec", Part::Entry, 2, 8, 2, kField, 0, "Section"},
+    Row{"cmdClear", Part::Entry, 2, 10, 1, kClear, 4.5},
 
-    Row{"lblEntryHeading(1)", Part::Entry, 0, 0, 1, kCaption},
-    Row{"lblEntryHeading(2)", Part::Entry, 0, 1, 1, kCaption},
-    Row{"lblEntryHeading(3)", Part::Entry, 0, 2, 1, kCaption},
-    Row{"lblEntryHeading(4)", Part::Entry, 0, 3, 1, kCaption},
-    Row{"lblEntryHeading(5)", Part::Entry, 0, 4, 1, kCaption},
-    Row{"txtNum", Part::Entry, 1, 0, 1, kField, 9, "Number"},
-    Row{"txtPre", Part::Entry, 1, 1, 1, kField, 3, "Precedence"},
-    Row{"txtCall", Part::Entry, 1, 2, 1, kField, 18, "Call"},
-    Row{"txtCK", Part::Entry, 1, 3, 1, kField, 4, "Check"},
-    Row{"txtSec", Part::Entry, 1, 4, 1, kField, 7, "Section"},
-    Row{"cmdClear", Part::Entry, 1, 5, 1, kClear, 4.5},
-
-    Row{"lblDialog", Part::Message, 0, 0, 2, kMessage, 0, "Message"},
-    Row{"lblPossDup", Part::Message, 1, 0, 1, kCaption},
-    Row{"cmdDup", Part::Message, 1, 1, 1, kSmallButton, 4.5},
-    Row{"lblDupe", Part::Message, 2, 0, 2, kDupes},
+    Row{"lblDialog", Part::Message, 0, 0, 7, kMessage, 0, "Message"},
+    Row{"lblPossDup", Part::Message, 1, 0, 1, kCaption, 10},
+    Row{"lblPostConTime", Part::Message, 1, 2, 1, kCaption, 2.8},
+    Row{"txtPostConTime", Part::Message, 1, 3, 1, kSmallField, 4.8, "", "hh:mm"},
+    Row{"lblPostConDate", Part::Message, 1, 4, 1, kCaption, 2.8},
+    Row{"txtPostConDate", Part::Message, 1, 5, 1, kSmallField, 8.4, "", "yyyy/mm/dd"},
+    Row{"cmdDup", Part::Message, 1, 6, 1, kSmallButton, 4.5},
+    Row{"lblDupe", Part::Message, 2, 0, 7, kDupes},
 
     Row{"Label11", Part::Clock, 0, 0, 1, kCaption},
-    Row{"lblLocalTime", Part::Clock, 0, 1, 2, kCaption},
+    Row{"lblLocalTime", Part::Clock, 0, 1, 3, kCaption},
     Row{"lblutctime", Part::Clock, 1, 0, 1, kBigClock, 13},
-    Row{"lblCurTime", Part::Clock, 1, 1, 1, kClock, 9.5},
-    Row{"Label16", Part::Clock, 1, 2, 1, kAmPm, 2.5},
+    Row{"lblCurTime", Part::Clock, 1, 1, 2, kClock},
+    Row{"Label16", Part::Clock, 1, 3, 1, kAmPm, 2.5},
     Row{"Label12", Part::Clock, 2, 0, 1, kCaption},
     Row{"lblttrack", Part::Clock, 3, 0, 1, kDuration, 8},
-    Row{"Label14", Part::Clock, 2, 1, 2, kCaption},
-    Row{"lbltimeon", Part::Clock, 3, 1, 2, kDuration, 8},
+    Row{"Label14", Part::Clock, 2, 1, 3, kCaption},
+    Row{"lbltimeon", Part::Clock, 3, 1, 3, kDuration},
+    Row{"lblClockState", Part::Clock, 4, 0, 1, kClockState, 4, "Operating time"},
+    Row{"lblBandSwitch", Part::Clock, 4, 1, 3, kCaption},
     Row{"cmdLogOn", Part::Clock, 5, 0, 1, kBigButton, 9},
-    Row{"lblBandSwitch", Part::Clock, 4, 1, 2, kCaption},
-    Row{"Label30", Part::Clock, 5, 1, 2, kBand, 4},
+    Row{"Label30", Part::Clock, 5, 1, 1, kBand, 4.6},
+    Row{"lblMode", Part::Clock, 5, 2, 1, kMode, 4.3, "Contest"},
+    Row{"lblRig", Part::Clock, 6, 1, 3, kRigLine, 0, "Radio"},
 
     Row{"lblRecentContacts", Part::ContactsHead, 0, 0, 1, kTitle, 11},
     Row{"cmdEdit", Part::ContactsHead, 0, 2, 1, kButton, 7},
@@ -125,6 +132,8 @@ constexpr std::array kRows{
     Row{"ListView1", Part::Contacts, 0, 0, 1, kContacts},
 
     Row{"lblSecWkd", Part::SectionsHead, 0, 0, 1, kTitle, 8},
+    Row{"lblLegend(0)", Part::Legend, 0, 0, 1, kLegend, 5},
+    Row{"lblLegend(1)", Part::Legend, 0, 1, 1, kLegend, 5},
     Row{"lblSecOne", Part::Sections, 0, 0, 1, kGridHeading},
     Row{"lblSecTwo", Part::Sections, 0, 1, 1, kGridHeading},
     Row{"lblSecThre", Part::Sections, 0, 2, 1, kGridHeading},
@@ -206,12 +215,12 @@ struct Stretch {
 };
 
 constexpr std::array kStretches{
-    Stretch{Part::Sending, 10, 1},     Stretch{Part::Entry, 0, 110}, Stretch{Part::Entry, 1, 60},
-    Stretch{Part::Entry, 2, 290},      Stretch{Part::Entry, 3, 80},  Stretch{Part::Entry, 4, 120},
-    Stretch{Part::Entry, 5, 62},       Stretch{Part::Message, 0, 1}, Stretch{Part::Clock, 0, 55},
-    Stretch{Part::Clock, 1, 20},       Stretch{Part::Clock, 2, 25},  Stretch{Part::ContactsHead, 1, 1},
-    Stretch{Part::SectionsHead, 0, 1}, Stretch{Part::Score, 0, 3},   Stretch{Part::Score, 1, 2},
-    Stretch{Part::Score, 2, 1},        Stretch{Part::Score, 3, 3},   Stretch{Part::Score, 4, 2},
+    Stretch{Part::Entry, 1, 110}, Stretch{Part::Entry, 3, 60},       Stretch{Part::Entry, 5, 290},
+    Stretch{Part::Entry, 7, 80},  Stretch{Part::Entry, 9, 120},      Stretch{Part::Entry, 10, 62},
+    Stretch{Part::Message, 1, 1}, Stretch{Part::Clock, 0, 55},       Stretch{Part::Clock, 2, 20},
+    Stretch{Part::Clock, 3, 25},  Stretch{Part::ContactsHead, 1, 1}, Stretch{Part::SectionsHead, 0, 1},
+    Stretch{Part::Legend, 2, 1},  Stretch{Part::Score, 0, 3},        Stretch{Part::Score, 1, 2},
+    Stretch{Part::Score, 2, 1},   Stretch{Part::Score, 3, 3},        Stretch{Part::Score, 4, 2},
 };
 
 constexpr std::string_view kSectionLabels = "Label10";
@@ -394,7 +403,6 @@ void Form1Layout::Build() {
     auto* bottom = new QHBoxLayout;
     root->addLayout(bottom, 1);
     QVBoxLayout* entry = panel(*top, 63);
-    AddGrid(Part::Sending, *entry->parentWidget(), *entry, 0);
     AddGrid(Part::Entry, *entry->parentWidget(), *entry, 0);
     AddGrid(Part::Message, *entry->parentWidget(), *entry, 1);
     QVBoxLayout* clock = panel(*top, 37);
@@ -415,6 +423,7 @@ void Form1Layout::Build() {
     QVBoxLayout* sections = panel(*right, 82);
     AddGrid(Part::SectionsHead, *sections->parentWidget(), *sections, 0);
     AddGrid(Part::Sections, *sections->parentWidget(), *sections, 1);
+    AddGrid(Part::Legend, *sections->parentWidget(), *sections, 0);
     QVBoxLayout* score = panel(*right, 18);
     AddGrid(Part::Score, *score->parentWidget(), *score, 1);
     QVBoxLayout* extra = panel(*root, 0);
@@ -616,7 +625,7 @@ void Form1Layout::Arrange() {
     }
     for (const auto& [part, grid] : grids_) {
         const bool tight = part == Part::Score || part == Part::Sections;
-        if (part == Part::Sections) {
+        if (part == Part::Sections || part == Part::Legend) {
             grid->setContentsMargins(qRound(base * 0.4), 0, 0, 0);
         }
         grid->setVerticalSpacing(tight ? 0 : qRound(base * 0.2));

@@ -23,6 +23,7 @@ constexpr std::array kRows{
     Line("lblText(8)", "Text8:*"),
     Line("lblText(10)", "Text10:*"),
     Below("lblText(11)", "Text11:*"),
+    Text("lblMissing"),
     Line("", "Command4"),
 
     Column(2),
@@ -38,6 +39,7 @@ constexpr std::array kRows{
     Line("lblText(9)", "Text9:*"),
 
     Left("Command1 Command2"),
+    Right("cmdKept"),
     Main("Command3"),
 };
 

@@ -30,6 +30,7 @@ constexpr std::array kNamedKeys{
     NamedKey{Qt::Key_Down, kKeyDown, 0},
     NamedKey{Qt::Key_Insert, kKeyInsert, 0},
     NamedKey{Qt::Key_Delete, kKeyDelete, 0},
+    NamedKey{Qt::Key_Menu, kKeyContextMenu, 0},
     NamedKey{Qt::Key_F1, kKeyF1, 0},
     NamedKey{Qt::Key_F2, kKeyF1 + 1, 0},
     NamedKey{Qt::Key_F3, kKeyF1 + 2, 0},

@@ -2,33 +2,82 @@
 
 #include <array>
 
+#include "keying/message_keys.h"
 #include "toolkit/key.h"
 
 namespace tallyhut {
 namespace {
 
-enum class InContest { Any, Cw, Phone };
+/// Where a key counts.
+enum class Where {
+    Anywhere,
+    Keyed,  ///< in a CW contest whose messages are keyed
+};
 
-/// A key of the main form.
+constexpr int kWithoutCtrl = -1;  ///< any Shift state but with Ctrl
+
+/// Keys of the main form with codes from `first` to `last`.
 struct KeyRow {
-    int code;
+    int first;
+    int last;
     int shift;
-    InContest contest;
-    void (*action)(MainFormKeys& keys);
+    Where where;
+    void (*action)(MainFormKeys& keys, int& KeyCode);
     bool goesOn;  ///< whether the controls still see it
 };
 
+constexpr KeyRow CtrlKey(char letter, void (*action)(MainFormKeys& keys, int& KeyCode), bool goesOn) {
+    return {letter, letter, kCtrl, Where::Anywhere, action, goesOn};
+}
+constexpr KeyRow KeyerKeys(int first, int last, void (*action)(MainFormKeys& keys, int& KeyCode), bool goesOn) {
+    return {first, last, kWithoutCtrl, Where::Keyed, action, goesOn};
+}
+
+void ShowMessages(MainFormKeys& keys, int& /*KeyCode*/) {
+    keys.keying.form.Show();
+}
+
 constexpr std::array kKeys{
-    KeyRow{'G', kCtrl, InContest::Any, [](MainFormKeys& keys) { keys.rig.tuneForm.Show(); }, false},
-    KeyRow{'R', kCtrl, InContest::Any, [](MainFormKeys& keys) { keys.rig.rigForm.Show(); }, true},
+    CtrlKey('C', ShowMessages, true),
+    CtrlKey(
+        'G', [](MainFormKeys& keys, int&) { keys.rig.tuneForm.Show(); }, false),
+    CtrlKey(
+        'R', [](MainFormKeys& keys, int&) { keys.rig.rigForm.Show(); }, true),
+    CtrlKey('S', ShowMessages, true),
+    CtrlKey(
+        'W', [](MainFormKeys& keys, int&) { keys.keying.strings.Show(); }, true),
+    KeyerKeys(
+        kKeyUp, kKeyUp,
+        [](MainFormKeys& keys, int&) {
+            keys.keying.messages.UpDown1_UpClick();
+            keys.keying.messages.ShowSpeed();
+        },
+        false),
+    KeyerKeys(
+        kKeyDown, kKeyDown,
+        [](MainFormKeys& keys, int&) {
+            keys.keying.messages.UpDown1_DownClick();
+            keys.keying.messages.ShowSpeed();
+        },
+        false),
+    KeyerKeys(
+        kKeyF12, kKeyF12, [](MainFormKeys& keys, int&) { keys.keying.messages.ToggleKeyboard(); }, true),
+    KeyerKeys(
+        kKeyF1, kKeyF12 - 1,
+        [](MainFormKeys& keys, int& KeyCode) {
+            KeyCode = KeyCode == kKeyF10 ? kCwKeyF10 : KeyCode;
+            keys.keying.messages.FKeyCW(KeyCode);
+        },
+        true),
 };
 
 bool IsPhone(const Preferences& preferences) {
     return preferences.gContestMode == 1;
 }
 
-bool Counts(InContest contest, bool phone) {
-    return contest == InContest::Any || (contest == InContest::Phone) == phone;
+bool Fits(const KeyRow& row, int code, int shift) {
+    const bool shiftFits = row.shift == kWithoutCtrl ? (shift & kCtrl) == 0 : shift == row.shift;
+    return shiftFits && code >= row.first && code <= row.last;
 }
 
 }  // namespace
@@ -37,10 +86,10 @@ bool Counts(InContest contest, bool phone) {
 /// be swallowed.
 void MainFormKeys::Form_KeyDown(int& KeyCode, int Shift) {
     gCtrlKeyTaken = Shift == kCtrl && KeyCode >= 'A' && KeyCode <= 'Z';
-    const bool phone = IsPhone(log.contest.preferences);
+    keying.messages.EndRepeat();
     for (const KeyRow& row : kKeys) {
-        if (row.code == KeyCode && row.shift == Shift && Counts(row.contest, phone)) {
-            row.action(*this);
+        if (Fits(row, KeyCode, Shift) && (row.where == Where::Anywhere || keying.messages.TakesKeys())) {
+            row.action(*this, KeyCode);
             KeyCode = row.goesOn ? KeyCode : 0;
             return;
         }
@@ -54,11 +103,11 @@ void MainFormKeys::Form_KeyPress(int& KeyAscii) {
         return;
     }
     if (KeyAscii != kKeyEsc) {
+        keying.messages.SendTyped(KeyAscii);
         return;
     }
-    if (IsPhone(log.contest.preferences)) {
-        KeyAscii = 0;  // it is for the player alone: no field may take it for the end of a duplicate's red line
-    } else {
+    KeyAscii = 0;  // no field may take it for the end of a duplicate's red line
+    if (!IsPhone(log.contest.preferences) && !keying.messages.StopsAtEsc()) {
         log.entry.cmdClear_Click();
     }
 }

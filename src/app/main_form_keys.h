@@ -1,5 +1,6 @@
 #pragma once
 
+#include "keying/keying_part.h"
 #include "log/log_part.h"
 #include "rig/rig_part.h"
 
@@ -9,6 +10,7 @@ namespace tallyhut {
 struct MainFormKeys {
     LogPart& log;
     RigPart& rig;
+    KeyingPart& keying;
 
     bool gCtrlKeyTaken = false;  ///< the press that goes with this key is swallowed
 

@@ -1,10 +1,12 @@
 #include "app/program.h"
 
 #include <array>
+#include <utility>
 
 #include "app/about.h"
 #include "platform/platform_error.h"
 #include "support/form_scaling.h"
+#include "support/one_device.h"
 
 namespace tallyhut {
 namespace {
@@ -13,9 +15,9 @@ constexpr const char* kProgramTitle = "Tallyhut Log";
 constexpr const char* kTimeNotSaved = "Not all of the operating time could be saved. ";
 
 /// In which order the forms are listed, and unloaded at the end.
-constexpr std::array<std::string_view, 12> kFormOrder{
-    "Form1",    "frmSplash", "frmQ7ZZQLogo", "frmEditCon",    "frmStationID", "Form2",
-    "frmPorts", "Form5",     "Form6",        "RigControlfrm", "frmRigTune",   "frmFrequencyTest",
+constexpr std::array<std::string_view, 14> kFormOrder{
+    "Form1", "frmSplash", "frmQ7ZZQLogo",  "frmEditCon", "frmStationID",     "Form2", "frmPorts",
+    "Form5", "Form6",     "RigControlfrm", "frmRigTune", "frmFrequencyTest", "CWFrm", "frmCWStrings",
 };
 
 std::string AlreadyRunning(const std::string& folder) {
@@ -33,10 +35,11 @@ Program::Program(const Machine& lent, const std::string& workingDirectory)
       logo{desk},
       reportsPart{machine, desk, supportPart, logPart},
       rigPart{machine, desk, supportPart, logPart},
+      keyingPart{machine, desk, supportPart, logPart},
       layout{logPart.form1, lent.screen, logPart.contest.preferences, logPart.preferencesFile},
       look{logPart.form1, lent.settings},
       folderChoice{lent.files, lent.dialogs, lent.settings, lent.environment},
-      keys{logPart, rigPart},
+      keys{logPart, rigPart, keyingPart},
       startUp{machine, supportPart, logPart, layout} {
     desk.ArrangeForms(kFormOrder);
     Connect();
@@ -48,6 +51,7 @@ Program::Program(const Machine& lent, const std::string& workingDirectory)
     supportPart.AddTo(told);
     logPart.AddTo(told);
     rigPart.AddTo(told);
+    keyingPart.AddTo(told);
     told.Add("gCtrlKeyTaken", keys.gCtrlKeyTaken);
 }
 
@@ -69,6 +73,33 @@ void Program::Connect() {
     form1.mnuTaskbar.Click = [this] { layout.mnuTaskbar_Click(); };
     form1.mnuAbout.Click = [this] { machine.dialogs.Show(AboutBox()); };
     startUp.openRigPort = [this] { rigPart.OpenPort(); };
+    ConnectKeying();
+}
+
+void Program::ConnectKeying() {
+    startUp.readCwMessages = [this] { keyingPart.ReadMessages(); };
+    logPart.form1.Form_QueryUnload = [this](bool& Cancel) { Cancel = !keyingPart.MayClose(); };
+    keyingPart.sender.over = [this] {
+        if (std::exchange(closeWaits_, false)) {
+            RequestClose();
+        }
+    };
+    keyingPart.strings.mainKeyDown = [this](int& KeyCode, int Shift) { keys.Form_KeyDown(KeyCode, Shift); };
+    keyingPart.strings.mainKeyPress = [this](int& KeyAscii) { keys.Form_KeyPress(KeyAscii); };
+    // Rig and keyer often share one cable.
+    keyingPart.line.lentPort = [this](int number) -> std::optional<LentPort> {
+        const RigSetup& rig = rigPart.rigSetup;
+        if (!rigPart.comComm1->IsOpen() || !AreOneDevice(machine, rig.openNumber, number)) {
+            return std::nullopt;
+        }
+        return LentPort{.port = *rigPart.comComm1, .dtrIsTaken = rig.TakesDtr(), .rtsIsTaken = rig.TakesRts()};
+    };
+    rigPart.rigSetup.portIsTaken = [this](int number) {
+        KeyLine& line = keyingPart.line;
+        if (line.lent || (line.IsOpen() && AreOneDevice(machine, line.openNumber, number))) {
+            line.Close();
+        }
+    };
 }
 
 /// The first step of a form's load, whatever else it does: to be called when the form's own is bound.
@@ -113,7 +144,11 @@ void Program::Run() {
 }
 
 void Program::RequestClose() {
-    desk.PostAction([this] { logPart.form1.RequestClose(); });
+    desk.PostAction([this] {
+        closeWaits_ = true;
+        logPart.form1.RequestClose();
+        closeWaits_ = keyingPart.sender.gCWSending == 1;
+    });
 }
 
 /// Leaves at once: no form unloads, and no backup is made by this door.

@@ -9,7 +9,9 @@
 #include "app/start_up.h"
 #include "forms/frmQ7ZZQLogo.h"
 #include "forms/frmSplash.h"
+#include "keying/keying_part.h"
 #include "reports/reports_part.h"
+#include "rig/rig_part.h"
 
 namespace tallyhut {
 
@@ -28,6 +30,7 @@ struct Program {
     frmQ7ZZQLogo logo;
     ReportsPart reportsPart;
     RigPart rigPart;
+    KeyingPart keyingPart;
 
     MainFormLayout layout;
     LookMenu look;
@@ -41,11 +44,13 @@ struct Program {
     void Start();
     /// Serves the operator until the program ends.
     [[noreturn]] void Run();
-    /// The close box of the main window, and what a signal to terminate asks for.
+    /// What a signal to terminate asks for: the close box of the main window, again when the message that refuses it
+    /// has been sent.
     void RequestClose();
 
 private:
     void Connect();
+    void ConnectKeying();
     void ScaleAtLoad(Form& form);
     void ClaimFolder();
     void HoldFolder();
@@ -60,6 +65,7 @@ private:
     std::string KeptElsewhere();
 
     std::unique_ptr<Files::FolderLock> folderLock_;
+    bool closeWaits_ = false;  ///< for the end of a message
 };
 
 }  // namespace tallyhut

@@ -105,6 +105,7 @@ struct Form1 : Form {
     MenuEntry mnuSettings;
     MenuEntry mnuSetup;
     MenuEntry mnuRig;
+    MenuEntry mnuCW;
     MenuEntry mnuPorts;
     MenuEntry mnuBand;
     MenuEntry mnu160;
@@ -128,6 +129,7 @@ struct Form1 : Form {
     MenuEntry mnuLookLight;
     MenuEntry mnuLookDark;
     MenuEntry mnuView;
+    MenuEntry mnuCWStrings;
     MenuEntry mnuRigTune;
     MenuEntry mnuReports;
     MenuEntry mnuWriteLog;

@@ -75,6 +75,8 @@ struct Files {
     virtual std::vector<std::string> FilesIn(const std::string& folder) const = 0;
     /// Makes the last level only; the parent must exist.
     virtual void MakeFolder(const std::string& path) = 0;
+    /// Removes a regular file.
+    virtual void Remove(const std::string& path) = 0;
     /// The folder the program was started in.
     virtual std::string CurrentFolder() const = 0;
     /// Throws PlatformError, saying so, when the folder cannot be written.

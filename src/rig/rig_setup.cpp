@@ -184,10 +184,14 @@ void RigSetup::OpenRigPort() {
 
 void RigSetup::TryOpen(const RigRow& rig) {
     radio.comComm1.Close();
+    portIsTaken(radio.settings.commPort);
     radio.comComm1.SetNumber(radio.settings.commPort);
-    if (rig.rtsHandshake) {  // no radio takes it back: it stays until the program ends
+    if (rig.rtsHandshake) {
         radio.comComm1.SetHandshake(Handshake::Rts);
+        handshakes = true;
     }
+    powered = radio.settings.power;
+    openNumber = radio.settings.commPort;
     radio.comComm1.SetSettings(radio.settings.portSettings);
     radio.comComm1.SetDtr(false);
     radio.comComm1.SetRts(false);

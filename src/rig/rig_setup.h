@@ -22,8 +22,17 @@ struct RigSetup {
     /// Shows the form on which commands are tried out; returns when it is closed.
     std::function<void()> openFrequencyTest = [] {};
     std::function<void()> pollingEnded = [] {};
+    /// Before the port of a number is opened: whoever else holds it lets go of it.
+    std::function<void(int number)> portIsTaken = [](int) {};
 
     bool FormLoading = false;  ///< a row that is selected meanwhile brings no defaults
+
+    // What the radio's connection does with the control lines of its port while that is open.
+    bool handshakes = false;    ///< RTS is the line's own; no radio takes it back until the program ends
+    std::string powered = "N";  ///< by "R" RTS, "D" DTR
+    int openNumber = 0;         ///< of the port
+    bool TakesRts() const { return handshakes || powered == "R"; }
+    bool TakesDtr() const { return powered == "D"; }
 
     void RigControlfrm_Load();
     void RigControlfrm_QueryUnload(bool& Cancel);

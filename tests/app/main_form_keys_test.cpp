@@ -20,11 +20,11 @@ struct MainFormKeysTest : ProgramFixture {
 constexpr int kCw = 0;
 constexpr int kPhone = 1;
 
-TEST_F(MainFormKeysTest, CtrlWTypesNothingInAnyField) {
+TEST_F(MainFormKeysTest, CtrlKeyTypesNothingInAnyField) {
     StartInContest(kCw);
     for (TextBox* field : {&Main().txtNum, &Main().txtPre, &Main().txtCall, &Main().txtCK, &Main().txtSec}) {
         Focus(*field);
-        Press("Ctrl+W");
+        Press("Ctrl+K");
         EXPECT_EQ(Fields(), "||||") << field->FullName();
         EXPECT_EQ(FocusedField(), field->FullName());
     }
@@ -42,7 +42,7 @@ TEST_F(MainFormKeysTest, CtrlKeyReachesNoFieldHandler) {
 
 TEST_F(MainFormKeysTest, CtrlKeyThatTypesSwallowsItsOwnCharacterAlone) {
     StartInContest(kCw);
-    Press("Ctrl+W");
+    Press("Ctrl+K");
     EXPECT_FALSE(program->keys.gCtrlKeyTaken);
     Type("8");
     EXPECT_EQ(Fields(), "8||||");
@@ -82,7 +82,7 @@ TEST_F(MainFormKeysTest, CtrlKeyThatTypesNothingSwallowsNoEnter) {
 TEST_F(MainFormKeysTest, KeysTypedAheadOfACtrlKeyAndBehindItAreAllTyped) {
     StartInContest(kCw);
     Post("88");
-    PostNamed("Ctrl+W");
+    PostNamed("Ctrl+K");
     PostNamed("Ctrl+F5");
     Post("7a");
     TheDesk().RunPending();

@@ -283,7 +283,7 @@ TEST_F(DuplicatesTest, KeysOutsideOfTheFieldActAtOnce) {
 
 TEST_F(DuplicatesTest, EscCtrlAndFunctionKeysDoNotWait) {
     StartWithCalls({"W1XX"});
-    for (const std::string_view name : {"Esc", "Ctrl+W", "Ctrl+F", "F1", "F12", "Alt+C", "Left", "Home"}) {
+    for (const std::string_view name : {"Esc", "Ctrl+K", "Ctrl+F", "F1", "F12", "Alt+C", "Left", "Home"}) {
         const std::optional<Key> key = KeyByName(name);
         ASSERT_TRUE(key) << name;
         Leave("W1XX");

@@ -286,6 +286,7 @@ TEST_P(FilesContract, FolderInTheFilesPlaceIsRefused) {
     EXPECT_EQ(FailureOf([&] { files.Replace(log, "A\r\n"); }), log + reason);
     EXPECT_EQ(FailureOf([&] { files.Copy(log, At("Backup.txt")); }), log + reason);
     EXPECT_EQ(FailureOf([&] { files.Copy(At("source"), log); }), log + reason);
+    EXPECT_EQ(FailureOf([&] { files.Remove(log); }), log + reason);
     EXPECT_TRUE(files.FolderExists(log));
     EXPECT_FALSE(files.FileExists(At("Backup.txt")));
 }
@@ -309,6 +310,15 @@ TEST_P(FilesContract, FolderIsMadeOnlyWhereNothingStands) {
     files.Replace(log, "log");
     EXPECT_EQ(FailureOf([&] { files.MakeFolder(At("Archive")); }), At("Archive") + ": File exists");
     EXPECT_EQ(FailureOf([&] { files.MakeFolder(log); }), log + ": File exists");
+}
+
+TEST_P(FilesContract, RemovedFileIsNotThereAnyMore) {
+    files.Replace(log, "log");
+    files.Replace(At("other"), "");
+    files.Remove(log);
+    EXPECT_FALSE(files.FileExists(log));
+    EXPECT_TRUE(files.FileExists(At("other")));
+    EXPECT_EQ(FailureOf([&] { files.Remove(log); }), log + ": No such file or directory");
 }
 
 TEST_P(FilesContract, WritableFolderPassesTheCheckUnchanged) {

@@ -13,10 +13,12 @@ struct NamedTable {
 };
 
 constexpr std::array kTables{
+    NamedTable{"CWFrm", kCWFrmTable},
     NamedTable{"Form2", kForm2Table},
     NamedTable{"Form5", kForm5Table},
     NamedTable{"Form6", kForm6Table},
     NamedTable{"RigControlfrm", kRigControlfrmTable},
+    NamedTable{"frmCWStrings", kFrmCWStringsTable},
     NamedTable{"frmEditCon", kFrmEditConTable},
     NamedTable{"frmFrequencyTest", kFrmFrequencyTestTable},
     NamedTable{"frmPorts", kFrmPortsTable},

@@ -93,9 +93,11 @@ std::vector<ToldControl> ControlsIn(std::string_view controls);
 FormTable TableOf(std::string_view formName);
 
 // One unit a form, named as the form is.
+extern const FormTable kCWFrmTable;
 extern const FormTable kForm2Table;
 extern const FormTable kForm5Table;
 extern const FormTable kForm6Table;
+extern const FormTable kFrmCWStringsTable;
 extern const FormTable kFrmEditConTable;
 extern const FormTable kFrmFrequencyTestTable;
 extern const FormTable kFrmPortsTable;

@@ -448,6 +448,17 @@ void PosixFiles::MakeFolder(const std::string& path) {
     }
 }
 
+void PosixFiles::Remove(const std::string& path) {
+    struct stat status {};
+    if (lstat(path.c_str(), &status) != 0) {
+        throw PathError(path, errno);
+    }
+    RefuseIrregular(path, status.st_mode);
+    if (unlink(path.c_str()) != 0) {
+        throw PathError(path, errno);
+    }
+}
+
 std::string PosixFiles::CurrentFolder() const {
     std::array<char, PATH_MAX> buffer{};
     if (getcwd(buffer.data(), buffer.size()) == nullptr) {

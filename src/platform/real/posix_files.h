@@ -23,6 +23,7 @@ struct PosixFiles : Files {
     bool IsSameFile(const std::string& one, const std::string& other) const override;
     std::vector<std::string> FilesIn(const std::string& folder) const override;
     void MakeFolder(const std::string& path) override;
+    void Remove(const std::string& path) override;
     std::string CurrentFolder() const override;
     void CheckWritable(const std::string& folder) const override;
     void RemoveLeftovers(const std::string& folder) override;

@@ -220,6 +220,13 @@ void Files::MakeFolder(const std::string& path) {
     folders_.insert(place);
 }
 
+void Files::Remove(const std::string& path) {
+    const std::string place = Whole(path);
+    BeginChange(path, place);
+    CheckReadable(path, place);
+    contents.erase(place);
+}
+
 void Files::CheckWritable(const std::string& folder) const {
     const std::string place = Whole(folder);
     if (const int obstacle = Obstacle(place + "/attempt")) {

@@ -28,6 +28,7 @@ struct Files : tallyhut::Files {
     bool IsSameFile(const std::string& one, const std::string& other) const override;
     std::vector<std::string> FilesIn(const std::string& folder) const override;
     void MakeFolder(const std::string& path) override;
+    void Remove(const std::string& path) override;
     std::string CurrentFolder() const override { return currentFolder_; }
     void CheckWritable(const std::string& folder) const override;
     void RemoveLeftovers(const std::string& folder) override;
@@ -42,8 +43,8 @@ struct Files : tallyhut::Files {
     /// Puts another folder, with other files to come, in the folder's place; a lock on the former one stays with that.
     void SwapFolder(const std::string& path);
 
-    /// Makes the nth Append, Replace, Write, Copy or MakeFolder from now fail for the reason, leaving all as it was; a
-    /// Write leaves the first half of what it was to write. 1 is the next one.
+    /// Makes the nth Append, Replace, Write, Copy, MakeFolder or Remove from now fail for the reason, leaving all as it
+    /// was; a Write leaves the first half of what it was to write. 1 is the next one.
     void FailAt(int nth, const std::string& reason);
     /// Makes the nth of those do its work and then fail with UnconfirmedError for the reason. Only an Append, a Replace
     /// or a Copy may be the nth.

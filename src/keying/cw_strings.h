@@ -1,0 +1,29 @@
+#pragma once
+
+#include "forms/frmCWStrings.h"
+#include "keying/cw_messages.h"
+
+namespace tallyhut {
+
+/// The list of what the function keys send. It changes no message.
+struct CwStrings {
+    frmCWStrings& form;
+    const CWFrm& messagesForm;
+    CwMessages& messages;
+
+    /// The main form's own.
+    std::function<void(int& KeyCode, int Shift)> mainKeyDown = [](int&, int) {};
+    std::function<void(int& KeyAscii)> mainKeyPress = [](int&) {};
+
+    void frmCWStrings_Activate();
+    void Form_KeyDown(int& KeyCode, int Shift);
+    void Form_KeyPress(int& KeyAscii);
+    /// Of a label of a row, 0 to 11.
+    void Row_DblClick(int row);
+    void Command1_Click();
+
+    void Show();
+    void ShowMinimised();
+};
+
+}  // namespace tallyhut

@@ -107,7 +107,7 @@ void MainFormKeys::Form_KeyPress(int& KeyAscii) {
         return;
     }
     KeyAscii = 0;  // no field may take it for the end of a duplicate's red line
-    if (!IsPhone(log.contest.preferences) && !keying.messages.StopsAtEsc()) {
+    if (!keying.messages.StopsAtEsc() && !IsPhone(log.contest.preferences)) {
         log.entry.cmdClear_Click();
     }
 }

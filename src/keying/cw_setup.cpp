@@ -242,6 +242,9 @@ void CwSetup::Message_KeyPress(int& KeyAscii) {
 void CwSetup::Option_Click(KeyingOutput output) {
     sender.line.Release();
     sender.gCWKeying = output;
+    if (output == kKeyNone && sender.gKeyboardCW != 0) {
+        messages.ToggleKeyboard();  // F12 is no key of ours any more, and what is typed would be lost
+    }
     form.cmdConfWinkey.SetVisible(output == kKeyWinKey);
     ShowPorts();
 }
@@ -259,6 +262,9 @@ void CwSetup::ShowPorts() {
 }
 
 std::string CwSetup::LinesNote() const {
+    if (sender.gCWKeying == kKeyPrinter) {
+        return form.lblRegister.Caption();  // whole, where there is not room for it beside the address
+    }
     const bool isSerial = sender.gCWKeying == kKeyRts || sender.gCWKeying == kKeyDtr;
     const double number = ParseNumber(form.Text10.Text()).value_or(0);
     if (!isSerial || number < kFirstPort || number > kLastPort) {

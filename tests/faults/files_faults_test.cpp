@@ -147,6 +147,21 @@ INSTANTIATE_TEST_SUITE_P(
              "old\r\n", "old\r\n"}),
     [](const auto& tried) { return tried.param.name; });
 
+TEST(RemoveFaults, AFileIsGoneOrItsFailureIsThrown) {
+    const auto prepare = [](FaultyRun& run) { std::ofstream{run.log} << "old\r\n"; };
+    const auto remove = [](FaultyRun& run) { run.files.Remove(run.log); };
+    FaultyRun whole;
+    prepare(whole);
+    whole.Run(remove, 0, 0);
+    EXPECT_EQ(whole.Entries(), 0U);
+    for (std::uint64_t failAt = 1; failAt <= whole.faults.calls; ++failAt) {
+        FaultyRun run;
+        prepare(run);
+        EXPECT_EQ(run.Run(remove, failAt, EIO), Outcome::Threw) << run.Failure();
+        EXPECT_EQ(run.Entries(), 1U) << run.Failure();
+    }
+}
+
 TEST(LeftoverFaults, WhatCannotBeLookedThroughStaysWithoutAFailure) {
     const auto prepare = [](FaultyRun& run) { std::ofstream{run.folder.At(".Log.txt.tallyhut-a1B2c3")} << "half"; };
     const auto remove = [](FaultyRun& run) { run.files.RemoveLeftovers(run.folder.Path()); };

@@ -277,6 +277,27 @@ TEST_F(CwMessagesTest, InKeyboardModeEveryKeyIsSentAndNoneTyped) {
     EXPECT_EQ(Sender().gKeyboardCW, 1);
 }
 
+TEST_F(CwMessagesTest, ChoosingNoOutputEndsTheKeyboardMode) {
+    StartKeying();
+    Press("F12");
+    Choose(Cw().Option4);
+    EXPECT_EQ(Sender().gKeyboardCW, 0);
+    EXPECT_EQ(DialogGround(), 0xC0C000);
+    Focus(Main().txtCall);
+    Type("w1");
+    EXPECT_EQ(Fields(), "||W1||");
+}
+
+TEST_F(CwMessagesTest, EscStopsAMessageThatReachesIntoAPhoneContest) {
+    StartKeying();
+    Cw().Text1.SetText("TEST");
+    Behind(2, [this] {
+        program->preferences.gContestMode = 1;
+        PostNamed("Esc");
+    });
+    EXPECT_EQ(SentBy("F1"), Elements("TE"));
+}
+
 TEST_F(CwMessagesTest, TypedKeysQueueBehindTheRunningText) {
     StartKeying();
     Press("F12");

@@ -129,6 +129,11 @@ void KeyingPart::BindStrings() {
 }
 
 void KeyingPart::BindWinKey() {
+    line.closeKeyer = [this](int number) {
+        if (device.IsOpen() && winKey.gWKPort == number) {
+            winKey.cmdCloseWinkey_Click();
+        }
+    };
     sender.WKTransmit = [this] { winKey.WKTransmit(); };
     messages.wk_clearbuf = [this] { device.wk_clearbuf(); };
     messages.wk_getstatus = [this] { return device.wk_getstatus(); };

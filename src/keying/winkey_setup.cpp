@@ -347,7 +347,7 @@ void WinKeySetup::WKTransmit() {
 bool WinKeySetup::WaitForRoom() {
     while ((messages.gWKStatus = device.wk_getstatus()) > kRoomBelow) {
         sender.clock.SleepUs(kBetweenBytesUs);
-        if (!sender.RunEvents()) {
+        if (!sender.RunEvents() || sender.gCWBuffer.empty()) {
             return false;
         }
     }

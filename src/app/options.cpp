@@ -1,6 +1,7 @@
 #include "app/options.h"
 
 #include <array>
+#include <limits>
 
 #include "platform/serial_port.h"
 #include "values/number.h"
@@ -90,6 +91,14 @@ void TakeParallel(Options& options, const std::string& text) {
     options.simulatesParallel = true;
 }
 
+void TakeSeed(Options& options, const std::string& text) {
+    const auto number = ParseNumber(text);
+    if (!number || *number < 0 || *number > std::numeric_limits<std::uint32_t>::max()) {
+        throw ValueError{"--seed wants a number from 0, not " + text};
+    }
+    options.seed = static_cast<std::uint32_t>(*number);
+}
+
 struct FlagOption {
     std::string_view name;
     void (*take)(Options&);
@@ -120,7 +129,7 @@ constexpr std::array kValueOptions{
     ValueOption{"--parallel", TakeParallel},
     ValueOption{"--sound", kNoUse},
     ValueOption{"--agw", kNoUse},
-    ValueOption{"--seed", kNoUse},
+    ValueOption{"--seed", TakeSeed},
 };
 
 template <typename Table>

@@ -22,6 +22,7 @@ struct Options {
     double utcOffset = 0;                ///< hours from local time to UTC, of the virtual clock
     std::map<int, std::string> ports;    ///< the device of a serial port by its number, or "sim"
     bool simulatesParallel = false;      ///< parallel ports
+    std::optional<std::uint32_t> seed;   ///< of random numbers
     std::optional<ScreenSize> screen;    ///< pixels of the simulated screen
     std::optional<ScreenSize> workArea;  ///< likewise
 };

@@ -142,7 +142,8 @@ int RunConsole(const Options& options, const std::string& workingDirectory, cons
                                       .screen = screen,
                                       .clock = &clock,
                                       .serialPorts = &ports,
-                                      .parallelPorts = options.simulatesParallel ? &parallelPorts : nullptr}),
+                                      .parallelPorts = options.simulatesParallel ? &parallelPorts : nullptr,
+                                      .seed = options.seed}),
                         workingDirectory};
         Commands commands{program, output, pump, dialogs, virtualClock.get(), devices};
         dialogs.runDialog = [&program](const std::function<bool()>& done) { program.desk.RunDialog(done); };

@@ -247,6 +247,9 @@ void CwSetup::Option_Click(KeyingOutput output) {
         messages.ToggleKeyboard();  // F12 is no key of ours any more, and what is typed would be lost
     }
     form.cmdConfWinkey.SetVisible(output == kKeyWinKey);
+    if (output == kKeyWinKey) {
+        loadWinKey();
+    }
     ShowPorts();
 }
 

@@ -37,6 +37,7 @@ struct CwSetup {
 
     /// What follows Done: the list of the messages, and the main form.
     std::function<void()> done = [] {};
+    std::function<void()> loadWinKey = [] {};
     std::function<void()> configureWinKey = [] {};
     std::function<void()> sendPractice = [] {};
 

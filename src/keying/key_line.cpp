@@ -12,6 +12,7 @@ void KeyLine::Open() {
         return;
     }
     closePhonePort();
+    closeKeyer(number);
     openNumber = number;
     if (auto shared = lentPort(number)) {
         lent.emplace(*shared);

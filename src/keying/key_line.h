@@ -28,6 +28,8 @@ struct KeyLine {
     std::function<std::optional<LentPort>(int number)> lentPort = [](int) { return std::nullopt; };
     /// The phone messages may name the same port: theirs is closed before this one opens.
     std::function<void()> closePhonePort = [] {};
+    /// The same for the keyer device, where it is on the port of the number.
+    std::function<void(int number)> closeKeyer = [](int) {};
 
     std::optional<LentPort> lent = {};
     int openNumber = 0;  ///< of the port that is open

@@ -13,6 +13,8 @@ constexpr double kSlowerLoop = 1.111111111111;
 KeyingPart::KeyingPart(Machine& machine, Desk& desk, SupportPart& support, LogPart& log)
     : form{desk},
       stringsForm{desk},
+      winKeyForm{desk},
+      practiceForm{desk},
       comm{machine.serialPorts.NewPort()},
       line{form, *comm, machine.parallelPorts},
       sender{form, line, log.panel, machine.clock},
@@ -24,14 +26,16 @@ KeyingPart::KeyingPart(Machine& machine, Desk& desk, SupportPart& support, LogPa
             machine.serialPorts,
             machine.parallelPorts,
             desk},
-      strings{stringsForm, form, messages} {
+      strings{stringsForm, form, messages},
+      device{machine.serialPorts, machine.clock},
+      winKey{winKeyForm, form, device, sender, messages, {machine.files, support.directories}, machine.serialPorts},
+      practice{practiceForm, form, messages, sender, desk, machine.seed} {
     Bind(log);
 }
 
 void KeyingPart::Bind(LogPart& log) {
     Form1& form1 = log.form1;
     sender.enterContact = [&log] { log.commit.Mains(); };
-    sender.WKTransmit = [this] { sender.gCWBuffer.clear(); };  // there is no device to take it
     form1.txtCall.Change = [this, &form1] {
         messages.gCWCall = form1.txtCall.Text();
         setup.ShowPreview();
@@ -58,6 +62,8 @@ void KeyingPart::Bind(LogPart& log) {
     BindSpeed();
     BindTiming();
     BindStrings();
+    BindWinKey();
+    BindPractice();
 }
 
 void KeyingPart::BindMessages() {
@@ -122,6 +128,62 @@ void KeyingPart::BindStrings() {
     }
 }
 
+void KeyingPart::BindWinKey() {
+    line.closeKeyer = [this](int number) {
+        if (device.IsOpen() && winKey.gWKPort == number) {
+            winKey.cmdCloseWinkey_Click();
+        }
+    };
+    sender.WKTransmit = [this] { winKey.WKTransmit(); };
+    messages.wk_clearbuf = [this] { device.wk_clearbuf(); };
+    messages.wk_getstatus = [this] { return device.wk_getstatus(); };
+    messages.wk_backspace = [this] { device.wk_backspace(); };
+    setup.loadWinKey = [this] { winKeyForm.Load(); };
+    setup.configureWinKey = [this] { winKeyForm.ShowModal(); };
+    form.Text11.Change = [this] { winKey.FollowSpeed(); };
+    winKeyForm.Form_Load = [this] { winKey.frmWinKey_Load(); };
+    winKeyForm.Form_Activate = [this] { winKey.frmWinKey_Activate(); };
+    winKeyForm.Form_Unload = [this] { winKey.frmWinKey_Unload(); };
+    winKeyForm.tmrTrouble.Elapsed = [this] { winKey.tmrTrouble_Elapsed(); };
+    winKeyForm.cmdOpenWinkey.Click = [this] { winKey.cmdOpenWinkey_Click(); };
+    winKeyForm.cmdCloseWinkey.Click = [this] { winKey.cmdCloseWinkey_Click(); };
+    winKeyForm.cmdDone.Click = [this] { winKey.cmdDone_Click(); };
+    winKeyForm.cmdStop.Click = [this] { winKey.cmdStop_Click(); };
+    winKeyForm.Command3.Click = [this] { winKey.Command3_Click(); };
+    for (TextBox* field : {&winKeyForm.txtWKComPort, &winKeyForm.txtWKWPM, &winKeyForm.txtWeight, &winKeyForm.txtRatio,
+                           &winKeyForm.txtLeadIn, &winKeyForm.txtTail}) {
+        field->KeyPress = WinKeySetup::Digits_KeyPress;
+    }
+    winKeyForm.txtWKComPort.LostFocus = [this] { winKey.txtWKComPort_LostFocus(); };
+    winKeyForm.txtWKWPM.LostFocus = [this] { winKey.txtWKWPM_LostFocus(); };
+    winKeyForm.txtWeight.LostFocus = [this] { winKey.txtWeight_LostFocus(); };
+    winKeyForm.txtRatio.LostFocus = [this] { winKey.txtRatio_LostFocus(); };
+    winKeyForm.txtLeadIn.LostFocus = [this] { winKey.LeadTail_LostFocus(winKeyForm.txtLeadIn); };
+    winKeyForm.txtTail.LostFocus = [this] { winKey.LeadTail_LostFocus(winKeyForm.txtTail); };
+    for (const WinKeyOption& row : kWinKeyModes) {
+        (winKeyForm.*row.option).Click = [this, &row] { winKey.Mode_Click(row.value); };
+    }
+    for (const WinKeyOption& row : kWinKeyPins) {
+        (winKeyForm.*row.option).Click = [this, &row] { winKey.Pins_Click(row.value); };
+    }
+}
+
+void KeyingPart::BindPractice() {
+    setup.sendPractice = [this] { practice.Open(); };
+    practiceForm.Form_Load = [this] { practice.frmCodePractice_Load(); };
+    practiceForm.Form_QueryUnload = [this](bool& Cancel) { practice.frmCodePractice_QueryUnload(Cancel); };
+    practiceForm.Text1.KeyPress = CodePractice::Text1_KeyPress;
+    practiceForm.Text5.KeyPress = [this](int& KeyAscii) { practice.Text5_KeyPress(KeyAscii); };
+    practiceForm.Command1.Click = [this] { practice.Command1_Click(); };
+    practiceForm.Command2.Click = [this] { practice.Command2_Click(); };
+    practiceForm.Command3.Click = [this] { practice.Command3_Click(); };
+    practiceForm.Command4.Click = [this] { practice.Command4_Click(); };
+    practiceForm.Command5.Click = [this] { practiceForm.Text2.SetText(""); };
+    practiceForm.Command6.Click = [this] { practiceForm.Text1.SetText(""); };
+    practiceForm.Command7.Click = [this] { practice.Command7_Click(); };
+    practiceForm.Command8.Click = [this] { practice.Command8_Click(); };
+}
+
 void KeyingPart::ReadMessages() {
     form.Load();
     setup.LoadCWSettings();
@@ -145,6 +207,10 @@ void KeyingPart::AddTo(ToldNames& told) const {
     told.Add("gCWRst", messages.gCWRst);
     told.Add("gWKVersion", messages.gWKVersion);
     told.Add("gWKStatus", messages.gWKStatus);
+    told.Add("gWKPort", winKey.gWKPort);
+    told.Add("gWKPinConfig", winKey.gWKPinConfig);
+    told.Add("gWKMode", winKey.gWKMode);
+    told.Add("mSendText", practice.mSendText);
 }
 
 }  // namespace tallyhut

@@ -2,8 +2,10 @@
 
 #include <memory>
 
+#include "keying/code_practice.h"
 #include "keying/cw_setup.h"
 #include "keying/cw_strings.h"
+#include "keying/winkey_setup.h"
 #include "log/log_part.h"
 
 namespace tallyhut {
@@ -14,6 +16,8 @@ struct KeyingPart {
 
     CWFrm form;
     frmCWStrings stringsForm;
+    frmWinKey winKeyForm;
+    frmCodePractice practiceForm;
 
     std::unique_ptr<SerialPort> comm;
     KeyLine line;
@@ -21,6 +25,10 @@ struct KeyingPart {
     CwMessages messages;
     CwSetup setup;
     CwStrings strings;
+
+    WinKey device;
+    WinKeySetup winKey;
+    CodePractice practice;
 
     /// What the start does: the form is loaded, and its file read.
     void ReadMessages();
@@ -36,6 +44,8 @@ private:
     void BindSpeed();
     void BindTiming();
     void BindStrings();
+    void BindWinKey();
+    void BindPractice();
 };
 
 }  // namespace tallyhut

@@ -114,12 +114,13 @@ void MorseSender::SendQueue() {
     }
 }
 
-void MorseSender::RunEvents() {
+bool MorseSender::RunEvents() {
     if (depth == kDeepest) {
-        return;
+        return false;
     }
     const Deeper deeper{depth};
     panel.desk.RunPending();
+    return true;
 }
 
 void MorseSender::LetEventsRun() {

@@ -45,6 +45,8 @@ struct MorseSender {
     void CalibrateCWLoop();
     /// A message ends with it: events run, and a message that was begun too deep inside of others is sent.
     void LetEventsRun();
+    /// Between two characters. False where messages stand inside of each other too deep for it.
+    bool RunEvents();
 
 private:
     class Sending;
@@ -53,7 +55,6 @@ private:
     void KeyCharacter(char character);
     void WaitGap(double units);
     void WaitUnit();
-    void RunEvents();
 };
 
 /// Values of gCWKeying. There is no 4.

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <cstdint>
+#include <optional>
 #include <string>
 
 #include "platform/clipboard.h"
@@ -29,6 +31,7 @@ struct Machine {
     Environment& environment;
     SerialPorts& serialPorts;
     ParallelPorts& parallelPorts;
+    std::optional<std::uint32_t> seed = {};  ///< of random numbers; none for the clock's
     std::string dataFolder = {};  ///< where the files lie that a fresh installation gets
 };
 

@@ -5,7 +5,19 @@
 #include <string_view>
 #include <vector>
 
+#include "platform/platform_error.h"
+
 namespace tallyhut {
+
+/// Which step of an opening failed, behind the opening of the device itself.
+enum class OpenStep { ReadSettings, WriteSettings };
+
+/// A device that could be opened and is no serial line, or does not take the settings.
+struct PortOpenError : PlatformError {
+    PortOpenError(OpenStep failed, const PlatformError& reason) : PlatformError{reason}, step{failed} {}
+
+    OpenStep step;
+};
 
 enum class Handshake { None, XonXoff, Rts, RtsXonXoff };
 

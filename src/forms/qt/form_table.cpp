@@ -19,11 +19,13 @@ constexpr std::array kTables{
     NamedTable{"Form6", kForm6Table},
     NamedTable{"RigControlfrm", kRigControlfrmTable},
     NamedTable{"frmCWStrings", kFrmCWStringsTable},
+    NamedTable{"frmCodePractice", kFrmCodePracticeTable},
     NamedTable{"frmEditCon", kFrmEditConTable},
     NamedTable{"frmFrequencyTest", kFrmFrequencyTestTable},
     NamedTable{"frmPorts", kFrmPortsTable},
     NamedTable{"frmRigTune", kFrmRigTuneTable},
     NamedTable{"frmStationID", kFrmStationIDTable},
+    NamedTable{"frmWinKey", kFrmWinKeyTable},
 };
 
 int Number(std::string_view digits) {

@@ -98,11 +98,13 @@ extern const FormTable kForm2Table;
 extern const FormTable kForm5Table;
 extern const FormTable kForm6Table;
 extern const FormTable kFrmCWStringsTable;
+extern const FormTable kFrmCodePracticeTable;
 extern const FormTable kFrmEditConTable;
 extern const FormTable kFrmFrequencyTestTable;
 extern const FormTable kFrmPortsTable;
 extern const FormTable kFrmRigTuneTable;
 extern const FormTable kFrmStationIDTable;
+extern const FormTable kFrmWinKeyTable;
 extern const FormTable kRigControlfrmTable;
 
 }  // namespace tallyhut

@@ -24,6 +24,7 @@ struct HostDevices {
     Clock* clock = nullptr;
     SerialPorts* serialPorts = nullptr;
     ParallelPorts* parallelPorts = nullptr;
+    std::optional<std::uint32_t> seed = {};
 };
 
 /// The devices of the machine that every host has.
@@ -52,6 +53,7 @@ struct RealMachine {
                 .environment = environment,
                 .serialPorts = host.serialPorts != nullptr ? *host.serialPorts : serialPorts,
                 .parallelPorts = host.parallelPorts != nullptr ? *host.parallelPorts : parallelPorts,
+                .seed = host.seed,
                 .dataFolder = dataFolder};
     }
 };

@@ -69,7 +69,7 @@ Descriptor OpenTty(const std::string& path) {
     }
     struct termios2 present {};
     if (ioctl(tty.Number(), TCGETS2, &present) != 0) {
-        throw PathError(path, errno);
+        throw PortOpenError{OpenStep::ReadSettings, PathError(path, errno)};
     }
     // The lock first: it stops another program of the superuser too, whom the exclusive mode lets pass.
     if (flock(tty.Number(), LOCK_EX | LOCK_NB) != 0) {

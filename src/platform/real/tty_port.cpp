@@ -67,7 +67,9 @@ void TtyPort::Open() {
         if (setup_.rts && !DriverOwnsRts(setup_.handshake)) {  // lowered, it would stay so and stop the other end
             SetRts(*setup_.rts);
         }
-        Apply(setup_.settings, setup_.handshake);
+        if (const int reason = ApplySettings(tty_, setup_.settings, setup_.handshake); reason != 0) {
+            throw PortOpenError{OpenStep::WriteSettings, PathError(path_, reason)};
+        }
     } catch (const PlatformError&) {
         Release();
         throw;

@@ -1,0 +1,36 @@
+#include <array>
+
+#include "forms/qt/form_table.h"
+
+namespace tallyhut {
+namespace {
+
+constexpr std::array kRows{
+    Column(3),
+    Group(),
+    Fill("lblToSend", "Text1"),
+    Fill("lblSent", "Text2"),
+
+    Column(1),
+    Group("What it is for"),
+    Text("Label1"),
+    Group("fraGenerate"),
+    Line("lblGenerate", "Text3:5 lblGroups"),
+    Line("", "Text4:5 lblCharacters"),
+    Line("fraInclude", "Option1 Option2"),
+    Line("", "Command2"),
+    Line("", "Command1"),
+    Group("By hand"),
+    Below("lblType", "Text5:*"),
+    Line("Label7", "Label8:5 Command7 Command8"),
+
+    Left("Command6 Command5"),
+    Right("Command4"),
+    Main("Command3"),
+};
+
+}  // namespace
+
+const FormTable kFrmCodePracticeTable{kRows};
+
+}  // namespace tallyhut

@@ -14,6 +14,7 @@ constexpr int kEndless = 100'000;
 constexpr int kMostInALine = 1'000;     ///< characters: no screen is as wide, and measuring them takes time
 constexpr double kRefusedEdge = 0.25;   ///< of the text's size
 constexpr double kSmallestShare = 0.6;  ///< of the look's size of text
+constexpr int kNarrowest = 2;           ///< pixels of a character, at least
 
 /// Between the edge of a label on a ground of its own and its text.
 int SideOf(const Look& look) {
@@ -101,14 +102,23 @@ LabelWidget::Colours LabelWidget::ColoursOf(const Theme& theme) const {
     return colours;
 }
 
-QFont LabelWidget::FittingFont(const QSize& room) const {
+/// The text, of a line only what can have room in it: a long Morse message is shown anew for each character sent.
+QString LabelWidget::Shown(int width) const {
+    return Wraps() ? drawn_ : drawn_.left(width / kNarrowest + 1);
+}
+
+QFont LabelWidget::FittingFont(const QSize& room, const QString& shown) const {
     QFont font = FullFont();
     const double full = font.pointSizeF();
     constexpr double kStep = 0.05;
     for (double share = 1; share > kSmallestShare; share -= kStep) {
         font.setPointSizeF(full * share);
-        const QSize size = QFontMetrics{font}.boundingRect(QRect{{0, 0}, room}, Flags(), drawn_).size();
+        const QSize size = QFontMetrics{font}.boundingRect(QRect{{0, 0}, room}, Flags(), shown).size();
         if (size.width() <= room.width() && (!Wraps() || size.height() <= room.height())) {
+            break;
+        }
+        if (!Wraps() && size.width() > 2 * room.width()) {  // no size makes it fit
+            font.setPointSizeF(full * (kSmallestShare + kStep));
             break;
         }
     }
@@ -134,9 +144,10 @@ void LabelWidget::paintEvent(QPaintEvent* /*event*/) {
         return;
     }
     const int flags = Flags();
-    painter.setFont(FittingFont(room.size()));
+    const QString shown = Shown(room.width());
+    painter.setFont(FittingFont(room.size(), shown));
     const QString fitting =
-        Wraps() ? drawn_ : painter.fontMetrics().elidedText(drawn_, Qt::ElideRight, room.width(), flags);
+        Wraps() ? shown : painter.fontMetrics().elidedText(shown, Qt::ElideRight, room.width(), flags);
     painter.setPen(isEnabled() ? colours.text : theme.quietText);
     painter.drawText(room, flags, fitting);
 }

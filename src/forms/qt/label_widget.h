@@ -33,8 +33,9 @@ private:
     QFont FullFont() const;
     /// How the text is laid, as flags of the painter.
     int Flags() const;
+    QString Shown(int width) const;
     /// The largest font, from the look's downwards, in which the text fits.
-    QFont FittingFont(const QSize& room) const;
+    QFont FittingFont(const QSize& room, const QString& shown) const;
 
     QString drawn_;
     bool movePending_ = false;

@@ -1,34 +1,36 @@
 #include "forms/qt/theme.h"
 
+#include <QRgba64>
 #include <algorithm>
-#include <array>
 #include <cmath>
+#include <limits>
+#include <vector>
 
 namespace tallyhut {
 namespace {
 
 constexpr QColor kDarkSheet{0x1C, 0x22, 0x28};
 
-constexpr int kMostOfAChannel = 255;
-
 double LinearLight(double channel) {
     return channel <= 0.03928 ? channel / 12.92 : std::pow((channel + 0.055) / 1.055, 2.4);
 }
 
-/// From a table: each painting makes a theme, which asks some thousand times.
-double LightOf(int channel) {
+/// Of a channel's 16 bits, from a table: each painting makes a theme, which asks some thousand times.
+double LightOf(quint16 channel) {
     static const auto lights = [] {
-        std::array<double, kMostOfAChannel + 1> table{};
-        for (std::size_t at = 0; at < table.size(); ++at) {
-            table[at] = LinearLight(static_cast<double>(at) / kMostOfAChannel);
+        constexpr std::size_t kMost = std::numeric_limits<quint16>::max();
+        std::vector<double> table(kMost + 1);
+        for (std::size_t at = 0; at <= kMost; ++at) {
+            table[at] = LinearLight(static_cast<double>(at) / kMost);
         }
         return table;
     }();
-    return lights.at(static_cast<std::size_t>(channel));
+    return lights.at(channel);
 }
 
 double Luminance(const QColor& colour) {
-    return 0.2126 * LightOf(colour.red()) + 0.7152 * LightOf(colour.green()) + 0.0722 * LightOf(colour.blue());
+    const QRgba64 bits = colour.rgba64();
+    return 0.2126 * LightOf(bits.red()) + 0.7152 * LightOf(bits.green()) + 0.0722 * LightOf(bits.blue());
 }
 
 constexpr double kSteps = 50;

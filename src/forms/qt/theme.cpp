@@ -34,6 +34,8 @@ double Luminance(const QColor& colour) {
 }
 
 constexpr double kSteps = 50;
+/// Thin strokes are drawn with their edges blended into the ground, which costs some of a text's contrast.
+constexpr double kStrokeContrast = kReadableContrast + 0.4;
 
 /// Of the candidates between a colour (share 0) and its extreme (share 1), the first that stands out from the ground so
 /// far; the extreme where none does.
@@ -118,7 +120,7 @@ QColor Readable(const QColor& text, const QColor& ground) {
             const float lightness = hsl.lightnessF() + (end - hsl.lightnessF()) * static_cast<float>(share);
             return share == 0 ? text : QColor::fromHslF(std::max(hsl.hslHueF(), 0.0F), hsl.hslSaturationF(), lightness);
         },
-        ground, kReadableContrast);
+        ground, kStrokeContrast);
 }
 
 QColor DarkSheet() {

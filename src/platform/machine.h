@@ -15,6 +15,7 @@
 #include "platform/screen.h"
 #include "platform/serial_port.h"
 #include "platform/settings_store.h"
+#include "platform/tcp_socket.h"
 
 namespace tallyhut {
 
@@ -31,8 +32,9 @@ struct Machine {
     Environment& environment;
     SerialPorts& serialPorts;
     ParallelPorts& parallelPorts;
+    TcpSockets& tcpSockets;
     std::optional<std::uint32_t> seed = {};  ///< of random numbers; none for the clock's
-    std::string dataFolder = {};  ///< where the files lie that a fresh installation gets
+    std::string dataFolder = {};             ///< where the files lie that a fresh installation gets
 };
 
 }  // namespace tallyhut

@@ -8,6 +8,7 @@
 #include "platform/real/desktop_environment.h"
 #include "platform/real/ini_settings.h"
 #include "platform/real/posix_files.h"
+#include "platform/real/posix_socket.h"
 #include "platform/real/ppdev_ports.h"
 #include "platform/real/system_clock.h"
 #include "platform/real/tty_ports.h"
@@ -38,6 +39,7 @@ struct RealMachine {
     DesktopEnvironment environment;
     TtyPorts serialPorts;
     PpdevPorts parallelPorts;
+    PosixSockets tcpSockets;
     std::string dataFolder;
 
     /// What a program is lent.
@@ -53,6 +55,7 @@ struct RealMachine {
                 .environment = environment,
                 .serialPorts = host.serialPorts != nullptr ? *host.serialPorts : serialPorts,
                 .parallelPorts = host.parallelPorts != nullptr ? *host.parallelPorts : parallelPorts,
+                .tcpSockets = tcpSockets,
                 .seed = host.seed,
                 .dataFolder = dataFolder};
     }

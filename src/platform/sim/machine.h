@@ -14,6 +14,7 @@
 #include "platform/sim/screen.h"
 #include "platform/sim/serial_port.h"
 #include "platform/sim/settings_store.h"
+#include "platform/sim/tcp_socket.h"
 
 namespace tallyhut::sim {
 
@@ -42,6 +43,7 @@ struct Machine {
     Environment environment;
     SerialPorts serialPorts{clock};
     ParallelPorts parallelPorts{clock};
+    TcpSockets tcpSockets{pump};
     std::string dataFolder;
 
     /// What a program is lent.
@@ -57,6 +59,7 @@ struct Machine {
                 .environment = environment,
                 .serialPorts = Chosen(real.serialPorts, serialPorts),
                 .parallelPorts = parallelPorts,
+                .tcpSockets = tcpSockets,
                 .dataFolder = dataFolder};
     }
 

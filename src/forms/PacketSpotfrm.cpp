@@ -34,7 +34,7 @@ constexpr OptionRow kData{7380, kSerialTop + 660, 2, 420};
 constexpr OptionRow kStop{8460, kSerialTop + 660, 2, 390};
 constexpr OptionRow kHandshaking{kLeft, kSerialTop + 1320, 4, 1200};
 
-LabelDesign Caption(double left, double top, double width) {
+LabelDesign CaptionAt(double left, double top, double width) {
     return {.place = {left, top, width, 240}};
 }
 
@@ -50,7 +50,7 @@ TextBoxDesign Field(double left, double top, double width, int maxLength, int ta
 
 PacketSpotfrm::PacketSpotfrm(Desk& owner)
     : Form{owner, "PacketSpotfrm", " DX Spotting Setup", {.width = 9600, .height = 7800}},
-      lblSelect{*this, "lblSelect", "Select Option:", Caption(kLeft, 90, 2280)},
+      lblSelect{*this, "lblSelect", "Select Option:", CaptionAt(kLeft, 90, 2280)},
       List1{*this, "List1", {.place = {kLeft, 360, 2280, 1080}, .tabIndex = 1}},
       Frame2{*this, "Frame2", "Main Form", {kLeft, 1560, 2280, 600}},
       OptBand{*this, "OptBand", "Band Map", {.place = {300, 1830, 1080, 270}, .tabIndex = 2}},
@@ -65,23 +65,23 @@ PacketSpotfrm::PacketSpotfrm(Desk& owner)
           *this,
           "txtUnProcessed",
           {.place = {kTerminalLeft, 90, kTerminalWidth, 3480}, .tabIndex = 5, .multiLine = true, .locked = true}},
-      Label6{*this, "Label6", "", Caption(kTerminalLeft, 3690, kTerminalWidth)},
+      Label6{*this, "Label6", "", CaptionAt(kTerminalLeft, 3690, kTerminalWidth)},
       txtSent{*this, "txtSent", Field(kTerminalLeft, 3960, kTerminalWidth, kLongestDescription, 6)},
       Label4{*this, "Label4", "Listening", {.place = {kLeft, 3960, 2280, 240}, .visible = false}},
       Command1{*this, "Command1", "Open Port", Press(kLeft, 70)},
       Command2{*this, "Command2", "Close Port", Press(1740, 71)},
       Command3{*this, "Command3", "&Spot Last", Press(3300, 72)},
       cmdDone{*this, "cmdDone", "&Done", Press(7980, 73)},
-      Label3{*this, "Label3", "Telnet Host:", Caption(kLeft, 4440, 1200)},
+      Label3{*this, "Label3", "Telnet Host:", CaptionAt(kLeft, 4440, 1200)},
       txtTelnetHost{*this, "txtTelnetHost", Field(1380, 4380, 2400, kLongestAnswer, 7)},
-      Label7{*this, "Label7", "Telnet Port:", Caption(3900, 4440, 1080)},
+      Label7{*this, "Label7", "Telnet Port:", CaptionAt(3900, 4440, 1080)},
       txtTelnetPort{*this, "txtTelnetPort", Field(5040, 4380, 780, kLongestNumber, 8)},
-      lblEngine{*this, "lblEngine", "Engine (host:port):", Caption(5940, 4440, 1500)},
+      lblEngine{*this, "lblEngine", "Engine (host:port):", CaptionAt(5940, 4440, 1500)},
       txtEngine{*this, "txtEngine", Field(7440, 4380, 1980, kLongestAnswer, 9)},
-      Label1{*this, "Label1", "TNC cmd mode hex character:", Caption(5280, kSerialTop + 1620, 2400)},
+      Label1{*this, "Label1", "TNC cmd mode hex character:", CaptionAt(5280, kSerialTop + 1620, 2400)},
       txtHex{*this, "txtHex", Field(7740, kSerialTop + 1560, 600, 2, 69)},
       Label2{*this, "Label2", "The TNC must be set to the same speed, parity and bits as this port.",
-             Caption(kLeft, 4740, kWidth)},
+             CaptionAt(kLeft, 4740, kWidth)},
       chkConvToHex{*this,
                    "chkConvToHex",
                    "Convert to Hex",

@@ -6,6 +6,7 @@ namespace tallyhut {
 namespace {
 
 constexpr Colour kBeforeFirstReload = 0x000080;
+constexpr Colour kSpotted = 49152;  ///< green
 constexpr double kRowHeight = 220;
 constexpr double kFirstRow = 3050;
 
@@ -62,6 +63,11 @@ void SectionGrid::ShowWorked(int section, Colour colour) {
 
 void SectionGrid::ShowNeeded(int section, Colour colour) {
     ShowState(form.Label10(section), colour, true);
+}
+
+void SectionGrid::ShowSpotted(int section) {
+    ShowNeeded(section, kSpotted);
+    form.Label10(section).SetUnderlined(true);
 }
 
 }  // namespace tallyhut

@@ -6,7 +6,7 @@
 namespace tallyhut {
 
 /// The sections on the main form, each under the heading of its call area. Their state is told by more than the colour:
-/// needed is bold, worked is not. Neither is underlined: that is how a needed section that is spotted is told.
+/// needed is bold, worked is not; needed and spotted is underlined beside.
 struct SectionGrid {
     Form1& form;
     const Contest& contest;
@@ -20,6 +20,8 @@ struct SectionGrid {
     void ShowWorked(int section) { ShowWorked(section, contest.preferences.gColorWorked); }
     void ShowWorked(int section, Colour colour);
     void ShowNeeded(int section, Colour colour);
+    /// Needed, and a post offers it.
+    void ShowSpotted(int section);
 
 private:
     void ShowLegend();

@@ -1,0 +1,134 @@
+#include "spots/spot_line.h"
+
+#include <algorithm>
+
+#include "values/number.h"
+#include "values/text.h"
+
+namespace tallyhut {
+namespace {
+
+constexpr std::size_t kLeadLength = 3;      ///< "DX "
+constexpr std::size_t kSpotterLength = 35;  ///< of a post from "de" on: the spotter, the frequency and the call
+constexpr std::size_t kTailLength = 12;     ///< time and locator
+
+/// Looked for in this order. The first one has no blank behind it, so that NEEDED is one too.
+constexpr std::array<std::string_view, 5> kRequests{" NEED", " SPOT ", " POST ", " PSE ", " PLEASE "};
+
+constexpr std::string_view kContestLetters = "KANWVCX";
+
+struct PrefixRow {
+    std::string_view prefix;
+    std::string_view section;
+};
+
+/// Three characters are looked for before two.
+constexpr std::array kPrefixes{
+    PrefixRow{"VE1", " MAR "}, PrefixRow{"VE9", " MAR "}, PrefixRow{"VA1", " MAR "}, PrefixRow{"CY9", " MAR "},
+    PrefixRow{"CY0", " MAR "}, PrefixRow{"VY2", " MAR "}, PrefixRow{"VE2", " QC "},  PrefixRow{"VA2", " QC "},
+    PrefixRow{"VE3", " ON "},  PrefixRow{"VA3", " ON "},  PrefixRow{"VE4", " MB "},  PrefixRow{"VA4", " MB "},
+    PrefixRow{"VE5", " SK "},  PrefixRow{"VA5", " SK "},  PrefixRow{"VE6", " AB "},  PrefixRow{"VA6", " AB "},
+    PrefixRow{"VE7", " BC "},  PrefixRow{"VA7", " BC "},  PrefixRow{"VE8", " NT "},  PrefixRow{"VY1", " NT "},
+    PrefixRow{"VY0", " NT "},  PrefixRow{"VO1", " NL "},  PrefixRow{"VO2", " NL "},  PrefixRow{"AH6", " PAC "},
+    PrefixRow{"KH6", " PAC "}, PrefixRow{"NH6", " PAC "}, PrefixRow{"WH6", " PAC "}, PrefixRow{"AH7", " PAC "},
+    PrefixRow{"KH7", " PAC "}, PrefixRow{"NH7", " PAC "}, PrefixRow{"WH7", " PAC "}, PrefixRow{"KP3", " PR "},
+    PrefixRow{"KP4", " PR "},  PrefixRow{"NP3", " PR "},  PrefixRow{"NP4", " PR "},  PrefixRow{"WP3", " PR "},
+    PrefixRow{"WP4", " PR "},  PrefixRow{"KP2", " VI "},  PrefixRow{"NP2", " VI "},  PrefixRow{"WP2", " VI "},
+    PrefixRow{"AL", " AK "},   PrefixRow{"KL", " AK "},   PrefixRow{"NL", " AK "},   PrefixRow{"WL", " AK "},
+};
+
+/// So many characters from a position that counts from 1; what the text does not have is left out.
+std::string_view Columns(std::string_view text, std::size_t first, std::size_t length) {
+    return first > text.size() ? std::string_view{} : text.substr(first - 1, length);
+}
+
+std::string_view SectionOfExactly(std::string_view prefix) {
+    const auto* const found = std::ranges::find(kPrefixes, prefix, &PrefixRow::prefix);
+    return found == kPrefixes.end() ? std::string_view{} : found->section;
+}
+
+bool IsDigit(char character) {
+    return character >= '0' && character <= '9';
+}
+
+/// Where the station is operated from, as the call says behind or before its last stroke.
+std::string PortablePrefix(std::string_view call, std::size_t stroke) {
+    const double middle = static_cast<double>(call.size()) / 2 + 1;
+    if (static_cast<double>(stroke + 1) < middle) {
+        return std::string{call.substr(0, stroke)};
+    }
+    const std::string_view behind = call.substr(stroke + 1);
+    if (!IsNumeric(behind)) {
+        return std::string{behind};
+    }
+    const std::string_view letters{call.begin(), std::ranges::find_if(call, IsDigit)};
+    return std::string{letters} + std::string{behind};
+}
+
+}  // namespace
+
+bool BeginsPost(std::string_view line) {
+    return UpperCase(line.substr(0, 2)) == "DX";
+}
+
+PostColumns ColumnsOf(std::string_view line) {
+    return {.frequency = Trim(Columns(line, 16, 9)), .call = Trim(Columns(line, 27, 13))};
+}
+
+std::string PostOf(std::string_view line) {
+    return Trim(Columns(line, kLeadLength + 1, line.size()));
+}
+
+bool IsRepeat(std::string_view line, std::string_view terminal) {
+    const std::size_t first = std::max<std::size_t>(terminal.size(), kRepeatReach + 1) - kRepeatReach;
+    const std::string_view recent = Columns(terminal, first, terminal.size());
+    return line.size() <= recent.size() && UpperCase(recent).find(UpperCase(line)) != std::string::npos;
+}
+
+bool IsRequest(std::string_view post) {
+    return std::ranges::any_of(kRequests,
+                               [post](std::string_view word) { return post.find(word) != std::string_view::npos; });
+}
+
+bool MayBeOfTheContest(std::string_view call) {
+    return !call.empty() && kContestLetters.find(call.front()) != std::string_view::npos;
+}
+
+std::string_view SectionOfPrefix(std::string_view call) {
+    const std::string_view section = SectionOfExactly(call.substr(0, 3));
+    return section.empty() ? SectionOfExactly(call.substr(0, 2)) : section;
+}
+
+std::string SpotTextOf(std::string_view post, std::string_view section) {
+    if (post.size() > kSpotterLength) {
+        post.remove_prefix(kSpotterLength);
+    }
+    std::string comment{post};
+    if (comment.size() > kTailLength) {
+        comment.resize(comment.size() - kTailLength);
+        comment += "  ";
+        comment += section;
+    }
+    return ' ' + Trim(comment) + "  ";
+}
+
+std::string CallPrefix(std::string_view call) {
+    if (call.size() < 3) {
+        return {};
+    }
+    if (const std::size_t stroke = call.rfind('/'); stroke != std::string_view::npos) {
+        return PortablePrefix(call, stroke);
+    }
+    const std::size_t lastDigit = call.find_last_of("0123456789");
+    return std::string{call.substr(0, lastDigit == std::string_view::npos ? call.size() : lastDigit + 1)};
+}
+
+PostTexts PostTextsOf(std::string_view post, std::string_view section) {
+    const std::string whole = Trim(post) + std::string{section};
+    return {.comment = Trim(Columns(whole, 1, 11)) + "    " + Trim(Columns(whole, 35, 25)) + std::string{section},
+            .behind = Trim(Columns(whole, 62, 5)),
+            .time = std::string{Columns(whole, 68, 4)},
+            .locator = Trim(Columns(whole, 73, 4))};
+}
+
+}  // namespace tallyhut

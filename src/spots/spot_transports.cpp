@@ -1,0 +1,428 @@
+#include "spots/spot_transports.h"
+
+#include <algorithm>
+#include <array>
+
+#include "spots/spot_line.h"
+#include "toolkit/key.h"
+#include "values/hex.h"
+#include "values/number.h"
+#include "values/text.h"
+
+namespace tallyhut {
+namespace {
+
+struct FailureText {
+    int number;
+    std::string_view text;
+};
+
+constexpr std::array kFailureTexts{
+    FailureText{7, "ERROR: Out of memory."},
+    FailureText{380, "ERROR: The property value is invalid."},
+    FailureText{383, "ERROR: The property is read-only."},
+    FailureText{394, "ERROR: The property can't be read."},
+    FailureText{1004, "ERROR: The operation was canceled."},
+    FailureText{10014, "ERROR: The requested address is a broadcast address, but flag is not set."},
+    FailureText{10035, "ERROR: Socket is non-blocking and the specified operation will block."},
+    FailureText{10036, "ERROR: A blocking Winsock operation in progress."},
+    FailureText{10037, "ERROR: The operation is completed. No blocking operation in progress"},
+    FailureText{10038, "ERROR: The descriptor is not a socket."},
+    FailureText{10040, "ERROR: The datagram is too large to fit into the buffer and is truncated."},
+    FailureText{10043, "ERROR: The specified port is not supported."},
+    FailureText{10048, "ERROR: Address in use."},
+    FailureText{10049, "ERROR: Address not available from the local machine."},
+    FailureText{10050, "ERROR: Network subsystem failed."},
+    FailureText{10051, "ERROR: The network cannot be reached from this host at this time."},
+    FailureText{10052, "ERROR: Connection has timed out when SO_KEEPALIVE is set."},
+    FailureText{10053, "ERROR: Connection is aborted due to timeout or other failure."},
+    FailureText{10054, "ERROR: The connection is reset by remote side.!"},
+    FailureText{10055, "ERROR: No buffer space is available."},
+    FailureText{10056, "ERROR: Socket is already connected."},
+    FailureText{10057, "ERROR: Socket is not connected."},
+    FailureText{10058, "ERROR: Socket has been shut down."},
+    FailureText{10060, "ERROR: Socket has been shut down."},
+    FailureText{10061, "ERROR: Connection is forcefully rejected."},
+    FailureText{10093, "ERROR: WinsockInit should be called first."},
+    FailureText{11001, "ERROR: Authoritative answer: Host not found."},
+    FailureText{11002, "ERROR: Non-Authoritative answer: Host not found."},
+    FailureText{11003, "ERROR: Non-recoverable errors."},
+    FailureText{11004, "ERROR: Valid name, no data record of requested type."},
+};
+
+std::string TextOfFailure(int number) {
+    const auto* const row = std::ranges::find(kFailureTexts, number, &FailureText::number);
+    return row != kFailureTexts.end() ? std::string{row->text} : "Error number " + std::to_string(number);
+}
+
+struct HandshakeRow {
+    std::uint8_t stored;
+    Handshake handshake;
+    bool raisesRts;
+};
+
+constexpr std::array kHandshakes{
+    HandshakeRow{1, Handshake::None, false},
+    HandshakeRow{2, Handshake::XonXoff, false},
+    HandshakeRow{3, Handshake::Rts, true},
+    HandshakeRow{4, Handshake::RtsXonXoff, true},
+};
+
+constexpr std::string_view kTwoLineEnds = "\r\n\r\n";
+constexpr std::string_view kCaption = "DX Spotting Setup";
+constexpr std::string_view kNoEngine =
+    "The packet engine does not answer.\n\n"
+    "- Obtain the packet engine's software and install it.\n"
+    "- Configure it for your TNC or sound card, with its TCP interface switched on.\n"
+    "- Start it.\n"
+    "- Click Open from this program.";
+
+constexpr float kTicksToAge = 360;
+constexpr std::size_t kLongPacket = 71;  ///< a text of this length goes out at its next blank
+
+std::string WithCrLf(std::string_view text) {
+    std::string all;
+    for (const char character : text) {
+        all += character == '\n' ? std::string{kLineEnd} : std::string{character};
+    }
+    return all;
+}
+
+std::string Joined(std::initializer_list<std::string_view> parts) {
+    std::string all;
+    for (const std::string_view part : parts) {
+        all += part;
+    }
+    return all;
+}
+
+}  // namespace
+
+void SpotTransports::Replace(std::string_view text) {
+    form.txtUnProcessed.SetText("");
+    Append(text);
+}
+
+/// The caret stands before the last character, so that the view follows the text.
+void SpotTransports::Append(std::string_view text) {
+    form.txtUnProcessed.SetText(WithText(form.txtUnProcessed.Text(), ShownText(text)));
+    const auto length = static_cast<int>(form.txtUnProcessed.Text().size());
+    if (length > 2) {
+        form.txtUnProcessed.SetCaret(length - 1);
+    }
+}
+
+bool SpotTransports::IsShownPost(std::string_view text) const {
+    return IsRepeat(ShownText(text), form.txtUnProcessed.Text());
+}
+
+void SpotTransports::Command1_Click() {
+    Replace(Joined({"** Attempting to Open Port **", kTwoLineEnds}));
+    comm.Close();
+    if (link.type != kNoSource) {
+        form.Label4.SetVisible(true);
+        if (form.IsVisible()) {
+            form.txtSent.SetFocus();
+        }
+    }
+    if (link.type == kTnc) {
+        OpenTnc();
+    } else if (link.type == kTelnet) {
+        OpenTelnet();
+    } else if (link.type == kPacketEngine) {
+        OpenEngine();
+    }
+}
+
+void SpotTransports::OpenTnc() {
+    try {
+        comm.Close();
+        comm.SetNumber(link.commPort);
+        comm.SetSettings(Joined({link.baud, ",", link.parity, ",", link.dataBits, ",", link.stopBits}));
+        comm.SetDtr(false);
+        comm.SetRts(false);
+        for (const HandshakeRow& row : kHandshakes) {
+            if (row.stored == link.handshaking) {
+                comm.SetHandshake(row.handshake);
+                if (row.raisesRts) {
+                    comm.SetRts(true);
+                }
+            }
+        }
+        comm.Open();
+        if (link.power == "R") {
+            comm.SetRts(true);
+        } else if (link.power == "D") {
+            comm.SetDtr(true);
+        }
+        form.Timer1.SetTimerEnabled(true);
+        Append(Joined({"** TNC Serial Port Open **", kTwoLineEnds}));
+    } catch (const PlatformError&) {
+        desk.dialogs.Beep();
+        Append(Joined({"** Unable to open TNC Serial Port **", kTwoLineEnds}));
+        desk.dialogs.Show({.title = "Invalid Comm Settings.",
+                           .text = "The comm port that you selected for DX Spotting is either in use, invalid or the "
+                                   "settings that you have selected are invalid.  Please select another combination "
+                                   "or choose None for your DX Spot selection."});
+        form.Timer1.SetTimerEnabled(false);
+    }
+}
+
+void SpotTransports::OpenTelnet() {
+    const std::string& host = form.txtTelnetHost.Text();
+    const double port = ParseNumber(form.txtTelnetPort.Text()).value_or(0);
+    socket.Connect(Trim(host), std::clamp(port, 0.0, 65'536.0) == port ? static_cast<int>(port) : 0);
+    Replace(Joined({"Attempting connection to: ", host, ":", form.txtTelnetPort.Text(), kTwoLineEnds}));
+    form.Timer1.SetTimerEnabled(true);
+}
+
+/// Where the engine is, as the form shows it: HOST:PORT.
+void SpotTransports::OpenEngine() {
+    const std::string ownCall = Trim(preferences.gOwnCall);
+    if (ownCall.empty()) {
+        desk.dialogs.Show(
+            {.title = "Call Sign Required!", .text = "Please enter your call sign on the setup form to transmit!"});
+        return;
+    }
+    const std::string& address = form.txtEngine.Text();
+    const std::size_t colon = address.rfind(':');
+    const double port = colon == std::string::npos ? 0 : ParseNumber(address.substr(colon + 1)).value_or(0);
+    TellEngineStart(
+        engine.AGWStartPoll(address.substr(0, colon), static_cast<int>(std::clamp(port, 0.0, 65'536.0)), ownCall));
+}
+
+void SpotTransports::TellEngineStart(AgwStart start) {
+    engineStarts_ = start == kAgwConnecting;
+    if (start != kAgwNone) {
+        form.Timer1.SetTimerEnabled(true);
+    }
+    if (start == kAgwReady) {
+        Append(Joined({kLineEnd, "** Successfully connected to AGW Packet Engine **", kTwoLineEnds}));
+    } else if (start == kAgwNone) {
+        desk.dialogs.Show({.title = "Unable to connect to the AGW Packet Engine.", .text = std::string{kNoEngine}});
+        form.Label4.SetVisible(false);
+        Append(WithCrLf(kNoEngine));
+        form.Show();
+        engine.AGWClose();
+        form.Timer1.SetTimerEnabled(false);
+    }
+}
+
+void SpotTransports::Command2_Click() {
+    if (!MeansToListen()) {
+        return;
+    }
+    form.Label4.SetVisible(false);
+    Append(Joined({kTwoLineEnds, "** Port Closed **"}));
+    comm.Close();
+    socket.Close();
+    if (link.type == kPacketEngine) {
+        if (!connectedCall.empty()) {
+            engine.AGWPutData(connectedCall, "", 'd');
+            form.SetCaption(kCaption);
+            connectedCall.clear();
+        }
+        engine.AGWClose();
+        engineStarts_ = false;
+    }
+    form.Timer1.SetTimerEnabled(false);
+}
+
+void SpotTransports::Timer1_Timer() {
+    if (link.type == kTnc) {
+        PollSerial();
+    } else if (link.type == kPacketEngine) {
+        PollEngine();
+    }
+    if (++ticks_ >= kTicksToAge) {
+        ticks_ = 0;
+        age();
+    }
+}
+
+void SpotTransports::PollSerial() {
+    lines_.Add(comm.ReadAll());
+    std::string line;
+    while (lines_.Take(line)) {
+        TakeLine(line);
+    }
+}
+
+void SpotTransports::TakeLine(const std::string& line) {
+    if (IsShownPost(line)) {
+        return;
+    }
+    if (BeginsPost(line)) {
+        Append(line);
+        received(line);
+    } else if (!form.chkDX.Value()) {
+        Append(line);
+    }
+}
+
+void SpotTransports::Socket_Arrived() {
+    const TcpEvent event = socket.Take();
+    if (event.kind == TcpEvent::Kind::Chunk) {
+        TakeChunk(event.bytes);
+    } else if (event.kind == TcpEvent::Kind::Failed) {
+        Socket_Error(event.failure);
+    }
+}
+
+/// One chunk is one line: what begins in its middle is no post, and of several posts the first one counts.
+void SpotTransports::TakeChunk(std::string_view chunk) {
+    const bool listsAll = !form.chkDX.Value();
+    if (listsAll) {
+        Append(chunk);
+    }
+    if (BeginsPost(chunk)) {
+        received(chunk);
+        if (!listsAll) {
+            Append(chunk);
+        }
+    }
+}
+
+void SpotTransports::Socket_Error(int number) {
+    socket.Close();
+    Append(TextOfFailure(number));
+    Command2_Click();
+    desk.dialogs.Beep();
+}
+
+void SpotTransports::PollEngine() {
+    if (engineStarts_) {
+        if (const AgwStart start = engine.Started(); start != kAgwConnecting) {
+            TellEngineStart(start);
+        }
+        return;
+    }
+    AgwFrame frame;
+    if (engine.AGWGetData(frame)) {
+        TakeFrame(frame);
+    }
+}
+
+void SpotTransports::TakeFrame(const AgwFrame& frame) {
+    const FrameTexts texts = TextsOf(frame.kind, frame.call, frame.data, connectedCall.empty());
+    const bool listsAll = !form.chkDX.Value();
+    const std::size_t post = UpperCase(texts.plain).find("DX");
+    if (!IsShownPost(texts.plain) && post <= 1) {
+        Append(texts.plain);
+        received(texts.plain);
+    }
+    if (!connectedCall.empty() && connectedCall == frame.call && listsAll && !BeginsPost(texts.plain)) {
+        Append(texts.plain);
+    }
+    if (connectedCall.empty() && listsAll && UpperCase(texts.full).find("DX ") == std::string::npos &&
+        !BeginsPost(texts.plain)) {
+        Append(texts.full);
+    }
+    if (frame.kind == 'd' && !connectedCall.empty() && frame.call == connectedCall) {
+        Disconnect();
+    }
+    if (frame.kind == 'c' && connectedCall.empty()) {
+        connectedCall = frame.call;
+        Append(Joined({"** Connected to ", connectedCall, " **"}));
+        form.SetCaption(Joined({kCaption, " - Connected to ", connectedCall}));
+        desk.dialogs.Beep();
+    }
+}
+
+void SpotTransports::Disconnect() {
+    desk.dialogs.Beep();
+    desk.dialogs.Beep();
+    Append(Joined({kLineEnd, "** Disconnected from ", connectedCall, " **", kLineEnd}));
+    form.SetCaption(kCaption);
+    connectedCall.clear();
+}
+
+void SpotTransports::txtSent_KeyPress(int& KeyAscii) {
+    if (KeyAscii == kKeyEnter) {
+        KeyAscii = 0;
+        if (!MeansToListen()) {
+            Command1_Click();
+        }
+        Send();
+    } else if (KeyAscii == kKeyEsc) {
+        KeyAscii = link.type == kPacketEngine ? ':' : 0;
+    }
+}
+
+void SpotTransports::Send() {
+    const std::string text = form.txtSent.Text();
+    if (link.type == kTnc && comm.IsOpen()) {
+        comm.Write(text + '\r');
+    } else if (link.type == kTelnet && socket.IsConnected()) {
+        socket.Send(Joined({text, kLineEnd}));
+    } else if (link.type == kTelnet) {
+        Append(Joined({"**  Connection not yet established.  Please wait a moment and try again.", kTwoLineEnds}));
+    } else if (link.type == kPacketEngine && form.Timer1.Enabled()) {
+        SendAgwText(text);
+    }
+    form.txtSent.SetText("");
+}
+
+/// Keeps long messages inside a packet while they are typed.
+void SpotTransports::txtSent_Change() {
+    const std::string& text = form.txtSent.Text();
+    if (link.type == kPacketEngine && form.Timer1.Enabled() && text.size() >= kLongPacket && text.back() == ' ') {
+        SendAgwText(text.substr(0, text.size() - 1));
+        form.txtSent.SetText("");
+    }
+}
+
+void SpotTransports::SendAgwText(const std::string& text) {
+    if (!text.starts_with(':')) {
+        if (!connectedCall.empty()) {
+            engine.AGWPutData(connectedCall, text + '\r', 'D');
+        }
+        return;
+    }
+    const std::string command = UpperCase(text.substr(1, 1));
+    if (command == "D" && !connectedCall.empty()) {
+        engine.AGWPutData(connectedCall, "", 'd');
+    } else if (command == "C") {
+        ConnectStation(UpperCase(Trim(text.substr(2))));
+    }
+}
+
+void SpotTransports::ConnectStation(std::string_view call) {
+    if (call.empty()) {
+        desk.dialogs.Show(
+            {.title = "Call sign Required", .text = "You must enter a call sign to connect to such as :C Q7ZZQ"});
+        return;
+    }
+    engine.AGWPutData(call, "", 'c');
+    engine.AGWPutData(call, "", 'P');
+}
+
+void SpotTransports::Form_KeyDown(int& KeyCode, int Shift) {
+    if (KeyCode != kKeyEsc && !(KeyCode == 'C' && Shift == kCtrl)) {
+        return;
+    }
+    form.chkDX.SetValue(false);
+    if (!MeansToListen()) {
+        Command1_Click();
+    }
+    if (link.type == kTnc && comm.IsOpen()) {
+        const std::uint32_t code = ParseHexNumber(Trim(form.txtHex.Text())).value_or(0);
+        comm.Write(std::string(1, static_cast<char>(code & 0xFFU)));
+        KeyCode = 0;
+        form.txtSent.SetFocus();
+    }
+    if (form.txtSent.Text().empty()) {
+        form.txtSent.SetFocus();
+    }
+}
+
+void SpotTransports::Form_Unload() {
+    if (!connectedCall.empty()) {
+        engine.AGWPutData(connectedCall, "", 'd');
+    }
+    if (link.type == kTnc) {  // that of an engine is ended by closing it
+        engine.AGWClose();
+    }
+}
+
+}  // namespace tallyhut

@@ -160,10 +160,11 @@ void SpotTransports::OpenTnc() {
     } catch (const PlatformError&) {
         desk.dialogs.Beep();
         Append(Joined({"** Unable to open TNC Serial Port **", kTwoLineEnds}));
-        desk.dialogs.Show({.title = "Invalid Comm Settings.",
-                           .text = "The comm port that you selected for DX Spotting is either in use, invalid or the "
-                                   "settings that you have selected are invalid.  Please select another combination "
-                                   "or choose None for your DX Spot selection."});
+        desk.dialogs.Show(
+            MessageBox{.title = "Invalid Comm Settings.",
+                       .text = "The comm port that you selected for DX Spotting is either in use, invalid or the "
+                               "settings that you have selected are invalid.  Please select another combination "
+                               "or choose None for your DX Spot selection."});
         form.Timer1.SetTimerEnabled(false);
     }
 }
@@ -180,8 +181,8 @@ void SpotTransports::OpenTelnet() {
 void SpotTransports::OpenEngine() {
     const std::string ownCall = Trim(preferences.gOwnCall);
     if (ownCall.empty()) {
-        desk.dialogs.Show(
-            {.title = "Call Sign Required!", .text = "Please enter your call sign on the setup form to transmit!"});
+        desk.dialogs.Show(MessageBox{.title = "Call Sign Required!",
+                                     .text = "Please enter your call sign on the setup form to transmit!"});
         return;
     }
     const std::string& address = form.txtEngine.Text();
@@ -192,14 +193,15 @@ void SpotTransports::OpenEngine() {
 }
 
 void SpotTransports::TellEngineStart(AgwStart start) {
-    engineStarts_ = start == kAgwConnecting;
+    engineStarts = start == kAgwConnecting;
     if (start != kAgwNone) {
         form.Timer1.SetTimerEnabled(true);
     }
     if (start == kAgwReady) {
         Append(Joined({kLineEnd, "** Successfully connected to AGW Packet Engine **", kTwoLineEnds}));
     } else if (start == kAgwNone) {
-        desk.dialogs.Show({.title = "Unable to connect to the AGW Packet Engine.", .text = std::string{kNoEngine}});
+        desk.dialogs.Show(
+            MessageBox{.title = "Unable to connect to the AGW Packet Engine.", .text = std::string{kNoEngine}});
         form.Label4.SetVisible(false);
         Append(WithCrLf(kNoEngine));
         form.Show();
@@ -223,7 +225,7 @@ void SpotTransports::Command2_Click() {
             connectedCall.clear();
         }
         engine.AGWClose();
-        engineStarts_ = false;
+        engineStarts = false;
     }
     form.Timer1.SetTimerEnabled(false);
 }
@@ -234,16 +236,16 @@ void SpotTransports::Timer1_Timer() {
     } else if (link.type == kPacketEngine) {
         PollEngine();
     }
-    if (++ticks_ >= kTicksToAge) {
-        ticks_ = 0;
+    if (++ticks >= kTicksToAge) {
+        ticks = 0;
         age();
     }
 }
 
 void SpotTransports::PollSerial() {
-    lines_.Add(comm.ReadAll());
+    lines.Add(comm.ReadAll());
     std::string line;
-    while (lines_.Take(line)) {
+    while (lines.Take(line)) {
         TakeLine(line);
     }
 }
@@ -291,7 +293,7 @@ void SpotTransports::Socket_Error(int number) {
 }
 
 void SpotTransports::PollEngine() {
-    if (engineStarts_) {
+    if (engineStarts) {
         if (const AgwStart start = engine.Started(); start != kAgwConnecting) {
             TellEngineStart(start);
         }
@@ -389,8 +391,8 @@ void SpotTransports::SendAgwText(const std::string& text) {
 
 void SpotTransports::ConnectStation(std::string_view call) {
     if (call.empty()) {
-        desk.dialogs.Show(
-            {.title = "Call sign Required", .text = "You must enter a call sign to connect to such as :C Q7ZZQ"});
+        desk.dialogs.Show(MessageBox{.title = "Call sign Required",
+                                     .text = "You must enter a call sign to connect to such as :C Q7ZZQ"});
         return;
     }
     engine.AGWPutData(call, "", 'c');

@@ -35,6 +35,10 @@ struct SpotTransports {
 
     std::string connectedCall = {};  ///< of the engine; empty while it monitors
 
+    ReceivedLines lines = {};   ///< of the TNC
+    float ticks = 0;            ///< of the timer, since the labels aged last
+    bool engineStarts = false;  ///< not known yet whether the engine is there
+
     /// A line that begins with "DX": of a cluster the whole chunk, whose first line counts.
     std::function<void(std::string_view post)> received = [](std::string_view) {};
     /// About every two minutes while a source is open: the labels of the band map age without new spots.
@@ -55,10 +59,6 @@ struct SpotTransports {
     void txtSent_Change();
 
 private:
-    ReceivedLines lines_ = {};
-    float ticks_ = 0;            ///< since the labels aged last
-    bool engineStarts_ = false;  ///< not known yet whether the engine is there
-
     void Replace(std::string_view text);
     void Append(std::string_view text);
     bool MeansToListen() const { return form.Label4.State().visible; }

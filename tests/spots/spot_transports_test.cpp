@@ -138,10 +138,12 @@ TEST_F(SpotTransportsTest, TncsCommandCharacterGoesAtOnce) {
 
 TEST_F(SpotTransportsTest, PortThatCannotBeOpenedIsTold) {
     machine.serialPorts.Line(1).refusal = "no";
-    machine.dialogs.Expect(Answer::OK);
     Open(kTnc);
     EXPECT_TRUE(Shown().ends_with("** Unable to open TNC Serial Port **\r\n\r\n"));
     EXPECT_FALSE(form.Timer1.Enabled());
+    ASSERT_EQ(machine.dialogs.boxes.size(), 1U);
+    EXPECT_TRUE(machine.dialogs.boxes[0].starts_with("message \"Invalid Comm Settings.\""));
+    EXPECT_EQ(machine.dialogs.beeps, 1);
 }
 
 TEST_F(SpotTransportsTest, EngineOnAnotherComputerIsWaitedForWithoutWaiting) {

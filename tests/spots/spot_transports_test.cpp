@@ -55,6 +55,36 @@ struct SpotTransportsTest : testing::Test {
         EXPECT_EQ(enter, 0);
         EXPECT_EQ(form.txtSent.Text(), "");
     }
+    void OpenEngine() {
+        packetEngine.accepts = true;
+        Open(kPacketEngine);
+        packetEngine.TakeSent();
+    }
+    void FromEngine(char kind, std::string_view call, std::string_view data) {
+        std::string frame(36, '\0');
+        frame[4] = kind;
+        frame.replace(8, call.size(), call);
+        frame.replace(18, 4, "W1AW");
+        frame[28] = static_cast<char>(data.size());
+        packetEngine.Arrive(frame.append(data));
+        spots.Timer1_Timer();
+    }
+    /// What a station sends, as the engine tells of it.
+    void Heard(char kind, std::string_view call, std::string_view information) {
+        FromEngine(kind, call,
+                   " 1:Fm " + std::string{call} + " To CQ <UI>[09:28:19]\r" + std::string{information} + "\r");
+    }
+    void ConnectStation() {
+        OpenEngine();
+        FromEngine('C', "Q7ZZQ", "*** CONNECTED With Station Q7ZZQ\r");
+    }
+    /// What has been shown since the last call.
+    std::string Fresh() {
+        const std::string fresh = Shown().substr(std::min(seen, Shown().size()));
+        seen = Shown().size();
+        return fresh;
+    }
+    std::size_t seen = 0;
     const std::string& Shown() const { return form.txtUnProcessed.Text(); }
 };
 
@@ -153,6 +183,135 @@ TEST_F(SpotTransportsTest, EngineOnAnotherComputerIsWaitedForWithoutWaiting) {
     packetEngine.Accept();
     spots.Timer1_Timer();
     EXPECT_TRUE(Shown().ends_with("\r\n** Successfully connected to AGW Packet Engine **\r\n\r\n"));
+}
+
+TEST_F(SpotTransportsTest, HeardPostIsPostedOnceAndOtherTextIsShownWhole) {
+    OpenEngine();
+    Fresh();
+    Heard('U', "Q7ZZQ-3", kPost);
+    EXPECT_EQ(Fresh(), std::string{kPost} + "\r\n");
+    Heard('U', "Q7ZZQ-3", kPost);
+    EXPECT_EQ(Fresh(), "");
+    EXPECT_EQ(posts, std::vector<std::string>{std::string{kPost} + "\r\n"});
+    Heard('U', "Q3DEF", "hello world");
+    EXPECT_EQ(Fresh(), "UQ3DEF  1:Fm Q3DEF To CQ <UI>[09:28:19]\r\nhello world\r\n");
+    form.chkDX.SetValue(true);
+    Heard('U', "Q3DEF", "hello again");
+    EXPECT_EQ(Fresh(), "");
+}
+
+TEST_F(SpotTransportsTest, PostMayBeginAtTheSecondCharacter) {
+    OpenEngine();
+    Heard('U', "Q7ZZQ-3", ">dx de Q2ABC");
+    Heard('U', "Q7ZZQ-3", ">>dx de Q3ABC");
+    EXPECT_EQ(posts, std::vector<std::string>{">dx de Q2ABC\r\n"});
+}
+
+TEST_F(SpotTransportsTest, OneFrameIsTakenATick) {
+    OpenEngine();
+    Fresh();
+    std::string frame(36, '\0');
+    frame[4] = 'U';
+    frame[28] = 2;
+    packetEngine.Arrive(frame + "a\r" + frame + "b\r");
+    spots.Timer1_Timer();
+    EXPECT_EQ(Fresh(), "U a\r\n");
+    spots.Timer1_Timer();
+    EXPECT_EQ(Fresh(), "U b\r\n");
+}
+
+TEST_F(SpotTransportsTest, StationIsConnectedSpokenToAndLeft) {
+    OpenEngine();
+    Type(":c q7zzq");
+    const std::string asked = packetEngine.TakeSent();
+    EXPECT_EQ(asked.size(), 36U);
+    EXPECT_EQ(asked[4], 'C');
+    EXPECT_EQ(asked.substr(18, 5), "Q7ZZQ");
+    Type("not sent to nobody");
+    EXPECT_EQ(packetEngine.TakeSent(), "");
+    FromEngine('C', "Q7ZZQ", "*** CONNECTED With Station Q7ZZQ\r");
+    EXPECT_EQ(form.Caption(), "DX Spotting Setup - Connected to Q7ZZQ");
+    EXPECT_TRUE(Shown().ends_with("** Connected to Q7ZZQ **"));
+    Type("show/dx");
+    EXPECT_EQ(packetEngine.TakeSent().substr(36), "show/dx\r");
+    Fresh();
+    FromEngine('D', "Q7ZZQ", "text\r");
+    FromEngine('D', "Q7ZZQ", "text\r");
+    EXPECT_EQ(Fresh(), "text\r\ntext\r\n");
+    FromEngine('D', "Q7ZZQ", std::string{kPost} + "\r");
+    EXPECT_EQ(posts.size(), 1U);
+    Type(":D");
+    EXPECT_EQ(packetEngine.TakeSent()[4], 'd');
+    FromEngine('d', "Q7ZZQ", "*** DISCONNECTED From Station Q7ZZQ\r");
+    EXPECT_TRUE(Shown().ends_with("\r\n** Disconnected from Q7ZZQ **\r\n"));
+    EXPECT_EQ(form.Caption(), "DX Spotting Setup");
+    EXPECT_EQ(machine.dialogs.beeps, 3);
+}
+
+TEST_F(SpotTransportsTest, ClosingTheEngineLeavesTheStationFirst) {
+    ConnectStation();
+    spots.Command2_Click();
+    const std::string sent = packetEngine.TakeSent();
+    ASSERT_EQ(sent.size(), 72U);
+    EXPECT_EQ(sent[4], 'd');
+    EXPECT_EQ(sent[40], 'x');
+    EXPECT_EQ(form.Caption(), "DX Spotting Setup");
+    EXPECT_FALSE(packetEngine.isConnected);
+    EXPECT_FALSE(form.Timer1.Enabled());
+}
+
+TEST_F(SpotTransportsTest, CommandsThatAreNoneDoNothing) {
+    ConnectStation();
+    for (const std::string_view text : {":X", ":", ":x y"}) {
+        Type(text);
+    }
+    EXPECT_EQ(packetEngine.TakeSent(), "");
+    Type(":C");
+    EXPECT_EQ(packetEngine.TakeSent(), "");
+    ASSERT_EQ(machine.dialogs.boxes.size(), 1U);
+    EXPECT_TRUE(machine.dialogs.boxes[0].starts_with(
+        "message \"Call sign Required\" \"You must enter a call sign to connect to such as :C Q7ZZQ\""));
+}
+
+TEST_F(SpotTransportsTest, LongTextGoesOutAtABlank) {
+    ConnectStation();
+    form.txtSent.Change = [this] { spots.txtSent_Change(); };
+    const std::string seventy(70, 'x');
+    form.txtSent.SetText(seventy.substr(1) + ' ');
+    EXPECT_EQ(packetEngine.TakeSent(), "");
+    form.txtSent.SetText(seventy + ' ');
+    EXPECT_EQ(packetEngine.TakeSent().substr(36), seventy + '\r');
+    EXPECT_EQ(form.txtSent.Text(), "");
+}
+
+TEST_F(SpotTransportsTest, EscIsAColonForTheEngineAndNothingElsewhere) {
+    OpenEngine();
+    int key = 27;
+    spots.txtSent_KeyPress(key);
+    EXPECT_EQ(key, ':');
+    link.type = kTelnet;
+    key = 27;
+    spots.txtSent_KeyPress(key);
+    EXPECT_EQ(key, 0);
+}
+
+TEST_F(SpotTransportsTest, EngineThatIsNotThereIsTold) {
+    packetEngine.refusal = kTcpRefused;
+    Open(kPacketEngine);
+    ASSERT_EQ(machine.dialogs.boxes.size(), 1U);
+    EXPECT_TRUE(machine.dialogs.boxes[0].starts_with("message \"Unable to connect to the AGW Packet Engine.\""));
+    EXPECT_TRUE(Shown().ends_with("- Click Open from this program."));
+    EXPECT_FALSE(form.Label4.State().visible);
+    EXPECT_FALSE(form.Timer1.Enabled());
+    EXPECT_TRUE(form.IsVisible());
+}
+
+TEST_F(SpotTransportsTest, EngineWantsTheOwnCall) {
+    preferences.gOwnCall = " ";
+    Open(kPacketEngine);
+    ASSERT_EQ(machine.dialogs.boxes.size(), 1U);
+    EXPECT_TRUE(machine.dialogs.boxes[0].starts_with("message \"Call Sign Required!\""));
+    EXPECT_EQ(packetEngine.attempts, 0);
 }
 
 TEST_F(SpotTransportsTest, EveryTwoMinutesTheLabelsAge) {

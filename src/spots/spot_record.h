@@ -14,7 +14,7 @@ struct SpotRecord {
     std::string stopBits = "1";
     std::uint8_t commPort = 1;  ///< 1 to 10
     std::string power = "N";    ///< "N" none, "R" RTS, "D" DTR
-    std::string type;           ///< of the connection; empty for none chosen yet
+    std::string type = "None";  ///< of the connection
     std::uint8_t convertsToHex = 0;
     std::uint8_t handshaking = 3;  ///< 1 none, 2 Xon Xoff, 3 RTS, 4 both
     std::uint8_t listsDxOnly = 0;  ///< stored, and left unset at a start

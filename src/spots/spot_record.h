@@ -20,8 +20,8 @@ struct SpotRecord {
     std::uint8_t listsDxOnly = 0;  ///< stored, and left unset at a start
     bool showsList = false;
     std::string commandCharacter = "03";  ///< hexadecimal, for the command mode of a TNC
-    std::string telnetPort;
-    std::string telnetHost;
+    std::string telnetPort = {};
+    std::string telnetHost = {};
 
     bool operator==(const SpotRecord&) const = default;
 };

@@ -111,5 +111,23 @@ TEST_F(SpotSetupTest, DoneOpensStoresAndHides) {
     EXPECT_EQ(stored.commPort, 2);
 }
 
+TEST_F(SpotSetupTest, LastContactIsSpottedAtItsFrequency) {
+    form.Load();
+    form.List1.SelectRow(2);
+    form.Show();
+    contacts.gContactCount = 1;
+    contacts.Row(1).Call = "Q5XX";
+    contacts.Row(1).Sec = "MDC";
+    contacts.Row(1).Frq = "14.0255";
+    setup.Command3_Click();
+    EXPECT_EQ(form.txtSent.Text(), "DX 14025.5 Q5XX MDC ");
+    EXPECT_EQ(form.txtSent.SelStart(), 20);
+    contacts.Row(1).Frq = "";
+    setup.Command3_Click();
+    EXPECT_EQ(form.txtSent.Text(), "DX Frequency in kHz Q5XX MDC ");
+    EXPECT_EQ(form.txtSent.SelectedText(), "Frequency in kHz");
+    EXPECT_TRUE(form.txtSent.HasFocus());
+}
+
 }  // namespace
 }  // namespace tallyhut

@@ -84,8 +84,8 @@ void Program::ConnectKeying() {
             RequestClose();
         }
     };
-    keyingPart.strings.mainKeyDown = [this](int& KeyCode, int Shift) { keys.Form_KeyDown(KeyCode, Shift); };
-    keyingPart.strings.mainKeyPress = [this](int& KeyAscii) { keys.Form_KeyPress(KeyAscii); };
+    keyingPart.stringsForm.Form_KeyDown = [this](int& KeyCode, int Shift) { keys.Form_KeyDown(KeyCode, Shift); };
+    keyingPart.stringsForm.Form_KeyPress = [this](int& KeyAscii) { keys.Form_KeyPress(KeyAscii); };
     // Rig and keyer often share one cable.
     keyingPart.line.lentPort = [this](int number) -> std::optional<LentPort> {
         const RigSetup& rig = rigPart.rigSetup;

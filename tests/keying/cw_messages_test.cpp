@@ -277,6 +277,21 @@ TEST_F(CwMessagesTest, InKeyboardModeEveryKeyIsSentAndNoneTyped) {
     EXPECT_EQ(Sender().gKeyboardCW, 1);
 }
 
+TEST_F(CwMessagesTest, InKeyboardModeBlankAndEnterPressNoButton) {
+    StartKeying();
+    Fill(Main().txtCall, "W1AW");
+    Main().cmdClear.SetFocus();
+    Press("F12");
+    Listen();
+    Type("e e");
+    Press("Enter");
+    EXPECT_EQ(Keyed(), Elements("E E"));
+    EXPECT_EQ(Fields(), "||W1AW||");
+    Press("F12");
+    Press("Space");
+    EXPECT_EQ(Fields(), "||||");
+}
+
 TEST_F(CwMessagesTest, ChoosingNoOutputEndsTheKeyboardMode) {
     StartKeying();
     Press("F12");

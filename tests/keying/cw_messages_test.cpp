@@ -292,6 +292,26 @@ TEST_F(CwMessagesTest, InKeyboardModeBlankAndEnterPressNoButton) {
     EXPECT_EQ(Fields(), "||||");
 }
 
+TEST_F(CwMessagesTest, InKeyboardModeTheRedLineHoldsNoKeyBack) {
+    PutLog(ManyContacts(1));
+    StartKeying();
+    Focus(Main().txtCall);
+    Type("w1x ");
+    ASSERT_EQ(program->logPart.duplicates.gIsDupe, 1);
+    Press("F12");
+    Focus(Main().txtCall);
+    Listen();
+    Type("e");
+    EXPECT_EQ(Keyed(), "1000");
+    Press("F12");
+    Listen();
+    Type("e");
+    EXPECT_EQ(Main().txtCall.Text(), "") << "the field's keys are held";
+    clock.Advance(3'000);
+    TheDesk().RunPending();
+    EXPECT_EQ(Main().txtCall.Text(), "E");
+}
+
 TEST_F(CwMessagesTest, ChoosingNoOutputEndsTheKeyboardMode) {
     StartKeying();
     Press("F12");

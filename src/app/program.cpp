@@ -196,7 +196,7 @@ void Program::ClaimFolder() {
 /// The lock follows the folder that is written to: another one may stand at its path by now.
 void Program::HoldFolder() {
     const std::string& folder = supportPart.directories.WorkingDirectory;
-    if (folderLock_->StillHolds()) {
+    if (folderLock_ && folderLock_->StillHolds()) {
         return;
     }
     std::unique_ptr<Files::FolderLock> lock = machine.files.Lock(folder);

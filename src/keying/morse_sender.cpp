@@ -1,5 +1,6 @@
 #include "keying/morse_sender.h"
 
+#include <algorithm>
 #include <cmath>
 
 #include "keying/morse_timing.h"
@@ -17,6 +18,10 @@ constexpr double kElementMs = 60;  // at 20 WPM
 /// A function key in the pause of a message begins another inside of it. Deeper than this the new message waits for a
 /// loop that runs already: no stack is endless, and no operator gets there.
 constexpr int kDeepest = 256;
+
+/// What runs between two characters makes the gap longer than it is told. So much of it is made up for at the most:
+/// what lasts longer is a box or a disk, and will not last as long again.
+constexpr Microtick kLongestPauseUs = 5'000;
 
 /// Silence after which a word space of any length looks for Esc.
 constexpr double kUnitsUnheard = 1000;
@@ -104,10 +109,12 @@ void MorseSender::SendQueue() {
         const char next = gCWBuffer.front();
         gCWBuffer.erase(0, 1);
         Transmit(next);
+        const Microtick begin = clock.TickUs();
         if (form.Check1.Value()) {
             panel.message.Write(gCWBuffer);
         }
         RunEvents();
+        pauseUs = clock.TickUs() - begin;
     }
     if (gCWRepeat == 1) {
         form.tmrRepeat.SetTimerEnabled(true);
@@ -156,9 +163,9 @@ void MorseSender::Transmit(char character) {
 void MorseSender::KeyCharacter(char character) {
     const Keying keying = KeyingOf(character, form.txtSpace.Text());
     const Precisely precisely{clock};
-    for (const char digit : keying.elements) {
-        line.Set(digit == '1');
-        WaitUnit();
+    for (std::size_t i = 0; i < keying.elements.size(); ++i) {
+        line.Set(keying.elements[i] == '1');
+        WaitUnit(i + 1 == keying.elements.size() && keying.silence < 1);
     }
     WaitGap(keying.silence);
 }
@@ -166,7 +173,7 @@ void MorseSender::KeyCharacter(char character) {
 void MorseSender::WaitGap(double units) {
     for (double unit = 1; unit <= units; ++unit) {
         line.Set(false);
-        WaitUnit();
+        WaitUnit(unit + 1 > units);
         if (std::fmod(unit, kUnitsUnheard) == 0) {
             RunEvents();
             if (gCWBuffer.empty()) {
@@ -176,13 +183,16 @@ void MorseSender::WaitGap(double units) {
     }
 }
 
-/// By the speed of this moment, and from the moment at which the line was set: no error is carried on.
-void MorseSender::WaitUnit() {
+/// By the speed of this moment, and from the moment at which the line was set: no error is carried on. The last unit is
+/// shorter by what the events behind it will take, as far as the last ones tell.
+void MorseSender::WaitUnit(bool isLast) {
     const std::string& wpm = form.Text11.Text();
     if (form.optTimer.Value()) {
         const Microtick set = clock.TickUs();
-        const double unit = std::round(UnitMs(wpm) * kMicrosecondsAMs);
-        clock.SpinUntil(unit > 0 ? set + static_cast<Microtick>(unit) : set);
+        const double us = std::round(UnitMs(wpm) * kMicrosecondsAMs);
+        const Microtick unit = us > 0 ? static_cast<Microtick>(us) : 0;
+        const Microtick made = isLast && pauseUs <= kLongestPauseUs ? std::min(pauseUs, unit / 2) : 0;
+        clock.SpinUntil(set + unit - made);
     } else if (form.OptSleep.Value()) {
         const double wholeMs = RoundHalfEven(UnitMs(wpm));
         clock.SleepUs(wholeMs > 0 ? static_cast<Microtick>(wholeMs * kMicrosecondsAMs) : 0);

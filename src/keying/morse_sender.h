@@ -33,6 +33,7 @@ struct MorseSender {
     std::uint8_t gKeyboardCW = 0;  ///< 1 while what is typed is sent
     double gLoopsPer60ms = 0;      ///< rounds of the counting loop
 
+    Microtick pauseUs = 0;      ///< that the events behind the last character took
     int depth = 0;              ///< pauses between characters inside of each other
     bool messageWaits = false;  ///< begun in the deepest of them
 
@@ -54,7 +55,8 @@ private:
     void SendQueue();
     void KeyCharacter(char character);
     void WaitGap(double units);
-    void WaitUnit();
+    /// @param isLast  of the character: events run behind it
+    void WaitUnit(bool isLast = false);
 };
 
 /// Values of gCWKeying. There is no 4.

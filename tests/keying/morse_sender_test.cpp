@@ -55,6 +55,38 @@ TEST_F(MorseSenderTest, UnitKeepsItsFraction) {
     }
 }
 
+TEST_F(MorseSenderTest, GapOfALetterHoldsWhatRunsInIt) {
+    StartKeying();
+    Send(" ");  // opens the port
+    const std::function<void()> takesAMillisecond = [&] {
+        clock.SpinUntil(clock.TickUs() + 1'000);
+        pump.OnCollect(1, takesAMillisecond);
+    };
+    pump.OnCollect(1, takesAMillisecond);
+    SendAnew("EEEE");
+    const std::vector<Microtick> moments = EdgeMoments();
+    ASSERT_EQ(moments.size(), 8U);
+    Microtick lastUp = 0;
+    std::vector<Microtick> gaps;
+    for (std::size_t i = 0; i < edges.size(); ++i) {
+        if (!edges[i].on && i > 0 && edges[i - 1].on) {
+            lastUp = moments[i];
+        } else if (edges[i].on && lastUp > 0) {
+            gaps.push_back(moments[i] - lastUp);
+        }
+    }
+    EXPECT_EQ(gaps, (std::vector<Microtick>{3 * kUnitUs + 1'000, 3 * kUnitUs, 3 * kUnitUs}))
+        << "the first tells what the next ones will take";
+}
+
+TEST_F(MorseSenderTest, GapIsMadeNoShorterForWhatWillNotLastAsLongAgain) {
+    StartKeying();
+    Send(" ");
+    pump.OnCollect(2, [&] { clock.SpinUntil(clock.TickUs() + 20'000); });
+    SendAnew("EEE");
+    EXPECT_EQ(clock.TickUs() - from, 12 * kUnitUs + 20'000);
+}
+
 TEST_F(MorseSenderTest, EachOutputHasItsOwnLine) {
     StartKeying();
     Choose(Cw().Option2);

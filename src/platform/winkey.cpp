@@ -37,7 +37,7 @@ constexpr Tick kBetweenAttempts = 2'000;
 /// A device tells 20 to 40 ms late that it has begun to send.
 constexpr Tick kUnawareOfCharacter = 60;
 constexpr Microtick kLookAgainUs = 250;
-constexpr Microtick kLongestLookUs = 1'750;
+constexpr Microtick kLongestLookUs = 1'500;
 constexpr Tick kBetweenLooks = 2;
 
 constexpr std::uint8_t kFirstOfSecondGeneration = 20;

@@ -84,6 +84,7 @@ void Program::ConnectKeying() {
             RequestClose();
         }
     };
+    logPart.form1.Form_AnyKey = [this] { keyingPart.messages.EndRepeat(); };
     logPart.duplicates.typingIsSent = [this] { return keyingPart.messages.TakesTyping(); };
     keyingPart.stringsForm.Form_KeyDown = [this](int& KeyCode, int Shift) { keys.Form_KeyDown(KeyCode, Shift); };
     keyingPart.stringsForm.Form_KeyPress = [this](int& KeyAscii) { keys.Form_KeyPress(KeyAscii); };

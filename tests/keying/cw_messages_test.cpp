@@ -178,6 +178,19 @@ TEST_F(CwMessagesTest, FirstMessageIsRepeatedUntilAKeyIsPressed) {
     EXPECT_TRUE(edges.empty());
 }
 
+TEST_F(CwMessagesTest, KeyThatOpensAMenuEndsTheRepeatToo) {
+    for (const char* key : {"Alt+F", "Ctrl+R", "Menu", "Shift+Tab"}) {
+        StartKeying();
+        Cw().Text1.SetText("E");
+        Repeat("5");
+        Press("F1");
+        ASSERT_TRUE(Repeats()) << key;
+        Press(key);
+        EXPECT_FALSE(Repeats()) << key;
+        EXPECT_EQ(Sender().gCWRepeat, 0) << key;
+    }
+}
+
 TEST_F(CwMessagesTest, KeyThatEndsTheRepeatMayBeginAnotherMessage) {
     StartKeying();
     Cw().Text1.SetText("E");

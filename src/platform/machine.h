@@ -32,7 +32,7 @@ struct Machine {
     SerialPorts& serialPorts;
     ParallelPorts& parallelPorts;
     std::optional<std::uint32_t> seed = {};  ///< of random numbers; none for the clock's
-    std::string dataFolder = {};  ///< where the files lie that a fresh installation gets
+    std::string dataFolder = {};             ///< where the files lie that a fresh installation gets
 };
 
 }  // namespace tallyhut

@@ -277,6 +277,41 @@ TEST_F(CwMessagesTest, InKeyboardModeEveryKeyIsSentAndNoneTyped) {
     EXPECT_EQ(Sender().gKeyboardCW, 1);
 }
 
+TEST_F(CwMessagesTest, InKeyboardModeBlankAndEnterPressNoButton) {
+    StartKeying();
+    Fill(Main().txtCall, "W1AW");
+    Main().cmdClear.SetFocus();
+    Press("F12");
+    Listen();
+    Type("e e");
+    Press("Enter");
+    EXPECT_EQ(Keyed(), Elements("E E"));
+    EXPECT_EQ(Fields(), "||W1AW||");
+    Press("F12");
+    Press("Space");
+    EXPECT_EQ(Fields(), "||||");
+}
+
+TEST_F(CwMessagesTest, InKeyboardModeTheRedLineHoldsNoKeyBack) {
+    PutLog(ManyContacts(1));
+    StartKeying();
+    Focus(Main().txtCall);
+    Type("w1x ");
+    ASSERT_EQ(program->logPart.duplicates.gIsDupe, 1);
+    Press("F12");
+    Focus(Main().txtCall);
+    Listen();
+    Type("e");
+    EXPECT_EQ(Keyed(), "1000");
+    Press("F12");
+    Listen();
+    Type("e");
+    EXPECT_EQ(Main().txtCall.Text(), "") << "the field's keys are held";
+    clock.Advance(3'000);
+    TheDesk().RunPending();
+    EXPECT_EQ(Main().txtCall.Text(), "E");
+}
+
 TEST_F(CwMessagesTest, ChoosingNoOutputEndsTheKeyboardMode) {
     StartKeying();
     Press("F12");

@@ -11,7 +11,8 @@ namespace {
 /// Where a key counts.
 enum class Where {
     Anywhere,
-    Keyed,  ///< in a CW contest whose messages are keyed
+    Keyed,     ///< in a CW contest whose messages are keyed
+    Keyboard,  ///< where what is typed is sent
 };
 
 constexpr int kWithoutCtrl = -1;  ///< any Shift state but with Ctrl
@@ -33,11 +34,26 @@ constexpr KeyRow KeyerKeys(int first, int last, void (*action)(MainFormKeys& key
     return {first, last, kWithoutCtrl, Where::Keyed, action, goesOn};
 }
 
+/// A button with the focus would take these two for itself.
+constexpr KeyRow TypedKey(int code) {
+    return {code,
+            code,
+            0,
+            Where::Keyboard,
+            [](MainFormKeys& keys, int& KeyCode) {
+                int character = KeyCode;
+                keys.Form_KeyPress(character);
+            },
+            false};
+}
+
 void ShowMessages(MainFormKeys& keys, int& /*KeyCode*/) {
     keys.keying.form.Show();
 }
 
 constexpr std::array kKeys{
+    TypedKey(kKeySpace),
+    TypedKey(kKeyEnter),
     CtrlKey('C', ShowMessages, true),
     CtrlKey(
         'G', [](MainFormKeys& keys, int&) { keys.rig.tuneForm.Show(); }, false),
@@ -80,6 +96,18 @@ bool Fits(const KeyRow& row, int code, int shift) {
     return shiftFits && code >= row.first && code <= row.last;
 }
 
+bool Counts(Where where, const CwMessages& messages) {
+    switch (where) {
+        case Where::Keyed:
+            return messages.TakesKeys();
+        case Where::Keyboard:
+            return messages.TakesTyping();
+        case Where::Anywhere:
+            break;
+    }
+    return true;
+}
+
 }  // namespace
 
 /// The flag speaks of this key stroke alone: only a key whose press is to come may set it, or the next character would
@@ -88,7 +116,7 @@ void MainFormKeys::Form_KeyDown(int& KeyCode, int Shift) {
     gCtrlKeyTaken = Shift == kCtrl && KeyCode >= 'A' && KeyCode <= 'Z';
     keying.messages.EndRepeat();
     for (const KeyRow& row : kKeys) {
-        if (Fits(row, KeyCode, Shift) && (row.where == Where::Anywhere || keying.messages.TakesKeys())) {
+        if (Fits(row, KeyCode, Shift) && Counts(row.where, keying.messages)) {
             row.action(*this, KeyCode);
             KeyCode = row.goesOn ? KeyCode : 0;
             return;

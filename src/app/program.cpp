@@ -84,8 +84,10 @@ void Program::ConnectKeying() {
             RequestClose();
         }
     };
-    keyingPart.strings.mainKeyDown = [this](int& KeyCode, int Shift) { keys.Form_KeyDown(KeyCode, Shift); };
-    keyingPart.strings.mainKeyPress = [this](int& KeyAscii) { keys.Form_KeyPress(KeyAscii); };
+    logPart.form1.Form_AnyKey = [this] { keyingPart.messages.EndRepeat(); };
+    logPart.duplicates.typingIsSent = [this] { return keyingPart.messages.TakesTyping(); };
+    keyingPart.stringsForm.Form_KeyDown = [this](int& KeyCode, int Shift) { keys.Form_KeyDown(KeyCode, Shift); };
+    keyingPart.stringsForm.Form_KeyPress = [this](int& KeyAscii) { keys.Form_KeyPress(KeyAscii); };
     // Rig and keyer often share one cable.
     keyingPart.line.lentPort = [this](int number) -> std::optional<LentPort> {
         const RigSetup& rig = rigPart.rigSetup;
@@ -195,7 +197,7 @@ void Program::ClaimFolder() {
 /// The lock follows the folder that is written to: another one may stand at its path by now.
 void Program::HoldFolder() {
     const std::string& folder = supportPart.directories.WorkingDirectory;
-    if (folderLock_->StillHolds()) {
+    if (folderLock_ && folderLock_->StillHolds()) {
         return;
     }
     std::unique_ptr<Files::FolderLock> lock = machine.files.Lock(folder);

@@ -160,6 +160,7 @@ CWFrm::CWFrm(Desk& owner)
       lblPreferred{*this, "lblPreferred", "Timer is the preferred option on most systems. ",
                    Help(kMessages + 2160, kPreviewTop + 1590, 2400, 210)},
       lblSideTone{*this, "lblSideTone", kSideTone, Help(kMessages, kPreviewTop + 1800, 4500, 420)},
+      fraProsigns{*this, "fraProsigns", "Prosigns", {kMessages - 60, 6060, 4560, 480}},
       lblProsign{1, 5, [this](int position) { return Prosign(*this, position); }},
       Command7{*this, "Command7", "Send Code Practice", {.place = {kMessages, kButtonsTop, 1800, 330}, .tabIndex = 34}},
       Label23{*this, "Label23", "Sending!", {.place = {5820, kButtonsTop + 60, 900, 240}, .visible = false}},

@@ -77,6 +77,7 @@ struct CWFrm : Form {
     Label lblPreferred;
     Label lblSideTone;
 
+    FrameBox fraProsigns;
     ControlArray<Label> lblProsign;  ///< 1 to 5
 
     Button Command7;  ///< code practice

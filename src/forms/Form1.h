@@ -46,7 +46,7 @@ struct Form1 : Form {
     Label Label12;
     Label lblttrack;  ///< total operating time
     Label Label14;
-    Label lbltimeon;  ///< time on the current band
+    Label lbltimeon;      ///< time on the current band
     Label lblClockState;  ///< whether the operating time runs
     Button cmdLogOn;
     Label lblBandSwitch;
@@ -75,7 +75,7 @@ struct Form1 : Form {
     Label lblSecZero;
     Label lblSecCA;
     ControlArray<Label> lblLegend;  ///< 0 and 1: how a needed and a worked section look
-    ControlArray<Label> Label10;  ///< from 1, one a section
+    ControlArray<Label> Label10;    ///< from 1, one a section
 
     // Score and rates.
     ControlArray<Label> lblScoreCaption;  ///< 1 to 6, beside the values below in this order

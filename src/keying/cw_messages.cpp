@@ -62,6 +62,10 @@ bool CwMessages::TakesKeys() const {
     return preferences.gContestMode == 0 && sender.gCWKeying != kKeyNone;
 }
 
+bool CwMessages::TakesTyping() const {
+    return preferences.gContestMode == 0 && sender.gKeyboardCW != 0;
+}
+
 /// There are no bounds: a speed of 0 and below sends nothing that could be heard. A text that is no number counts as 0.
 void CwMessages::ChangeSpeed(int by) {
     form.Text11.SetText(PlainText(ParseNumber(form.Text11.Text()).value_or(0) + by));
@@ -100,7 +104,7 @@ void CwMessages::SendTyped(int& KeyAscii) {
     if (WinKeyIsOpen()) {
         gWKStatus = wk_getstatus();
     }
-    if (sender.gKeyboardCW == 0 || preferences.gContestMode != 0) {
+    if (!TakesTyping()) {
         return;
     }
     int typed = KeyAscii;

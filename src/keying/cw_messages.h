@@ -33,6 +33,8 @@ struct CwMessages {
     void EndRepeat();
     /// Whether function keys and arrows are the keyer's.
     bool TakesKeys() const;
+    /// Whether what is typed is sent.
+    bool TakesTyping() const;
     void UpDown1_UpClick() { ChangeSpeed(1); }
     void UpDown1_DownClick() { ChangeSpeed(-1); }
     void ShowSpeed();

@@ -11,20 +11,6 @@ void CwStrings::frmCWStrings_Activate() {
     }
 }
 
-/// In keyboard mode Blank and Enter are for the keyer too, and not for the button with the focus.
-void CwStrings::Form_KeyDown(int& KeyCode, int Shift) const {
-    mainKeyDown(KeyCode, Shift);
-    if (messages.sender.gKeyboardCW != 0 && (KeyCode == kKeySpace || KeyCode == kKeyEnter)) {
-        int character = KeyCode;
-        KeyCode = 0;
-        mainKeyPress(character);
-    }
-}
-
-void CwStrings::Form_KeyPress(int& KeyAscii) const {
-    mainKeyPress(KeyAscii);
-}
-
 void CwStrings::Row_DblClick(int row) {
     const auto key = static_cast<std::size_t>(row);
     if (messages.sender.gCWKeying != kKeyNone && key < kMessageKeys.size()) {

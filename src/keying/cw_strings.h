@@ -11,13 +11,7 @@ struct CwStrings {
     const CWFrm& messagesForm;
     CwMessages& messages;
 
-    /// The main form's own.
-    std::function<void(int& KeyCode, int Shift)> mainKeyDown = [](int&, int) {};
-    std::function<void(int& KeyAscii)> mainKeyPress = [](int&) {};
-
     void frmCWStrings_Activate();
-    void Form_KeyDown(int& KeyCode, int Shift) const;
-    void Form_KeyPress(int& KeyAscii) const;
     /// Of a label of a row, 0 to 11.
     void Row_DblClick(int row);
     void Command1_Click();

@@ -118,8 +118,6 @@ void KeyingPart::BindTiming() {
 
 void KeyingPart::BindStrings() {
     stringsForm.Form_Activate = [this] { strings.frmCWStrings_Activate(); };
-    stringsForm.Form_KeyDown = [this](int& KeyCode, int Shift) { strings.Form_KeyDown(KeyCode, Shift); };
-    stringsForm.Form_KeyPress = [this](int& KeyAscii) { strings.Form_KeyPress(KeyAscii); };
     stringsForm.Command1.Click = [this] { strings.Command1_Click(); };
     for (int row = stringsForm.Label1.First(); row <= stringsForm.Label1.Last(); ++row) {
         for (Label* label : {&stringsForm.Label1(row), &stringsForm.lblCWString(row)}) {

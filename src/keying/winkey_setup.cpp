@@ -93,6 +93,7 @@ MessageBox NoConnectionBox(std::uint8_t port) {
 }  // namespace
 
 void WinKeySetup::frmWinKey_Load() {
+    ShowClosed();
     gWKPinConfig = WinKeyRecord{}.gWKPinConfig;
     gWKMode = WinKeyRecord{}.gWKMode;
     try {
@@ -188,11 +189,15 @@ void WinKeySetup::FocusDone() {
 void WinKeySetup::cmdCloseWinkey_Click() {
     device.wk_close();
     openResult = kWkNotOpen;
-    form.lblOpenStatus.SetCaption("Closed");
-    form.lblVersion.SetCaption("Version #");
+    ShowClosed();
     messages.gWKVersion = 0;
     ShowTrouble();
     FocusDone();
+}
+
+void WinKeySetup::ShowClosed() {
+    form.lblOpenStatus.SetCaption("Closed");
+    form.lblVersion.SetCaption("Version #");
 }
 
 /// The port in words, and what is amiss with it or with the device on it.

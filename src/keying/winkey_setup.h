@@ -88,6 +88,7 @@ struct WinKeySetup {
     void WKTransmit();
 
 private:
+    void ShowClosed();
     void ShowResult(std::int32_t result);
     void ShowTrouble();
     std::string Trouble() const;

@@ -80,7 +80,7 @@ void Duplicates::cmdDup_Click() {
 
 std::optional<Tick> Duplicates::HoldsKey(const Key& key) const {
     const bool reachesField = key.code != kKeyEsc && key.code != kKeyTab && (key.shift & (kCtrl | kAlt)) == 0;
-    if (gIsDupe == 0 || !reachesField) {
+    if (gIsDupe == 0 || !reachesField || typingIsSent()) {
         return std::nullopt;
     }
     return redLineUntil;

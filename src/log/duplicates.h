@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <optional>
 
 #include "log/operating_time.h"
@@ -15,6 +16,9 @@ struct Duplicates {
     const Contest& contest;
     const OperatingTime& time;
     Prompts& prompts;
+
+    /// What is typed is the keyer's and reaches no field.
+    std::function<bool()> typingIsSent = [] { return false; };
 
     std::uint8_t gIsDupe = 0;     ///< 1 while a duplicate is being reported
     DateTime gDupeAt = {};        ///< local time at which gIsDupe was set

@@ -8,8 +8,6 @@
 namespace tallyhut {
 namespace {
 
-using std::string_literals::operator""s;
-
 // Commands. Those from 20 hexadecimal on are characters.
 constexpr char kSpeed = '\x02';
 constexpr char kWeighting = '\x03';
@@ -24,10 +22,10 @@ constexpr char kRatio = '\x17';
 constexpr char kEchoed = 'U';
 /// Four nulls end a command whose parameters another program owes, and a device left open is closed: still sending, it
 /// would answer the echo test with the echo of a letter.
-const std::string kReset = "\x13\x13\x13\x13\x00\x03"s;
-const std::string kEchoTest = "\x00\x04U"s;
-const std::string kHostOpen = "\x00\x02"s;
-const std::string kHostClose = "\x00\x03"s;
+constexpr std::string_view kReset{"\x13\x13\x13\x13\x00\x03", 6};
+constexpr std::string_view kEchoTest{"\x00\x04U", 3};
+constexpr std::string_view kHostOpen{"\x00\x02", 2};
+constexpr std::string_view kHostClose{"\x00\x03", 2};
 
 constexpr int kFirstCharacter = 0x20;
 constexpr int kLastCharacter = 0x7F;
@@ -39,7 +37,7 @@ constexpr Tick kBetweenAttempts = 2'000;
 /// A device tells 20 to 40 ms late that it has begun to send.
 constexpr Tick kUnawareOfCharacter = 60;
 constexpr Microtick kLookAgainUs = 250;
-constexpr Microtick kLongestLookUs = 1'750;
+constexpr Microtick kLongestLookUs = 1'500;
 constexpr Tick kBetweenLooks = 2;
 
 constexpr std::uint8_t kFirstOfSecondGeneration = 20;

@@ -37,7 +37,11 @@ bool TakesClicks(const MenuEntry& entry) {
 
 void Desk::DeliverKey(Key key) {
     Form* form = Active();
-    if (form == nullptr || MenuKeyTaken(key)) {
+    if (form == nullptr) {
+        return;
+    }
+    Call(form->Form_AnyKey);
+    if (MenuKeyTaken(key)) {
         return;
     }
     Control* control = form->focus_;

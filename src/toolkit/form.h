@@ -71,6 +71,8 @@ struct Form {
     std::function<void(bool& Cancel)> Form_QueryUnload;
     std::function<void()> Form_Unload;
     std::function<void()> Form_Resize;
+    /// Before anything takes a key that comes to the form: access keys and menus included, which no KeyDown sees.
+    std::function<void()> Form_AnyKey;
     std::function<void(int& KeyCode, int Shift)> Form_KeyDown;
     std::function<void(int& KeyAscii)> Form_KeyPress;
 

@@ -178,6 +178,19 @@ TEST_F(CwMessagesTest, FirstMessageIsRepeatedUntilAKeyIsPressed) {
     EXPECT_TRUE(edges.empty());
 }
 
+TEST_F(CwMessagesTest, KeyThatOpensAMenuEndsTheRepeatToo) {
+    for (const char* key : {"Alt+F", "Ctrl+R", "Menu", "Shift+Tab"}) {
+        StartKeying();
+        Cw().Text1.SetText("E");
+        Repeat("5");
+        Press("F1");
+        ASSERT_TRUE(Repeats()) << key;
+        Press(key);
+        EXPECT_FALSE(Repeats()) << key;
+        EXPECT_EQ(Sender().gCWRepeat, 0) << key;
+    }
+}
+
 TEST_F(CwMessagesTest, KeyThatEndsTheRepeatMayBeginAnotherMessage) {
     StartKeying();
     Cw().Text1.SetText("E");
@@ -275,6 +288,41 @@ TEST_F(CwMessagesTest, InKeyboardModeEveryKeyIsSentAndNoneTyped) {
     EXPECT_EQ(LogOnDisk(), "");
     EXPECT_EQ(SentBy("Esc"), "");
     EXPECT_EQ(Sender().gKeyboardCW, 1);
+}
+
+TEST_F(CwMessagesTest, InKeyboardModeBlankAndEnterPressNoButton) {
+    StartKeying();
+    Fill(Main().txtCall, "W1AW");
+    Main().cmdClear.SetFocus();
+    Press("F12");
+    Listen();
+    Type("e e");
+    Press("Enter");
+    EXPECT_EQ(Keyed(), Elements("E E"));
+    EXPECT_EQ(Fields(), "||W1AW||");
+    Press("F12");
+    Press("Space");
+    EXPECT_EQ(Fields(), "||||");
+}
+
+TEST_F(CwMessagesTest, InKeyboardModeTheRedLineHoldsNoKeyBack) {
+    PutLog(ManyContacts(1));
+    StartKeying();
+    Focus(Main().txtCall);
+    Type("w1x ");
+    ASSERT_EQ(program->logPart.duplicates.gIsDupe, 1);
+    Press("F12");
+    Focus(Main().txtCall);
+    Listen();
+    Type("e");
+    EXPECT_EQ(Keyed(), "1000");
+    Press("F12");
+    Listen();
+    Type("e");
+    EXPECT_EQ(Main().txtCall.Text(), "") << "the field's keys are held";
+    clock.Advance(3'000);
+    TheDesk().RunPending();
+    EXPECT_EQ(Main().txtCall.Text(), "E");
 }
 
 TEST_F(CwMessagesTest, ChoosingNoOutputEndsTheKeyboardMode) {

@@ -28,6 +28,22 @@ struct CwSetupTest : KeyingFixture {
     }
 };
 
+TEST_F(CwSetupTest, FormTellsHowItIsUsed) {
+    StartOnTime();
+    std::string texts;
+    for (const Control* control : Cw().Controls()) {
+        texts += control->State().text + '\n';
+    }
+    for (const char* told :
+         {"A ! in the string enters the contact.", "Wildcards are $ for Call, * for RST  and # for Number",
+          "Up / Down arrows on main form change speed.", "(0 is standard, -8 is no spacing)",
+          "The program will not generate a side tone so make sure your transceiver is set to produce one.",
+          "You must be in CW mode.", "Timer is the preferred option on most systems. ", "Times by a For Next loop.",
+          "Loops per 60 ms", "Word Space", "Loop (Sec)", "Prosigns", "AR  [", "CL  \\", "SK  ]", "KN  ;", "BT  ="}) {
+        EXPECT_NE(texts.find(told), std::string::npos) << told;
+    }
+}
+
 // The file.
 
 TEST_F(CwSetupTest, StartReadsTheMessages) {

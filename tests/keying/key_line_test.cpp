@@ -37,7 +37,9 @@ TEST_F(KeyLineTest, PortIsOpenedByTheFirstCharacter) {
 
 TEST_F(KeyLineTest, BothLinesAreDownedAtTheOpening) {
     StartKeying();
-    serialPorts.onPort = [this](int, const sim::SerialLine& line) { opened.push_back(line.isOpen ? "open" : "closed"); };
+    serialPorts.onPort = [this](int, const sim::SerialLine& line) {
+        opened.push_back(line.isOpen ? "open" : "closed");
+    };
     Send("E");
     ASSERT_GE(edges.size(), 2U);
     EXPECT_FALSE(edges[0].on);

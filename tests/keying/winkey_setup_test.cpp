@@ -404,6 +404,18 @@ TEST_F(WinKeySetupTest, CloseGoesBackToClosed) {
     EXPECT_EQ(Messages().gWKVersion, 0);
 }
 
+TEST_F(WinKeySetupTest, ButtonsGiveTheFocusToDone) {
+    StartWinKey();
+    Keyer().Show();
+    for (Button* button : {&Keyer().cmdOpenWinkey, &Keyer().Command3, &Keyer().cmdStop, &Keyer().cmdCloseWinkey}) {
+        Click(*button);
+        EXPECT_TRUE(Keyer().cmdDone.HasFocus()) << button->name;
+    }
+    Click(Keyer().cmdOpenWinkey);
+    Click(Keyer().cmdOpenWinkey);
+    EXPECT_TRUE(Keyer().cmdOpenWinkey.HasFocus()) << "it was open already";
+}
+
 TEST_F(WinKeySetupTest, UnloadingTheFormClosesTheDeviceAndTheNextMessageOpensItAgain) {
     StartOpen();
     Unit().cmdDone_Click();
@@ -499,6 +511,15 @@ TEST_F(WinKeySetupTest, KeyingByLineTakesThePortBackFromTheDevice) {
     EXPECT_EQ(TakeBoxes(), Lines{}) << "the port was free";
     EXPECT_EQ(SettingsText(Line().settings), "9600,N,8,1");
     EXPECT_EQ(Messages().gWKVersion, 0);
+}
+
+TEST_F(WinKeySetupTest, CloseBoxWhileTheFeedWaitsDropsTheRestAndClosesTheDevice) {
+    StartOpen();
+    HoldStatus('\xC5');
+    pump.OnCollect(5, [&] { TheDesk().PostAction([this] { Main().RequestClose(); }); });
+    EXPECT_EQ(EndStatusOf([this] { Press("F1"); }), 0);
+    EXPECT_EQ(Sent(), "\x00\x03"s);
+    EXPECT_FALSE(Line().isOpen);
 }
 
 TEST_F(WinKeySetupTest, EndOfTheProgramClosesTheDevice) {

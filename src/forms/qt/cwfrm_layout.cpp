@@ -21,7 +21,7 @@ constexpr std::array kRows{
     Line("lblKey(11)", "Text13:*", RowLook::Data),
     Line("lblKey(12)", "Label22"),
     Line("lblPreviewCaption", "lblPreview:*", RowLook::Data),
-    Group("Prosigns"),
+    Group("fraProsigns"),
     Grid("", "lblProsign(1-5)", 5, RowLook::Data),
     Group("How to set it up"),
     Text("lblMessages lblWildcards lblMode lblSideTone"),

@@ -8,7 +8,7 @@ namespace {
 constexpr std::array kRows{
     Column(3),
     Group("fraDevice"),
-    Line("lblComPort", "txtWKComPort:4 lblDevice:*"),
+    Line("lblComPort", "txtWKComPort:4 lblDevice:*", RowLook::Data),
     Line("lblOpenCaption", "lblOpenStatus:*", RowLook::Data),
     Line("lblVersionCaption", "lblVersion:*", RowLook::Data),
     Text("lblTrouble"),

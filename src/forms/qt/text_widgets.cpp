@@ -263,6 +263,11 @@ PageWidget::PageWidget(TextBox& box, const OperatorInput& input, QWidget* parent
             mouse_.Replace(toPlainText());
         }
     });
+    connect(this, &QPlainTextEdit::updateRequest, this, [this](const QRect& /*part*/, int scrolled) {
+        if (scrolled != 0) {
+            viewport()->update();  // or the edge would be moved with the text
+        }
+    });
 }
 
 QSize PageWidget::Needed(int /*width*/) const {

@@ -8,7 +8,8 @@
 namespace tallyhut {
 
 /// Opens a terminal device for this program alone, without waiting for anything, and leaves its settings as they are.
-/// Throws PlatformError with the path, also where another program has the device; PortOpenError where it is no terminal.
+/// Throws PlatformError with the path, also where another program has the device; PortOpenError where it is no
+/// terminal.
 Descriptor OpenTty(const std::string& path);
 
 /// True where the system itself works the line RTS for the handshake.

@@ -46,7 +46,7 @@ struct Form1 : Form {
     Label Label12;
     Label lblttrack;  ///< total operating time
     Label Label14;
-    Label lbltimeon;  ///< time on the current band
+    Label lbltimeon;      ///< time on the current band
     Label lblClockState;  ///< whether the operating time runs
     Button cmdLogOn;
     Label lblBandSwitch;
@@ -75,7 +75,15 @@ struct Form1 : Form {
     Label lblSecZero;
     Label lblSecCA;
     ControlArray<Label> lblLegend;  ///< 0 and 1: how a needed and a worked section look
-    ControlArray<Label> Label10;  ///< from 1, one a section
+    ControlArray<Label> Label10;    ///< from 1, one a section
+
+    // The spots, on a map of the band or in a list.
+    Label lblDX;  ///< the map's frame
+    Line LineDX;  ///< the scale, the low end first
+    ControlArray<Label> lblFreqSpot;
+    ControlArray<Line> LineSpot;  ///< from a label of the map to its mark, where it stands beside it
+    ControlArray<Label> lblDXSpot;
+    ListView txtDX;
 
     // Score and rates.
     ControlArray<Label> lblScoreCaption;  ///< 1 to 6, beside the values below in this order

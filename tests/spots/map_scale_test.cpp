@@ -41,7 +41,6 @@ TEST(MapScale, ScaleRunsAKilohertzBeyondTheSpots) {
     const ScaleCaptions captions = Zoomed({14.025F, 14.030F});
     EXPECT_EQ(captions.front(), "14.024");
     EXPECT_EQ(captions.back(), "14.031");
-}));
 }
 
 TEST(MapScale, SpotsAtTheEdgesAndOfOtherBandsDoNotCount) {

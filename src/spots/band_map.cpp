@@ -11,7 +11,6 @@ namespace {
 
 constexpr double kBesideLine = 0.004;    ///< of a label's width
 constexpr double kContactsWidth = 2700;  ///< of the list of contacts beside the spots, design units
-constexpr std::string_view kNoRig = "None";
 
 /// A field takes no line ends and no quotes: they would come into the log.
 std::string FieldText(std::string_view call) {

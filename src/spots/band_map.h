@@ -16,6 +16,9 @@ namespace tallyhut {
 /// What the main form shows of the spots.
 enum class SpotDisplay { None, Map, List };
 
+/// The radio that is chosen where there is none.
+inline constexpr std::string_view kNoRig = "None";
+
 /// The call goes into its field, as if it had been typed, and the entry flow moves on.
 void WorkSpot(Panel& panel, const std::string& call);
 

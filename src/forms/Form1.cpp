@@ -43,6 +43,15 @@ LabelDesign ScoreValue(int row) {
     return {.place = {6400, 5750 + row * kRow, 620, kRow}};
 }
 
+/// The map of the spots stands where the list of contacts gives up its room.
+constexpr Place kSpotMap{2940, kGridTop, 1800, 4270};
+constexpr double kSpotScaleLeft = 4140;
+constexpr double kSpotScaleTop = kGridTop + 150;
+constexpr double kSpotScaleLength = 3970;
+constexpr double kSpotScaleStep = kSpotScaleLength / 4;
+constexpr double kSpotHeight = 200;
+constexpr int kLastSpot = 49;
+
 ListColumn Column(std::string_view caption, double width) {
     return {.caption = std::string{caption}, .width = width};
 }
@@ -167,6 +176,28 @@ Form1::Form1(Desk& owner)
                 }},
       Label10{1, static_cast<int>(kSections.size()),
               [this](int i) { return std::make_unique<Label>(*this, "Label10", i, "", LabelDesign{}); }},
+      lblDX{*this, "lblDX", "", {.place = kSpotMap, .visible = false}},
+      LineDX{*this, "LineDX", kSpotScaleLeft, kSpotScaleTop, kSpotScaleLeft, kSpotScaleTop + kSpotScaleLength},
+      lblFreqSpot{0, 4,
+                  [this](int i) {
+                      const double top = kSpotScaleTop + i * kSpotScaleStep - kSpotHeight / 2;
+                      return std::make_unique<Label>(
+                          *this, "lblFreqSpot", i, "",
+                          LabelDesign{.place = {kSpotScaleLeft + 30, top, 560, kSpotHeight}, .visible = false});
+                  }},
+      LineSpot{0, kLastSpot, [this](int i) { return std::make_unique<Line>(*this, "LineSpot", i, 0, 0, 0, 0); }},
+      lblDXSpot{
+          0, kLastSpot,
+          [this](int i) {
+              return std::make_unique<Label>(
+                  *this, "lblDXSpot", i, "",
+                  LabelDesign{.place = {kSpotScaleLeft - 400, kSpotScaleTop, 390, kSpotHeight}, .visible = false});
+          }},
+      txtDX{*this,
+            "txtDX",
+            {Column("Call", 400), Column("Freq", 350), Column("Status", 300), Column("", 0), Column("Comment", 750),
+             Column("", 0), Column("Time", 0), Column("", 0)},
+            {.place = kSpotMap, .tabStop = false, .visible = false}},
       lblScoreCaption{1, 6,
                       [this](int i) {
                           return std::make_unique<Label>(*this, "lblScoreCaption", i,
@@ -230,6 +261,11 @@ Form1::Form1(Desk& owner)
       mnuHelp{mnuHelpTitle, "mnuHelp", "&Help"},
       mnuAbout{mnuHelpTitle, "mnuAbout", "&About"},
       Timer1{*this, "Timer1", 60'000, true},
-      Timer2{*this, "Timer2", 1'000, true} {}
+      Timer2{*this, "Timer2", 1'000, true} {
+    LineDX.SetVisible(false);
+    for (int i = LineSpot.First(); i <= LineSpot.Last(); ++i) {
+        LineSpot(i).SetVisible(false);
+    }
+}
 
 }  // namespace tallyhut

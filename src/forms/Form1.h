@@ -77,6 +77,14 @@ struct Form1 : Form {
     ControlArray<Label> lblLegend;  ///< 0 and 1: how a needed and a worked section look
     ControlArray<Label> Label10;    ///< from 1, one a section
 
+    // The spots, on a map of the band or in a list.
+    Label lblDX;  ///< the map's frame
+    Line LineDX;  ///< the scale, the low end first
+    ControlArray<Label> lblFreqSpot;
+    ControlArray<Line> LineSpot;  ///< from a label of the map to its mark, where it stands beside it
+    ControlArray<Label> lblDXSpot;
+    ListView txtDX;
+
     // Score and rates.
     ControlArray<Label> lblScoreCaption;  ///< 1 to 6, beside the values below in this order
     Label lblTotCon;

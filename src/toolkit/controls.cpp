@@ -169,7 +169,10 @@ void Timer::Restart() {
 }
 
 Line::Line(Form& owner, std::string controlName, double x1, double y1, double x2, double y2)
-    : Control{owner, ControlKind::Line, std::move(controlName)} {
+    : Line{owner, std::move(controlName), -1, x1, y1, x2, y2} {}
+
+Line::Line(Form& owner, std::string controlName, int controlIndex, double x1, double y1, double x2, double y2)
+    : Control{owner, ControlKind::Line, std::move(controlName), controlIndex} {
     state_.x1 = x1;
     state_.y1 = y1;
     state_.x2 = x2;

@@ -190,6 +190,7 @@ private:
 
 struct Line : Control {
     Line(Form& owner, std::string controlName, double x1, double y1, double x2, double y2);
+    Line(Form& owner, std::string controlName, int controlIndex, double x1, double y1, double x2, double y2);
 
     void SetEnds(double x1, double y1, double x2, double y2);
 };

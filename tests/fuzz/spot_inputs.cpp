@@ -36,7 +36,8 @@ bool TakesSpotInput(std::string_view bytes) {
     const std::string post = UpperCase(PostOf(bytes));
     const std::string_view section = SectionOfPrefix(bytes);
     const std::string call = ColumnsOf(bytes).call;
-    const bool prefixesFit = CallPrefix(bytes).size() <= bytes.size() && CallPrefix(call).size() <= call.size();
+    // Where no digit stands before the stroke, what is behind it may come twice.
+    const bool prefixesFit = CallPrefix(bytes).size() <= 2 * bytes.size() && CallPrefix(call).size() <= 2 * call.size();
     const bool sectionIsOfTheContest = section.empty() || MayBeOfTheContest(bytes);
     return ColumnsFit(bytes) && TextStandsBetweenBlanks(post, section) && ListFits(post, section) &&
            IsItsOwnRepeat(bytes) && prefixesFit && sectionIsOfTheContest && BeginsPost("dx" + post) &&

@@ -202,7 +202,8 @@ constexpr std::array kCaptions{
 constexpr std::array<std::string_view, 1> kAnnounced{"lblDialog"};
 
 /// The picture of the spots, or their list.
-constexpr std::array<std::string_view, 5> kSpotControls{"lblDX", "LineDX", "lblFreqSpot", "lblDXSpot", "txtDX"};
+constexpr std::array<std::string_view, 6> kSpotControls{"lblDX",    "LineDX",    "lblFreqSpot",
+                                                        "LineSpot", "lblDXSpot", "txtDX"};
 constexpr std::string_view kSpotMap = "lblDX";
 constexpr std::string_view kSpotOnMap = "lblDXSpot";
 constexpr std::string_view kSpotList = "txtDX";

@@ -1,0 +1,62 @@
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <string>
+#include <vector>
+
+#include "contest/contest.h"
+#include "log/panel.h"
+#include "rig/rig_commands.h"
+#include "spots/map_scale.h"
+#include "spots/spot_posts.h"
+
+namespace tallyhut {
+
+/// What the main form shows of the spots.
+enum class SpotDisplay { None, Map, List };
+
+/// The radio that is chosen where there is none.
+inline constexpr std::string_view kNoRig = "None";
+
+/// The call goes into its field, as if it had been typed, and the entry flow moves on.
+void WorkSpot(Panel& panel, const std::string& call);
+
+/// The spots on the main form: a map of the present band, or the list. Each redraw comes from the table of spots; the
+/// captions of the scale are what places are worked out from.
+struct BandMap {
+    Panel& panel;
+    const Contest& contest;
+    SpotTable& table;
+    SpotPosts& posts;
+    RigCommands& rig;
+
+    /// The map or the list takes its room from the list of contacts, or gives it back.
+    void PacketResize(SpotDisplay display);
+    /// Nothing while the map is not shown.
+    void DisplayBandMapLabels();
+    /// Writes the captions of the scale of the present band.
+    void UpdateBandMapScale();
+    /// Fills the list, whether it is shown or not.
+    void ShowList();
+
+    /// The right button works the spot; any other takes it off the map.
+    void lblDXSpot_MouseDown(int Index, MouseButton Button);
+    void lblDXSpot_MouseMove(int Index);
+    void txtDX_Click();
+
+private:
+    /// A spot that has its place on the map.
+    struct Shown {
+        int row;
+        double mark;  ///< top to bottom, where its frequency is
+        const AgeRow* age;
+    };
+
+    void Draw();
+    std::vector<Shown> SpotsOfTheScale() const;
+    void PlaceLabels(const std::vector<Shown>& shown);
+    void ShowLabel(const Shown& spot, std::size_t column, double centre);
+};
+
+}  // namespace tallyhut

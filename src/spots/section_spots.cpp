@@ -1,0 +1,67 @@
+#include "spots/section_spots.h"
+
+#include <algorithm>
+#include <array>
+
+#include "spots/band_map.h"
+#include "values/format.h"
+#include "values/text.h"
+
+namespace tallyhut {
+namespace {
+
+constexpr std::array<std::string_view, 6> kCountedBands{"160", "80", "40", "20", "15", "10"};
+
+std::string TimeText(const Spot& spot) {
+    return FormatDateTime(spot.SpotTime, "hh:nn");
+}
+
+}  // namespace
+
+std::string SectionCounts(const ContactLog& log, int section) {
+    std::array<int, kCountedBands.size()> counts{};
+    int total = 0;
+    for (std::int32_t n = 1; n <= log.gContactCount; ++n) {
+        const Contact& contact = log.Row(n);
+        const auto* const band = std::ranges::find(kCountedBands, contact.Bnd);
+        if (contact.Sec == SectionTable::SectionCode(section) && band != kCountedBands.end()) {
+            ++counts.at(static_cast<std::size_t>(band - kCountedBands.begin()));
+            ++total;
+        }
+    }
+    std::string text = "  " + std::string{SectionTable::SectionName(section)} + "   Total =" + NumberForm(total) +
+                       std::string{kLineEnd};
+    for (std::size_t i = 0; i < kCountedBands.size(); ++i) {
+        text += (i == 0 ? "  " : "   ") + std::string{kCountedBands.at(i)} + " =" + NumberForm(counts.at(i));
+    }
+    return text;
+}
+
+void SectionSpots::Label10_MouseDown(int Index) {
+    const std::string section = panel.form.Label10(Index).Caption();
+    panel.form.txtSec.SetText(section);
+    const std::optional<int> row = table.NewestRowWith(section);
+    if (!row) {
+        return;
+    }
+    const Spot spot = table.Row(*row);
+    if (contest.preferences.gRigName != kNoRig) {
+        float frequency = spot.SpotFreq;
+        rig.ChangeFrequency(frequency);
+    }
+    WorkSpot(panel, spot.SpotCall);
+    panel.message.Write(spot.SpotCall + "  -  " + section + std::string{kLineEnd} + NumberForm(spot.SpotFreq) +
+                        std::string{kLineEnd} + TimeText(spot));
+}
+
+void SectionSpots::Label10_MouseMove(int Index) {
+    std::string text = SectionCounts(contest.log, Index);
+    if (const std::optional<int> row = table.NewestRowWith(panel.form.Label10(Index).Caption())) {
+        const Spot& spot = table.Row(*row);
+        text += std::string{kLineEnd} + "  Recent Spot: " + spot.SpotCall + "  -  " + NumberForm(spot.SpotFreq) +
+                "  -  " + TimeText(spot);
+    }
+    panel.form.lblDupe.SetCaption(text);
+}
+
+}  // namespace tallyhut

@@ -34,9 +34,13 @@ int RunWindow(int& argc, char** argv, const Options& options, const std::string&
     QtClipboard clipboard;
     QtPrinter printer;
     QtScreen screen;
-    Program program{
-        machine.Lend({.pump = pump, .dialogs = dialogs, .clipboard = clipboard, .printer = printer, .screen = screen}),
-        workingDirectory};
+    Program program{machine.Lend({.pump = pump,
+                                  .dialogs = dialogs,
+                                  .clipboard = clipboard,
+                                  .printer = printer,
+                                  .screen = screen,
+                                  .agwEngine = options.agwEngine.value_or("")}),
+                    workingDirectory};
     dialogs.Bind(program.desk);
     printer.Bind(program.desk);
     printer.folder = [&program] { return program.supportPart.directories.WorkingDirectory; };

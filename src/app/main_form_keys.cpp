@@ -56,12 +56,21 @@ constexpr std::array kKeys{
     TypedKey(kKeyEnter),
     CtrlKey('C', ShowMessages, true),
     CtrlKey(
+        'D', [](MainFormKeys& keys, int&) { keys.spots.form.Show(); }, true),
+    CtrlKey(
         'G', [](MainFormKeys& keys, int&) { keys.rig.tuneForm.Show(); }, false),
     CtrlKey(
         'R', [](MainFormKeys& keys, int&) { keys.rig.rigForm.Show(); }, true),
     CtrlKey('S', ShowMessages, true),
     CtrlKey(
         'W', [](MainFormKeys& keys, int&) { keys.keying.strings.Show(); }, true),
+    CtrlKey(
+        'Z',
+        [](MainFormKeys& keys, int&) {
+            keys.spots.form.Show();
+            keys.spots.setup.Command3_Click();
+        },
+        true),
     KeyerKeys(
         kKeyUp, kKeyUp,
         [](MainFormKeys& keys, int&) {

@@ -3,6 +3,7 @@
 #include "keying/keying_part.h"
 #include "log/log_part.h"
 #include "rig/rig_part.h"
+#include "spots/spots_part.h"
 
 namespace tallyhut {
 
@@ -11,6 +12,7 @@ struct MainFormKeys {
     LogPart& log;
     RigPart& rig;
     KeyingPart& keying;
+    SpotsPart& spots;
 
     bool gCtrlKeyTaken = false;  ///< the press that goes with this key is swallowed
 

@@ -11,10 +11,10 @@ namespace tallyhut {
 namespace {
 
 constexpr std::string_view kUsage = R"(usage: tallyhut [--directory DIR | --choose-directory]
-                [--port N=DEVICE]
+                [--port N=DEVICE] [--agw HOST:PORT]
        tallyhut --console [--directory DIR] [--clock 2026-11-07T21:04:33]
                 [--utc-offset HOURS] [--screen WxH[,WORKxAREA]]
-                [--port N=DEVICE|sim] [--parallel sim]
+                [--port N=DEVICE|sim] [--parallel sim] [--agw HOST:PORT]
 
 Tallyhut Log, a contest logger for the ARRL November Sweepstakes.
 
@@ -29,8 +29,9 @@ Tallyhut Log, a contest logger for the ARRL November Sweepstakes.
                      comma what taskbars leave of it
   --port N=DEVICE    serial port N, 1 to 10, is DEVICE, such as /dev/ttyUSB0,
                      for this run; (console) N=sim is a simulated one
+  --agw HOST:PORT    the packet engine that spots come from, for this run
   --parallel sim     (console) simulated parallel ports at every address
-  --sound sim, --agw HOST:PORT, --seed N
+  --sound sim, --seed N
                      devices of scripted runs
   --help, --version
 )";
@@ -91,6 +92,16 @@ void TakeParallel(Options& options, const std::string& text) {
     options.simulatesParallel = true;
 }
 
+void TakeAgwEngine(Options& options, const std::string& text) {
+    constexpr int kHighestPort = 65'535;
+    const std::size_t colon = text.rfind(':');
+    const auto port = colon == std::string::npos ? std::nullopt : ParseNumber(text.substr(colon + 1));
+    if (!port || colon == 0 || *port < 1 || *port > kHighestPort || *port != static_cast<int>(*port)) {
+        throw ValueError{"--agw wants HOST:PORT, not " + text};
+    }
+    options.agwEngine = text;
+}
+
 void TakeSeed(Options& options, const std::string& text) {
     const auto number = ParseNumber(text);
     if (!number || *number < 0 || *number > std::numeric_limits<std::uint32_t>::max()) {
@@ -128,7 +139,7 @@ constexpr std::array kValueOptions{
     ValueOption{"--port", TakePort},
     ValueOption{"--parallel", TakeParallel},
     ValueOption{"--sound", kNoUse},
-    ValueOption{"--agw", kNoUse},
+    ValueOption{"--agw", TakeAgwEngine},
     ValueOption{"--seed", TakeSeed},
 };
 

@@ -19,12 +19,13 @@ struct Options {
     std::optional<std::string> directory;
     bool chooseDirectory = false;  ///< asks for the directory, whatever is given
     std::optional<DateTime> clock;
-    double utcOffset = 0;                ///< hours from local time to UTC, of the virtual clock
-    std::map<int, std::string> ports;    ///< the device of a serial port by its number, or "sim"
-    bool simulatesParallel = false;      ///< parallel ports
-    std::optional<std::uint32_t> seed;   ///< of random numbers
-    std::optional<ScreenSize> screen;    ///< pixels of the simulated screen
-    std::optional<ScreenSize> workArea;  ///< likewise
+    double utcOffset = 0;                  ///< hours from local time to UTC, of the virtual clock
+    std::map<int, std::string> ports;      ///< the device of a serial port by its number, or "sim"
+    std::optional<std::string> agwEngine;  ///< HOST:PORT
+    bool simulatesParallel = false;        ///< parallel ports
+    std::optional<std::uint32_t> seed;     ///< of random numbers
+    std::optional<ScreenSize> screen;      ///< pixels of the simulated screen
+    std::optional<ScreenSize> workArea;    ///< likewise
 };
 
 /// Throws ValueError, saying which argument cannot be taken and why. The program's own name is not among the arguments.

@@ -15,9 +15,10 @@ constexpr const char* kProgramTitle = "Tallyhut Log";
 constexpr const char* kTimeNotSaved = "Not all of the operating time could be saved. ";
 
 /// In which order the forms are listed, and unloaded at the end.
-constexpr std::array<std::string_view, 14> kFormOrder{
-    "Form1", "frmSplash", "frmQ7ZZQLogo",  "frmEditCon", "frmStationID",     "Form2", "frmPorts",
-    "Form5", "Form6",     "RigControlfrm", "frmRigTune", "frmFrequencyTest", "CWFrm", "frmCWStrings",
+constexpr std::array<std::string_view, 15> kFormOrder{
+    "Form1",      "frmSplash",        "frmQ7ZZQLogo", "frmEditCon",   "frmStationID",
+    "Form2",      "frmPorts",         "Form5",        "Form6",        "RigControlfrm",
+    "frmRigTune", "frmFrequencyTest", "CWFrm",        "frmCWStrings", "PacketSpotfrm",
 };
 
 std::string AlreadyRunning(const std::string& folder) {
@@ -36,10 +37,11 @@ Program::Program(const Machine& lent, const std::string& workingDirectory)
       reportsPart{machine, desk, supportPart, logPart},
       rigPart{machine, desk, supportPart, logPart},
       keyingPart{machine, desk, supportPart, logPart},
+      spotsPart{machine, desk, supportPart, logPart, rigPart},
       layout{logPart.form1, lent.screen, logPart.contest.preferences, logPart.preferencesFile},
       look{logPart.form1, lent.settings},
       folderChoice{lent.files, lent.dialogs, lent.settings, lent.environment},
-      keys{logPart, rigPart, keyingPart},
+      keys{logPart, rigPart, keyingPart, spotsPart},
       startUp{machine, supportPart, logPart, layout} {
     desk.ArrangeForms(kFormOrder);
     Connect();
@@ -52,6 +54,7 @@ Program::Program(const Machine& lent, const std::string& workingDirectory)
     logPart.AddTo(told);
     rigPart.AddTo(told);
     keyingPart.AddTo(told);
+    spotsPart.AddTo(told);
     told.Add("gCtrlKeyTaken", keys.gCtrlKeyTaken);
 }
 
@@ -72,6 +75,8 @@ void Program::Connect() {
     form1.mnuFormSize.Click = [this] { layout.mnuFormSize_Click(); };
     form1.mnuTaskbar.Click = [this] { layout.mnuTaskbar_Click(); };
     form1.mnuAbout.Click = [this] { machine.dialogs.Show(AboutBox()); };
+    startUp.openSpotSource = [this] { spotsPart.OpenSource(); };
+    layout.PacketResize = [this] { spotsPart.PacketResize(); };
     startUp.openRigPort = [this] { rigPart.OpenPort(); };
     ConnectKeying();
 }

@@ -12,6 +12,7 @@
 #include "keying/keying_part.h"
 #include "reports/reports_part.h"
 #include "rig/rig_part.h"
+#include "spots/spots_part.h"
 
 namespace tallyhut {
 
@@ -31,6 +32,7 @@ struct Program {
     ReportsPart reportsPart;
     RigPart rigPart;
     KeyingPart keyingPart;
+    SpotsPart spotsPart;
 
     MainFormLayout layout;
     LookMenu look;

@@ -63,6 +63,7 @@ void StartUp::LoadSteps() {
     readVoiceSettings();
     log.question.PromptLogStart();
     readCwMessages();
+    openSpotSource();
     layout.LayOutMainForm();
     if (RigNamed(preferences.gRigName).link != RigLink::None) {
         openRigPort();

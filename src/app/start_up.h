@@ -17,6 +17,7 @@ struct StartUp {
     // Steps that other parts of the program add.
     std::function<void()> readVoiceSettings = [] {};
     std::function<void()> readCwMessages = [] {};
+    std::function<void()> openSpotSource = [] {};
     std::function<void()> openRigPort = [] {};
 
     /// Finds and makes the folders, and gives a fresh one what it needs. Throws PlatformError.

@@ -52,6 +52,15 @@ void AddSettingTo(DeviceCommands& commands, SettingsStore& settings) {
     };
 }
 
+/// The connection to the cluster fails, as its host or the net would make it.
+void AddNetworkErrorTo(DeviceCommands& commands, Program& program) {
+    commands["neterror"] = [&program](CommandWords& words) {
+        const int number = words.TakeNumber("number");
+        words.CheckEnd();
+        program.desk.PostAction([&program, number] { program.spotsPart.transports.Socket_Error(number); });
+    };
+}
+
 ScreenSize InUnits(const ScreenSize& pixels) {
     return {.width = pixels.width * kUnitsAPixel, .height = pixels.height * kUnitsAPixel};
 }
@@ -143,8 +152,10 @@ int RunConsole(const Options& options, const std::string& workingDirectory, cons
                                       .clock = &clock,
                                       .serialPorts = &ports,
                                       .parallelPorts = options.simulatesParallel ? &parallelPorts : nullptr,
-                                      .seed = options.seed}),
+                                      .seed = options.seed,
+                                      .agwEngine = options.agwEngine.value_or("")}),
                         workingDirectory};
+        AddNetworkErrorTo(devices, program);
         Commands commands{program, output, pump, dialogs, virtualClock.get(), devices};
         dialogs.runDialog = [&program](const std::function<bool()>& done) { program.desk.RunDialog(done); };
         pump.describeTurn = [&] { return DescribeTurn(program.desk, dialogs); };

@@ -229,6 +229,7 @@ Form1::Form1(Desk& owner)
       mnuSetup{mnuSettings, "mnuSetup", "&Setup"},
       mnuRig{mnuSettings, "mnuRig", "&Rig Interface", "Ctrl+R"},
       mnuCW{mnuSettings, "mnuCW", "&CW", "Ctrl+S"},
+      mnuPacket{mnuSettings, "mnuPacket", "&DX Spotting", "Ctrl+D"},
       mnuPorts{mnuSettings, "mnuPorts", "Serial P&orts"},
       mnuBand{*this, "mnuBand", "&Band"},
       mnu160{mnuBand, "mnu160", FindBand("160")->menuText},

@@ -114,6 +114,7 @@ struct Form1 : Form {
     MenuEntry mnuSetup;
     MenuEntry mnuRig;
     MenuEntry mnuCW;
+    MenuEntry mnuPacket;
     MenuEntry mnuPorts;
     MenuEntry mnuBand;
     MenuEntry mnu160;

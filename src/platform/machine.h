@@ -34,6 +34,7 @@ struct Machine {
     ParallelPorts& parallelPorts;
     TcpSockets& tcpSockets;
     std::optional<std::uint32_t> seed = {};  ///< of random numbers; none for the clock's
+    std::string agwEngine = {};              ///< HOST:PORT of the packet engine, where the command line says so
     std::string dataFolder = {};             ///< where the files lie that a fresh installation gets
 };
 

@@ -231,6 +231,9 @@ void SpotTransports::Command2_Click() {
 }
 
 void SpotTransports::Timer1_Timer() {
+    if (desk.DialogIsOpen()) {
+        return;  // what comes waits until the operator has answered
+    }
     if (link.type == kTnc) {
         PollSerial();
     } else if (link.type == kPacketEngine) {

@@ -24,6 +24,20 @@ private:
     int before_;
 };
 
+/// Counts the dialogs that stand, also when the program ends in one.
+class StandingDialog {
+public:
+    explicit StandingDialog(int& count) : count_{count} { ++count_; }
+    ~StandingDialog() { --count_; }
+    StandingDialog(const StandingDialog&) = delete;
+    StandingDialog& operator=(const StandingDialog&) = delete;
+    StandingDialog(StandingDialog&&) = delete;
+    StandingDialog& operator=(StandingDialog&&) = delete;
+
+private:
+    int& count_;
+};
+
 }  // namespace
 
 Desk::Desk(Clock& machineClock, EventPump& machinePump, Dialogs& machineDialogs, Clipboard& machineClipboard)
@@ -260,6 +274,7 @@ void Desk::RunUntil(const std::function<bool()>& done) {
 }
 
 void Desk::RunDialog(const std::function<bool()>& done) {
+    const StandingDialog standing{openDialogs_};
     while (!done()) {
         if (frozen_) {
             pump.Collect();

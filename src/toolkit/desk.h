@@ -98,6 +98,8 @@ struct Desk {
     void RunUntil(const std::function<bool()>& done);
     /// The loop of a dialog of the machine: the operator's keys belong to the dialog, timers and devices go on.
     void RunDialog(const std::function<bool()>& done);
+    /// While that loop runs, for a timer that must wait for the operator's answer.
+    bool DialogIsOpen() const { return openDialogs_ > 0; }
 
     /// When something is due by itself: a timer, an alarm, or a key that is held back.
     std::optional<Tick> NextDue() const;
@@ -241,6 +243,7 @@ private:
     std::uint64_t rounds_ = 0;          ///< begun so far
     std::vector<const void*> watched_;  ///< null for one that is gone
     int inputHolds_ = 0;
+    int openDialogs_ = 0;
     int focusMoves_ = 0;
     bool frozen_ = false;
 };

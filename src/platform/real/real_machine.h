@@ -26,6 +26,7 @@ struct HostDevices {
     SerialPorts* serialPorts = nullptr;
     ParallelPorts* parallelPorts = nullptr;
     std::optional<std::uint32_t> seed = {};
+    std::string agwEngine = {};
 };
 
 /// The devices of the machine that every host has.
@@ -57,6 +58,7 @@ struct RealMachine {
                 .parallelPorts = host.parallelPorts != nullptr ? *host.parallelPorts : parallelPorts,
                 .tcpSockets = tcpSockets,
                 .seed = host.seed,
+                .agwEngine = host.agwEngine,
                 .dataFolder = dataFolder};
     }
 };

@@ -1,0 +1,128 @@
+#include "spots/spots_part.h"
+
+#include "spots/spot_line.h"
+#include "support/port_texts.h"
+
+namespace tallyhut {
+
+SpotsPart::SpotsPart(Machine& machine, Desk& desk, SupportPart& support, LogPart& log, RigPart& rig)
+    : form{desk},
+      comm{machine.serialPorts.NewPort()},
+      socket{machine.tcpSockets.NewSocket()},
+      engine{machine.tcpSockets, machine.clock},
+      transports{form, *comm, *socket, engine, desk, log.contest.preferences, link},
+      setup{form, transports, link, {machine.files, support.directories}, log.contest.log},
+      engineAddress{form, machine.settings, machine.agwEngine},
+      posts{log.panel, log.contest, log.display.grid, log.prompts, table},
+      bandMap{log.panel, log.contest, table, posts, rig.rigCommands},
+      sectionSpots{log.panel, log.contest, table, rig.rigCommands},
+      arrived_{desk, socket->EventDescriptor(), [this] { transports.Socket_Arrived(); }} {
+    Bind(log, machine.serialPorts);
+}
+
+void SpotsPart::Bind(LogPart& log, const SerialPorts& ports) {
+    BindForm(ports);
+    BindSerialOptions();
+    BindSpots(log.form1);
+    setup.savePref = [&log] { log.preferencesFile.SavePref(); };
+    setup.PacketResize = [this] { PacketResize(); };
+    log.band.bandChanged = [this] { bandMap.DisplayBandMapLabels(); };
+    transports.received = [this](std::string_view post) { Take(post); };
+    transports.age = [this] { bandMap.DisplayBandMapLabels(); };
+    posts.drawMaps = [this] { bandMap.DisplayBandMapLabels(); };
+    posts.listChanged = [this] { bandMap.ShowList(); };
+}
+
+void SpotsPart::BindForm(const SerialPorts& ports) {
+    form.Form_Load = [this] {
+        engineAddress.Show();
+        setup.Form_Load();
+    };
+    form.Form_Activate = [this, &ports] { SetPortToolTips(form.optComm, ports); };
+    form.Form_QueryUnload = [this](bool& Cancel) {
+        Cancel = true;  // the source stays open, as by Done
+        form.Hide();
+    };
+    form.Form_Unload = [this] { transports.Form_Unload(); };
+    form.Form_KeyDown = [this](int& KeyCode, int Shift) { transports.Form_KeyDown(KeyCode, Shift); };
+    form.Timer1.Elapsed = [this] { transports.Timer1_Timer(); };
+    form.List1.Click = [this] { setup.List1_Click(); };
+    form.txtSent.KeyPress = [this](int& KeyAscii) { transports.txtSent_KeyPress(KeyAscii); };
+    form.txtSent.Change = [this] { transports.txtSent_Change(); };
+    form.txtEngine.LostFocus = [this] { engineAddress.Store(); };
+    form.Command1.Click = [this] { transports.Command1_Click(); };
+    form.Command2.Click = [this] { transports.Command2_Click(); };
+    form.Command3.Click = [this] { setup.Command3_Click(); };
+    form.cmdDone.Click = [this] {
+        engineAddress.Store();
+        setup.cmdDone_Click();
+    };
+}
+
+/// All options but the two in the frame of the main form's display.
+void SpotsPart::BindSerialOptions() {
+    for (Control* control : form.Controls()) {
+        if (control->kind == ControlKind::Option && control->Frame() != &form.Frame2) {
+            control->Click = [this] { setup.TakeSerialOptions(); };
+        }
+    }
+}
+
+void SpotsPart::BindSpots(Form1& form1) {
+    form1.mnuPacket.Click = [this] { form.Show(); };
+    form1.lblDX.Click = [this] { form.Show(); };
+    // Arrows that go through the list must not tune the radio: a row is worked by a click or by Enter.
+    form1.txtDX.MouseUp = [this](MouseButton Button) {
+        if (Button == kLeftButton) {
+            bandMap.txtDX_Click();
+        }
+    };
+    form1.txtDX.KeyPress = [this](int& KeyAscii) {
+        if (KeyAscii == kKeyEnter) {
+            bandMap.txtDX_Click();
+        }
+    };
+    for (int i = form1.lblDXSpot.First(); i <= form1.lblDXSpot.Last(); ++i) {
+        form1.lblDXSpot(i).MouseDown = [this, i](MouseButton Button) { bandMap.lblDXSpot_MouseDown(i, Button); };
+        form1.lblDXSpot(i).MouseMove = [this, i] { bandMap.lblDXSpot_MouseMove(i); };
+    }
+    for (int i = form1.Label10.First(); i <= form1.Label10.Last(); ++i) {
+        form1.Label10(i).MouseDown = [this, i](MouseButton /*Button*/) { sectionSpots.Label10_MouseDown(i); };
+        form1.Label10(i).MouseMove = [this, i] { sectionSpots.Label10_MouseMove(i); };
+    }
+}
+
+void SpotsPart::Take(std::string_view post) {
+    const PostColumns columns = ColumnsOf(post);
+    posts.BandMapSpots(columns.call, columns.frequency, PostOf(post));
+}
+
+void SpotsPart::OpenSource() {
+    form.Load();
+}
+
+void SpotsPart::PacketResize() {
+    const SpotDisplay chosen = form.OptList.Value() ? SpotDisplay::List : SpotDisplay::Map;
+    bandMap.PacketResize(link.type == kNoSource ? SpotDisplay::None : chosen);
+}
+
+void SpotsPart::AddTo(ToldNames& told) const {
+    const auto add = [this, &told](const char* name, auto column) {
+        told.AddTable(name, [this, column](int row) {
+            const bool isRow = row >= 0 && row < SpotTable::kRows;
+            return isRow ? std::optional{ToldNames::Told(table.Row(row).*column)} : std::nullopt;
+        });
+    };
+    add("SpotCall", &Spot::SpotCall);
+    add("SpotFreq", &Spot::SpotFreq);
+    add("SpotTime", &Spot::SpotTime);
+    add("SpotPrefix", &Spot::SpotPrefix);
+    add("SpotText", &Spot::SpotText);
+    told.AddTable("SpotStatus", [this](int row) {
+        const bool isRow = row >= 0 && row < SpotTable::kRows;
+        return isRow ? std::optional{ToldNames::Told(row == SpotTable::kNewest ? table.SpotStatus : std::string{})}
+                     : std::nullopt;
+    });
+}
+
+}  // namespace tallyhut

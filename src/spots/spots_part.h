@@ -1,0 +1,53 @@
+#pragma once
+
+#include <memory>
+
+#include "log/log_part.h"
+#include "rig/rig_part.h"
+#include "spots/band_map.h"
+#include "spots/engine_address.h"
+#include "spots/section_spots.h"
+#include "spots/spot_posts.h"
+#include "spots/spot_setup.h"
+#include "spots/spot_table.h"
+#include "spots/spot_transports.h"
+
+namespace tallyhut {
+
+/// DX spots: the wires that they come over, the table of them, and what the main form shows of it.
+struct SpotsPart {
+    SpotsPart(Machine& machine, Desk& desk, SupportPart& support, LogPart& log, RigPart& rig);
+
+    PacketSpotfrm form;
+
+    std::unique_ptr<SerialPort> comm;
+    std::unique_ptr<TcpSocket> socket;
+    AgwEngine engine;
+    SpotRecord link;
+    SpotTransports transports;
+    SpotSetup setup;
+    EngineAddress engineAddress;
+
+    SpotTable table;
+    SpotPosts posts;
+    BandMap bandMap;
+    SectionSpots sectionSpots;
+
+    /// What the start does: the form is loaded, hidden, and the source that was open last is opened anew.
+    void OpenSource();
+    /// The map or the list has its room on the main form as long as a source is chosen.
+    void PacketResize();
+
+    void AddTo(ToldNames& told) const;
+
+private:
+    void Bind(LogPart& log, const SerialPorts& ports);
+    void BindForm(const SerialPorts& ports);
+    void BindSerialOptions();
+    void BindSpots(Form1& form1);
+    void Take(std::string_view post);
+
+    IoSource arrived_;  ///< of the socket, and gone before it
+};
+
+}  // namespace tallyhut

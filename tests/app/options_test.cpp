@@ -73,6 +73,7 @@ TEST(Options, WholeConsoleLine) {
     EXPECT_EQ(options.clock, (DateTime{2026, 11, 7, 21, 4, 33}));
     EXPECT_EQ(options.utcOffset, -3.5);
     EXPECT_TRUE(options.simulatesParallel);
+    EXPECT_EQ(options.agwEngine, "127.0.0.1:8000");
     EXPECT_EQ(options.ports, (std::map<int, std::string>{{1, "sim"}, {2, "/dev/ttyUSB0"}}));
     ASSERT_TRUE(options.screen && options.workArea);
     EXPECT_EQ(options.screen->width, 1280);
@@ -114,6 +115,11 @@ TEST(Options, RefusedArgumentsAreNamed) {
         {{"--utc-offset", "five"}, "--utc-offset wants hours, not five"},
         {{"--utc-offset", "24.1"}, "--utc-offset wants hours, not 24.1"},
         {{"--utc-offset", "-25"}, "--utc-offset wants hours, not -25"},
+        {{"--agw", "shack"}, "--agw wants HOST:PORT, not shack"},
+        {{"--agw", ":8000"}, "--agw wants HOST:PORT, not :8000"},
+        {{"--agw", "shack:"}, "--agw wants HOST:PORT, not shack:"},
+        {{"--agw", "shack:0"}, "--agw wants HOST:PORT, not shack:0"},
+        {{"--agw", "shack:65536"}, "--agw wants HOST:PORT, not shack:65536"},
         {{"--screen", "1280"}, "--screen wants a size such as 1280x800, not 1280"},
         {{"--screen", "x800"}, "--screen wants a size such as 1280x800, not x800"},
         {{"--screen", "0x800"}, "--screen wants a size such as 1280x800, not 0x800"},

@@ -1,0 +1,257 @@
+#include "spots/spots_part.h"
+
+#include "support/port_texts.h"
+#include "tests/spots/spots_fixture.h"
+
+namespace tallyhut {
+namespace {
+
+constexpr const char* kSetupPath = "/contest/PackSpot.txt";
+
+std::string Line(std::string_view frequency, std::string_view call, std::string_view comment) {
+    return "DX " + Comment(frequency, call, comment) + "\r\n";
+}
+
+struct SpotsPartTest : ProgramFixture {
+    SpotRecord cluster{.type = "Telnet", .telnetPort = "7300", .telnetHost = "cluster"};
+
+    SpotsPart& Part() { return program->spotsPart; }
+    PacketSpotfrm& Setup() { return Part().form; }
+    sim::TcpPeer& Cluster() { return tcpSockets.Peer(0); }
+
+    void StartWithSource(const SpotRecord& record, std::string_view band = "20") {
+        files.Put(kSetupPath, WriteSpotRecord(record));
+        stored.gOwnCall = "W1AW";
+        stored.gBand = band;
+        StartOnTime();
+    }
+    void StartWithCluster(std::string_view band = "20") {
+        StartWithSource(cluster, band);
+        Cluster().Accept();
+        TheDesk().RunPending();
+    }
+    void Arrive(std::string_view chunk) {
+        Cluster().Arrive(chunk);
+        TheDesk().RunPending();
+    }
+    const ControlState& Newest() { return Main().lblDXSpot(49).State(); }
+    bool MapIsShown() { return Main().lblDX.State().visible; }
+};
+
+TEST_F(SpotsPartTest, StoredClusterIsOpenedByTheStartAndItsPostsAreOnTheMap) {
+    StartWithCluster();
+    EXPECT_EQ(Cluster().host, "cluster");
+    EXPECT_FALSE(Setup().IsVisible());
+    EXPECT_TRUE(Setup().Label4.State().visible);
+    EXPECT_TRUE(MapIsShown());
+    Arrive(Line("14175.0", "K1ABC", "CQ SS"));
+    EXPECT_TRUE(Newest().visible);
+    EXPECT_EQ(Newest().text, "K1");
+    EXPECT_EQ(Main().txtDX.RowCount(), 1U);
+    EXPECT_EQ(Setup().txtUnProcessed.Text().substr(Setup().txtUnProcessed.Text().find("DX de")),
+              Line("14175.0", "K1ABC", "CQ SS"));
+}
+
+TEST_F(SpotsPartTest, WithoutASetupTheMainFormShowsNoSpots) {
+    StartOnTime();
+    EXPECT_TRUE(Setup().IsLoaded());
+    EXPECT_FALSE(MapIsShown());
+    EXPECT_FALSE(Main().txtDX.State().visible);
+    EXPECT_EQ(Cluster().attempts, 0);
+}
+
+TEST_F(SpotsPartTest, StoredListTakesThePlaceOfTheMap) {
+    cluster.showsList = true;
+    StartWithCluster();
+    EXPECT_FALSE(MapIsShown());
+    EXPECT_TRUE(Main().txtDX.State().visible);
+}
+
+TEST_F(SpotsPartTest, DoneWithoutASourceGivesTheRoomBack) {
+    StartWithCluster();
+    ChooseMenu(Main().mnuPacket);
+    ASSERT_TRUE(Setup().IsActive());
+    TheDesk().PostRowClick(Setup().List1, 0, kLeftButton);
+    Click(Setup().cmdDone);
+    EXPECT_FALSE(Setup().IsVisible());
+    EXPECT_FALSE(MapIsShown());
+    EXPECT_FALSE(Cluster().isConnected);
+    SpotRecord kept;
+    ASSERT_TRUE(ReadSpotRecord(files.contents.at(kSetupPath), kept));
+    EXPECT_EQ(kept.type, "None");
+}
+
+TEST_F(SpotsPartTest, BandMenuDrawsTheMapOfTheBand) {
+    StartWithCluster();
+    Arrive(Line("14175.0", "K1ABC", "CQ SS"));
+    ChooseMenu(Main().mnu40);
+    EXPECT_FALSE(Newest().visible);
+    EXPECT_EQ(Main().lblFreqSpot(0).Caption(), "7.000");
+    ChooseMenu(Main().mnu20);
+    EXPECT_TRUE(Newest().visible);
+}
+
+TEST_F(SpotsPartTest, LabelsAgeWithoutNewPosts) {
+    StartWithCluster();
+    Arrive(Line("14175.0", "K1ABC", "CQ SS"));
+    for (int tick = 0; tick < 2'160; ++tick) {  // six turns of two minutes
+        PassTime(333);
+    }
+    EXPECT_EQ(Newest().foreColor, 0xFFFFFF);
+}
+
+TEST_F(SpotsPartTest, CloseBoxKeepsTheSourceOpen) {
+    StartWithCluster();
+    Setup().Show();
+    Setup().RequestClose();
+    TheDesk().RunPending();
+    EXPECT_FALSE(Setup().IsVisible());
+    Arrive(Line("14175.0", "K1ABC", "CQ SS"));
+    EXPECT_TRUE(Newest().visible);
+}
+
+TEST_F(SpotsPartTest, CtrlDShowsTheSetup) {
+    StartOnTime();
+    Press("Ctrl+D");
+    EXPECT_TRUE(Setup().IsActive());
+    EXPECT_EQ(Fields(), "||||");
+}
+
+TEST_F(SpotsPartTest, CtrlZPreparesASpotOfTheLastContact) {
+    StartWithCluster();
+    Type("88aw1xx72mdc");
+    Press("Enter");
+    Press("Ctrl+Z");
+    EXPECT_TRUE(Setup().IsActive());
+    EXPECT_EQ(Setup().txtSent.Text(), "DX Frequency in kHz W1XX MDC ");
+    EXPECT_EQ(Setup().txtSent.SelectedText(), "Frequency in kHz");
+    Type("14025");
+    Press("Enter");
+    EXPECT_EQ(Cluster().TakeSent(), "DX 14025 W1XX MDC \r\n");
+}
+
+TEST_F(SpotsPartTest, MouseWorksAndDiscardsASpotOfTheMap) {
+    StartWithCluster();
+    Arrive(Line("14175.0", "K1ABC", "CQ SS"));
+    TheDesk().PostClick(Main().lblDXSpot(49), kRightButton);
+    TheDesk().RunPending();
+    EXPECT_EQ(Main().txtCall.Text(), "K1ABC");
+    EXPECT_TRUE(Newest().visible);
+    Click(Main().lblDXSpot(49));
+    EXPECT_FALSE(Newest().visible);
+    EXPECT_EQ(std::get<double>(program->told.Find("SpotFreq(49)").value()), 0);
+    EXPECT_EQ(std::get<std::string>(program->told.Find("SpotCall(49)").value()), "K1ABC");
+}
+
+TEST_F(SpotsPartTest, ClickOnTheMapShowsTheSetup) {
+    StartWithCluster();
+    Click(Main().lblDX);
+    EXPECT_TRUE(Setup().IsActive());
+}
+
+TEST_F(SpotsPartTest, ArrowsGoThroughTheListAndEnterWorksTheRow) {
+    cluster.showsList = true;
+    StartWithCluster();
+    Arrive(Line("14175.0", "K1ABC", "CQ SS"));
+    Arrive(Line("14180.0", "K2ABC", "CQ SS"));
+    Main().txtDX.SetFocus();
+    Press("Down");
+    Press("Down");
+    EXPECT_EQ(Main().txtDX.Row(), 1);
+    EXPECT_EQ(Main().txtCall.Text(), "");
+    EXPECT_EQ(FocusedField(), "txtDX");
+    Press("Enter");
+    EXPECT_EQ(Main().txtCall.Text(), "K1ABC");
+}
+
+TEST_F(SpotsPartTest, ClickOnARowOfTheListWorksIt) {
+    cluster.showsList = true;
+    StartWithCluster();
+    Arrive(Line("14175.0", "K1ABC", "CQ SS"));
+    TheDesk().PostRowClick(Main().txtDX, 0, kLeftButton);
+    TheDesk().RunPending();
+    EXPECT_EQ(Main().txtCall.Text(), "K1ABC");
+}
+
+TEST_F(SpotsPartTest, SectionOfAPostIsAClickAwayFromBeingWorked) {
+    StartWithCluster();
+    Arrive(Line("14175.0", "K1ABC", "CQ CT"));
+    TheDesk().PostClick(Main().Label10(program->sections.Find("CT")), kLeftButton);
+    TheDesk().RunPending();
+    EXPECT_EQ(Main().txtSec.Text(), "CT");
+    EXPECT_EQ(Main().txtCall.Text(), "K1ABC");
+}
+
+TEST_F(SpotsPartTest, SerialOptionsAreTakenAsTheyAreClicked) {
+    StartOnTime();
+    Setup().Show();
+    TheDesk().PostRowClick(Setup().List1, 1, kLeftButton);
+    Click(Setup().optComm(2));
+    Click(Setup().optBaud12);
+    Click(Setup().optParityEven);
+    Click(Setup().optData7);
+    Click(Setup().optStop2);
+    Click(Setup().Option2);
+    Click(Setup().optPowerDTR);
+    EXPECT_EQ(Part().link, (SpotRecord{.baud = "1200",
+                                       .parity = "E",
+                                       .dataBits = "7",
+                                       .stopBits = "2",
+                                       .commPort = 3,
+                                       .power = "D",
+                                       .type = "TNC",
+                                       .handshaking = 2}));
+    Click(Setup().Command1);
+    EXPECT_TRUE(serialPorts.Line(3).isOpen);
+}
+
+TEST_F(SpotsPartTest, TncIsNotPolledWhileADialogStands) {
+    SpotRecord tnc{.type = "TNC"};
+    StartWithSource(tnc);
+    serialPorts.Line(1).Receive(Line("14175.0", "K1ABC", "CQ SS") + "\n");
+    int turns = 0;
+    TheDesk().RunDialog([&] {
+        clock.Advance(333);
+        return ++turns > 5;
+    });
+    EXPECT_EQ(Main().txtDX.RowCount(), 0U);
+    PassTime(333);
+    EXPECT_EQ(Main().txtDX.RowCount(), 1U);
+}
+
+TEST_F(SpotsPartTest, EngineIsOnThisMachineUntilAnotherOneIsTyped) {
+    StartOnTime();
+    EXPECT_EQ(Setup().txtEngine.Text(), "127.0.0.1:8000");
+    Setup().Show();
+    TheDesk().PostRowClick(Setup().List1, 3, kLeftButton);
+    TheDesk().RunPending();
+    Setup().txtEngine.SetFocus();
+    Setup().txtEngine.ReplaceByPaste("shack:8001");
+    Click(Setup().txtSent);
+    EXPECT_EQ(settings.Get("Machine", "AgwEngine"), "shack:8001");
+    Setup().Unload();
+    Setup().Load();
+    EXPECT_EQ(Setup().txtEngine.Text(), "shack:8001");
+}
+
+TEST_F(SpotsPartTest, CommandLinesEngineGoesBeforeTheStoredOneAndIsNotStored) {
+    StartOnTime();
+    settings.Set("Machine", "AgwEngine", "shack:8001");
+    Part().engineAddress.given = "rack:9000";
+    Setup().Unload();
+    Setup().Load();
+    EXPECT_EQ(Setup().txtEngine.Text(), "rack:9000");
+    Setup().Show();
+    Click(Setup().cmdDone);
+    EXPECT_EQ(settings.Get("Machine", "AgwEngine"), "shack:8001");
+}
+
+TEST_F(SpotsPartTest, PortsTellTheirDevicesWhereTheyAreChosen) {
+    StartOnTime();
+    Setup().Show();
+    TheDesk().RunPending();
+    EXPECT_EQ(Setup().optComm(0).State().toolTip, PortToolTip(serialPorts.MeaningOf(1)));
+}
+
+}  // namespace
+}  // namespace tallyhut

@@ -11,18 +11,19 @@ constexpr const char* kThisMachine = "127.0.0.1:8000";
 
 }  // namespace
 
+std::string EngineAddress::Known() const {
+    const std::string known = given.empty() ? settings.Get(kSection, kKey) : given;
+    return known.empty() ? kThisMachine : known;
+}
+
 void EngineAddress::Show() {
-    const std::string stored = settings.Get(kSection, kKey);
-    const std::string& known = given.empty() ? stored : given;
-    shown_ = known.empty() ? kThisMachine : known;
-    form.txtEngine.SetText(shown_);
+    form.txtEngine.SetText(Known());
 }
 
 void EngineAddress::Store() {
     const std::string typed = Trim(form.txtEngine.Text());
-    if (typed != shown_) {
+    if (typed != Known()) {
         settings.Set(kSection, kKey, typed);
-        shown_ = typed;
     }
 }
 

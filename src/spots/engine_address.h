@@ -15,11 +15,9 @@ struct EngineAddress {
     std::string given = {};  ///< by the command line; empty for nothing
 
     void Show();
-    /// Keeps what was typed since it was shown. Throws PlatformError.
+    /// Keeps what was typed. Throws PlatformError.
     void Store();
-
-private:
-    std::string shown_ = {};
+    std::string Known() const;
 };
 
 }  // namespace tallyhut

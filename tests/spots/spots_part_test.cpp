@@ -16,7 +16,7 @@ struct SpotsPartTest : ProgramFixture {
     SpotRecord cluster{.type = "Telnet", .telnetPort = "7300", .telnetHost = "cluster"};
 
     SpotsPart& Part() { return program->spotsPart; }
-    PacketSpotfrm& Setup() { return Part().form; }
+    PacketSpotfrm& SetupForm() { return Part().form; }
     sim::TcpPeer& Cluster() { return tcpSockets.Peer(0); }
 
     void StartWithSource(const SpotRecord& record, std::string_view band = "20") {
@@ -41,20 +41,20 @@ struct SpotsPartTest : ProgramFixture {
 TEST_F(SpotsPartTest, StoredClusterIsOpenedByTheStartAndItsPostsAreOnTheMap) {
     StartWithCluster();
     EXPECT_EQ(Cluster().host, "cluster");
-    EXPECT_FALSE(Setup().IsVisible());
-    EXPECT_TRUE(Setup().Label4.State().visible);
+    EXPECT_FALSE(SetupForm().IsVisible());
+    EXPECT_TRUE(SetupForm().Label4.State().visible);
     EXPECT_TRUE(MapIsShown());
     Arrive(Line("14175.0", "K1ABC", "CQ SS"));
     EXPECT_TRUE(Newest().visible);
     EXPECT_EQ(Newest().text, "K1");
     EXPECT_EQ(Main().txtDX.RowCount(), 1U);
-    EXPECT_EQ(Setup().txtUnProcessed.Text().substr(Setup().txtUnProcessed.Text().find("DX de")),
+    EXPECT_EQ(SetupForm().txtUnProcessed.Text().substr(SetupForm().txtUnProcessed.Text().find("DX de")),
               Line("14175.0", "K1ABC", "CQ SS"));
 }
 
 TEST_F(SpotsPartTest, WithoutASetupTheMainFormShowsNoSpots) {
     StartOnTime();
-    EXPECT_TRUE(Setup().IsLoaded());
+    EXPECT_TRUE(SetupForm().IsLoaded());
     EXPECT_FALSE(MapIsShown());
     EXPECT_FALSE(Main().txtDX.State().visible);
     EXPECT_EQ(Cluster().attempts, 0);
@@ -70,10 +70,10 @@ TEST_F(SpotsPartTest, StoredListTakesThePlaceOfTheMap) {
 TEST_F(SpotsPartTest, DoneWithoutASourceGivesTheRoomBack) {
     StartWithCluster();
     ChooseMenu(Main().mnuPacket);
-    ASSERT_TRUE(Setup().IsActive());
-    TheDesk().PostRowClick(Setup().List1, 0, kLeftButton);
-    Click(Setup().cmdDone);
-    EXPECT_FALSE(Setup().IsVisible());
+    ASSERT_TRUE(SetupForm().IsActive());
+    TheDesk().PostRowClick(SetupForm().List1, 0, kLeftButton);
+    Click(SetupForm().cmdDone);
+    EXPECT_FALSE(SetupForm().IsVisible());
     EXPECT_FALSE(MapIsShown());
     EXPECT_FALSE(Cluster().isConnected);
     SpotRecord kept;
@@ -102,10 +102,10 @@ TEST_F(SpotsPartTest, LabelsAgeWithoutNewPosts) {
 
 TEST_F(SpotsPartTest, CloseBoxKeepsTheSourceOpen) {
     StartWithCluster();
-    Setup().Show();
-    Setup().RequestClose();
+    SetupForm().Show();
+    SetupForm().RequestClose();
     TheDesk().RunPending();
-    EXPECT_FALSE(Setup().IsVisible());
+    EXPECT_FALSE(SetupForm().IsVisible());
     Arrive(Line("14175.0", "K1ABC", "CQ SS"));
     EXPECT_TRUE(Newest().visible);
 }
@@ -113,7 +113,7 @@ TEST_F(SpotsPartTest, CloseBoxKeepsTheSourceOpen) {
 TEST_F(SpotsPartTest, CtrlDShowsTheSetup) {
     StartOnTime();
     Press("Ctrl+D");
-    EXPECT_TRUE(Setup().IsActive());
+    EXPECT_TRUE(SetupForm().IsActive());
     EXPECT_EQ(Fields(), "||||");
 }
 
@@ -122,9 +122,9 @@ TEST_F(SpotsPartTest, CtrlZPreparesASpotOfTheLastContact) {
     Type("88aw1xx72mdc");
     Press("Enter");
     Press("Ctrl+Z");
-    EXPECT_TRUE(Setup().IsActive());
-    EXPECT_EQ(Setup().txtSent.Text(), "DX Frequency in kHz W1XX MDC ");
-    EXPECT_EQ(Setup().txtSent.SelectedText(), "Frequency in kHz");
+    EXPECT_TRUE(SetupForm().IsActive());
+    EXPECT_EQ(SetupForm().txtSent.Text(), "DX Frequency in kHz W1XX MDC ");
+    EXPECT_EQ(SetupForm().txtSent.SelectedText(), "Frequency in kHz");
     Type("14025");
     Press("Enter");
     EXPECT_EQ(Cluster().TakeSent(), "DX 14025 W1XX MDC \r\n");
@@ -146,7 +146,7 @@ TEST_F(SpotsPartTest, MouseWorksAndDiscardsASpotOfTheMap) {
 TEST_F(SpotsPartTest, ClickOnTheMapShowsTheSetup) {
     StartWithCluster();
     Click(Main().lblDX);
-    EXPECT_TRUE(Setup().IsActive());
+    EXPECT_TRUE(SetupForm().IsActive());
 }
 
 TEST_F(SpotsPartTest, ArrowsGoThroughTheListAndEnterWorksTheRow) {
@@ -184,15 +184,15 @@ TEST_F(SpotsPartTest, SectionOfAPostIsAClickAwayFromBeingWorked) {
 
 TEST_F(SpotsPartTest, SerialOptionsAreTakenAsTheyAreClicked) {
     StartOnTime();
-    Setup().Show();
-    TheDesk().PostRowClick(Setup().List1, 1, kLeftButton);
-    Click(Setup().optComm(2));
-    Click(Setup().optBaud12);
-    Click(Setup().optParityEven);
-    Click(Setup().optData7);
-    Click(Setup().optStop2);
-    Click(Setup().Option2);
-    Click(Setup().optPowerDTR);
+    SetupForm().Show();
+    TheDesk().PostRowClick(SetupForm().List1, 1, kLeftButton);
+    Click(SetupForm().optComm(2));
+    Click(SetupForm().optBaud12);
+    Click(SetupForm().optParityEven);
+    Click(SetupForm().optData7);
+    Click(SetupForm().optStop2);
+    Click(SetupForm().Option2);
+    Click(SetupForm().optPowerDTR);
     EXPECT_EQ(Part().link, (SpotRecord{.baud = "1200",
                                        .parity = "E",
                                        .dataBits = "7",
@@ -201,7 +201,7 @@ TEST_F(SpotsPartTest, SerialOptionsAreTakenAsTheyAreClicked) {
                                        .power = "D",
                                        .type = "TNC",
                                        .handshaking = 2}));
-    Click(Setup().Command1);
+    Click(SetupForm().Command1);
     EXPECT_TRUE(serialPorts.Line(3).isOpen);
 }
 
@@ -221,36 +221,36 @@ TEST_F(SpotsPartTest, TncIsNotPolledWhileADialogStands) {
 
 TEST_F(SpotsPartTest, EngineIsOnThisMachineUntilAnotherOneIsTyped) {
     StartOnTime();
-    EXPECT_EQ(Setup().txtEngine.Text(), "127.0.0.1:8000");
-    Setup().Show();
-    TheDesk().PostRowClick(Setup().List1, 3, kLeftButton);
+    EXPECT_EQ(SetupForm().txtEngine.Text(), "127.0.0.1:8000");
+    SetupForm().Show();
+    TheDesk().PostRowClick(SetupForm().List1, 3, kLeftButton);
     TheDesk().RunPending();
-    Setup().txtEngine.SetFocus();
-    Setup().txtEngine.ReplaceByPaste("shack:8001");
-    Click(Setup().txtSent);
+    SetupForm().txtEngine.SetFocus();
+    SetupForm().txtEngine.ReplaceByPaste("shack:8001");
+    Click(SetupForm().txtSent);
     EXPECT_EQ(settings.Get("Machine", "AgwEngine"), "shack:8001");
-    Setup().Unload();
-    Setup().Load();
-    EXPECT_EQ(Setup().txtEngine.Text(), "shack:8001");
+    SetupForm().Unload();
+    SetupForm().Load();
+    EXPECT_EQ(SetupForm().txtEngine.Text(), "shack:8001");
 }
 
 TEST_F(SpotsPartTest, CommandLinesEngineGoesBeforeTheStoredOneAndIsNotStored) {
     StartOnTime();
     settings.Set("Machine", "AgwEngine", "shack:8001");
     Part().engineAddress.given = "rack:9000";
-    Setup().Unload();
-    Setup().Load();
-    EXPECT_EQ(Setup().txtEngine.Text(), "rack:9000");
-    Setup().Show();
-    Click(Setup().cmdDone);
+    SetupForm().Unload();
+    SetupForm().Load();
+    EXPECT_EQ(SetupForm().txtEngine.Text(), "rack:9000");
+    SetupForm().Show();
+    Click(SetupForm().cmdDone);
     EXPECT_EQ(settings.Get("Machine", "AgwEngine"), "shack:8001");
 }
 
 TEST_F(SpotsPartTest, PortsTellTheirDevicesWhereTheyAreChosen) {
     StartOnTime();
-    Setup().Show();
+    SetupForm().Show();
     TheDesk().RunPending();
-    EXPECT_EQ(Setup().optComm(0).State().toolTip, PortToolTip(serialPorts.MeaningOf(1)));
+    EXPECT_EQ(SetupForm().optComm(0).State().toolTip, PortToolTip(serialPorts.MeaningOf(1)));
 }
 
 }  // namespace

@@ -1,0 +1,61 @@
+#include "forms/SpectrumMap.h"
+
+#include <array>
+
+namespace tallyhut {
+namespace {
+
+constexpr int kLastSpot = 49;
+constexpr double kWidth = 9600;
+constexpr double kHeight = 7200;
+constexpr double kBandWidth = kWidth / SpectrumMap::kBands;
+constexpr double kLineTop = 560;
+constexpr double kLineBottom = 6960;
+constexpr double kLabelHeight = 200;
+constexpr double kCaptionWidth = 430;
+constexpr double kSpotWidth = 400;
+constexpr Colour kDark = 0x303030;  ///< what the colours of all ages can be read on
+constexpr Colour kCaption = 0xE0E0E0;
+
+constexpr std::array<std::string_view, SpectrumMap::kBands> kBandNames{"160", "80", "40", "30", "20", "17",
+                                                                       "15",  "12", "10", "6",  "2"};
+
+double LineOf(int band) {
+    return (band + 1) * kBandWidth - 20;
+}
+
+LabelDesign Design(const Place& place, bool visible) {
+    return {.place = place, .foreColor = kCaption, .backColor = kDark, .visible = visible};
+}
+
+}  // namespace
+
+SpectrumMap::SpectrumMap(Desk& owner)
+    : Form{owner, "SpectrumMap", " HF Spectrum Map", {.width = kWidth, .height = kHeight}},
+      lblHFSpots{0, kBands - 1,
+                 [this](int i) {
+                     return std::make_unique<Label>(
+                         *this, "lblHFSpots", i, kBandNames.at(static_cast<std::size_t>(i)),
+                         LabelDesign{.place = {LineOf(i) - kCaptionWidth, 120, kCaptionWidth, 240}});
+                 }},
+      lineHF{0, kBands - 1,
+             [this](int i) {
+                 return std::make_unique<Line>(*this, "lineHF", i, LineOf(i), kLineTop, LineOf(i), kLineBottom);
+             }},
+      lblFreqSpot{0, kBands * kCaptionsOfBand - 1,
+                  [this](int i) {
+                      const Place place{LineOf(i / kCaptionsOfBand) - kCaptionWidth, kLineTop, kCaptionWidth,
+                                        kLabelHeight};
+                      return std::make_unique<Label>(*this, "lblFreqSpot", i, "", Design(place, true));
+                  }},
+      LineSpot{0, kLastSpot, [this](int i) { return std::make_unique<Line>(*this, "LineSpot", i, 0, 0, 0, 0); }},
+      lblDXSpot{0, kLastSpot, [this](int i) {
+                    return std::make_unique<Label>(*this, "lblDXSpot", i, "",
+                                                   Design({0, kLineTop, kSpotWidth, kLabelHeight}, false));
+                }} {
+    for (int i = LineSpot.First(); i <= LineSpot.Last(); ++i) {
+        LineSpot(i).SetVisible(false);
+    }
+}
+
+}  // namespace tallyhut

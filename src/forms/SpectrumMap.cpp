@@ -42,12 +42,12 @@ SpectrumMap::SpectrumMap(Desk& owner)
              [this](int i) {
                  return std::make_unique<Line>(*this, "lineHF", i, LineOf(i), kLineTop, LineOf(i), kLineBottom);
              }},
-      lblFreqSpot{0, kBands * kCaptionsOfBand - 1,
-                  [this](int i) {
-                      const Place place{LineOf(i / kCaptionsOfBand) - kCaptionWidth, kLineTop, kCaptionWidth,
-                                        kLabelHeight};
-                      return std::make_unique<Label>(*this, "lblFreqSpot", i, "", Design(place, true));
-                  }},
+      lblFreqSpot{
+          0, kBands * kCaptionsOfBand - 1,
+          [this](int i) {
+              const Place place{LineOf(i / kCaptionsOfBand) - kCaptionWidth, kLineTop, kCaptionWidth, kLabelHeight};
+              return std::make_unique<Label>(*this, "lblFreqSpot", i, "", Design(place, true));
+          }},
       LineSpot{0, kLastSpot, [this](int i) { return std::make_unique<Line>(*this, "LineSpot", i, 0, 0, 0, 0); }},
       lblDXSpot{0, kLastSpot, [this](int i) {
                     return std::make_unique<Label>(*this, "lblDXSpot", i, "",

@@ -68,9 +68,10 @@ TEST_F(StartTest, SecondProgramOnAFolderEndsAndTheFirstGoesOn) {
     sim::Clock clock2;
     sim::EventPump pump2{clock2};
     sim::Dialogs dialogs2;
-    Program second{
-        {clock2, pump2, dialogs2, clipboard, printer, files, settings, screen, environment, serialPorts, parallelPorts},
-        kFolder};
+    sim::TcpSockets sockets2{pump2};
+    Program second{{clock2, pump2, dialogs2, clipboard, printer, files, settings, screen, environment, serialPorts,
+                    parallelPorts, sockets2},
+                   kFolder};
     EXPECT_EQ(EndStatusOf([&] { second.Start(); }), 1);
     EXPECT_EQ(dialogs2.boxes.size(), 1U);
     Type("88aW1XX72mdc");

@@ -41,7 +41,7 @@ struct HfSpectrumTest : SpotsFixture {
 TEST_F(HfSpectrumTest, EachBandHasItsScale) {
     StartSpectrum();
     EXPECT_EQ(Scale(0), "1.800 1.850 1.900 1.950 2.000");
-    EXPECT_EQ(Scale(3), "10.100 10.113 10.125 10.138 10.150");
+    EXPECT_EQ(Scale(3), "10.100 10.113 10.125 10.137 10.150");
     EXPECT_EQ(Scale(10), "144.000 145.000 146.000 147.000 148.000");
 }
 

@@ -6,7 +6,7 @@ namespace tallyhut {
 namespace {
 
 constexpr std::array kRows{
-    Column(1), Group(), Line("", "Label1:* Command3"), Line("", "Label2:* Command1"), Main("Command6"),
+    Column(1), Group(), OneLine("", "Label1:* Command3"), OneLine("", "Label2:* Command1"), Main("Command6"),
 };
 
 }  // namespace

@@ -42,7 +42,7 @@ constexpr TableRow Group(std::string_view title = {}, std::string_view list = {}
     return {TableRow::Kind::Group, title, list};
 }
 /// Controls beside each other, behind the label or frame that names them. The captions of a column are equally wide.
-constexpr TableRow Line(std::string_view caption, std::string_view controls, RowLook look = RowLook::Plain) {
+constexpr TableRow OneLine(std::string_view caption, std::string_view controls, RowLook look = RowLook::Plain) {
     return {TableRow::Kind::Line, caption, controls, 0, look};
 }
 /// The same without a caption of its own, as if it went on the line above.

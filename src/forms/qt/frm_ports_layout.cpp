@@ -10,7 +10,7 @@ constexpr std::array kRows{
     Group(),
     Fill("lblPorts", "lstPorts", 4),
     Fill("lblDevices", "lstDevices"),
-    Line("lblDevice", "txtDevice:*", RowLook::Data),
+    OneLine("lblDevice", "txtDevice:*", RowLook::Data),
     Text("lblNote"),
     Left("cmdUse cmdLook"),
     Main("cmdDone"),

@@ -8,7 +8,7 @@ namespace {
 constexpr std::array kRows{
     Column(1),
     Group(),
-    Line("lblFreq", "txtFreq:12 Command1", RowLook::Data),
+    OneLine("lblFreq", "txtFreq:12 Command1", RowLook::Data),
     // In order of size, which is not that of their indices.
     Grid("lblUp", "cmdTune(0) cmdTune(8) cmdTune(6) cmdTune(4) cmdTune(2)", 5),
     Grid("lblDown", "cmdTune(1) cmdTune(9) cmdTune(7) cmdTune(5) cmdTune(3)", 5),
@@ -17,9 +17,9 @@ constexpr std::array kRows{
     Group("fraMode"),
     Grid("", "cmdCW cmdUSB cmdLSB cmdAM cmdFM cmdRTTY", 6),
     Group(),
-    Line("", "chkScan"),
-    Line("lblFrom", "txtFrom:10 lblTo txtTo:10", RowLook::Data),
-    Line("Frame1", "Option4 Option3 Option2 Option1 Option5"),
+    OneLine("", "chkScan"),
+    OneLine("lblFrom", "txtFrom:10 lblTo txtTo:10", RowLook::Data),
+    OneLine("Frame1", "Option4 Option3 Option2 Option1 Option5"),
     Main("cmdDone"),
 };
 

@@ -176,7 +176,7 @@ void TableLayout::Build() {
     }
     for (ControlWidget* widget : rest) {  // what no row names
         if (!IsFrame(widget)) {
-            LastPanel().lines.push_back({Line("", ""), nullptr, {{.widget = widget}}});
+            LastPanel().lines.push_back({OneLine("", ""), nullptr, {{.widget = widget}}});
         }
     }
     std::size_t ours = 0;

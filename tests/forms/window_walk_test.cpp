@@ -323,25 +323,15 @@ TEST_F(WindowWalkTest, TheStripOfTheSpotsTakesItsRoomFromTheContacts) {
     const int wide = contacts->width();
     const QRect callBefore = call->geometry();
     Form1& form = program.form1;
-    Label frame{form, "lblDX", "", {.place = {8000, 2480, 1500, 4600}}};
-    Line scale{form, "LineDX", 8900, 7000, 8900, 2600};
-    program.desk.outlets.controlAdded(frame);
-    program.desk.outlets.controlAdded(scale);
-    RuntimeLabels spots{form, "lblDXSpot"};
+    SpotsPart& spots = program.spotsPart;
+    spots.bandMap.PacketResize(SpotDisplay::Map);
     for (int i = 0; i < 6; ++i) {
-        spots.Make("VE" + std::to_string(i), {.place = {8300, 2700 + i * 700.0, 580, 220}, .foreColor = 0x80FFFF});
-    }
-    RuntimeLabels marks{form, "lblFreqSpot"};
-    for (int i = 0; i < 5; ++i) {
-        marks.Make("7.02" + std::to_string(i), {.place = {8930, 6900 - i * 1080.0, 560, 220}, .foreColor = 0xFFFFFF});
+        spots.posts.BandMapSpots("VE3ABC", std::to_string(7'020 + i), "de K3LR");
     }
     Check(form, "-spots");
     EXPECT_LT(contacts->width(), wide);
     EXPECT_EQ(Text(call->geometry()), Text(callBefore));
-    frame.SetVisible(false);
-    scale.SetVisible(false);
-    spots.RemoveAll();
-    marks.RemoveAll();
+    spots.bandMap.PacketResize(SpotDisplay::None);
     shown.Settle();
     EXPECT_EQ(contacts->width(), wide);
 }

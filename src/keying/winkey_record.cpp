@@ -1,19 +1,13 @@
 #include "keying/winkey_record.h"
 
-#include <array>
-#include <variant>
-
-#include "values/text_file.h"
+#include "keying/line_record.h"
 #include "values/value_error.h"
 
 namespace tallyhut {
 namespace {
 
-using Text = std::string WinKeyRecord::*;
-using Byte = std::uint8_t WinKeyRecord::*;
-
 /// In file order; nothing else knows it.
-constexpr std::array<std::variant<Text, Byte>, 8> kFileOrder{
+constexpr std::array<LineOf<WinKeyRecord>, 8> kFileOrder{
     &WinKeyRecord::gWKPort, &WinKeyRecord::txtWKWPM, &WinKeyRecord::txtWeight,    &WinKeyRecord::txtLeadIn,
     &WinKeyRecord::txtTail, &WinKeyRecord::txtRatio, &WinKeyRecord::gWKPinConfig, &WinKeyRecord::gWKMode,
 };
@@ -22,15 +16,7 @@ constexpr std::size_t kFirstOptional = 6;
 }  // namespace
 
 std::string WriteWinKeyRecord(const WinKeyRecord& record) {
-    RecordWriter writer;
-    for (const auto& field : kFileOrder) {
-        if (const Text* text = std::get_if<Text>(&field)) {
-            writer.Text(record.**text).EndLine();
-        } else {
-            writer.Number(record.*std::get<Byte>(field)).EndLine();
-        }
-    }
-    return writer.Result();
+    return WriteLines(record, kFileOrder);
 }
 
 bool ReadWinKeyRecord(std::string_view text, WinKeyRecord& record) {
@@ -40,11 +26,7 @@ bool ReadWinKeyRecord(std::string_view text, WinKeyRecord& record) {
             if (line >= kFirstOptional && fields.AtEnd()) {
                 break;
             }
-            if (const Text* member = std::get_if<Text>(&kFileOrder.at(line))) {
-                record.** member = fields.Take();
-            } else {
-                record.*std::get<Byte>(kFileOrder.at(line)) = fields.TakeByte();
-            }
+            ReadLine(fields, kFileOrder.at(line), record);
         }
     } catch (const ValueError&) {
         return false;

@@ -97,7 +97,7 @@ void WinKeySetup::frmWinKey_Load() {
     gWKPinConfig = WinKeyRecord{}.gWKPinConfig;
     gWKMode = WinKeyRecord{}.gWKMode;
     try {
-        WinKeyRecord record;
+        WinKeyRecord record{.gWKPort = gWKPort};
         const bool isWhole = ReadWinKeyRecord(store.Read(), record);
         gWKPort = record.gWKPort;
         gWKPinConfig = record.gWKPinConfig;
@@ -203,7 +203,9 @@ void WinKeySetup::ShowClosed() {
 /// The port in words, and what is amiss with it or with the device on it.
 void WinKeySetup::ShowTrouble() {
     const bool isPort = gWKPort >= kFirstPort && gWKPort <= kLastPort;
-    form.lblDevice.SetCaption(isPort ? PortToolTip(serialPorts.MeaningOf(gWKPort)) : "no such port");
+    form.lblDevice.SetCaption(isPort         ? PortToolTip(serialPorts.MeaningOf(gWKPort))
+                              : gWKPort == 0 ? "none"
+                                             : "no such port");
     form.lblTrouble.SetCaption(Trouble());
 }
 

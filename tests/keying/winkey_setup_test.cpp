@@ -305,6 +305,9 @@ TEST_F(WinKeySetupTest, PortThatIsNoByteIsNone) {
         EXPECT_EQ(Keyer().txtWKComPort.Text(), "0") << typed;
         EXPECT_EQ(Unit().gWKPort, 0);
     }
+    EXPECT_EQ(Keyer().lblDevice.Caption(), "none");
+    Leave(Keyer().txtWKComPort, "11");
+    EXPECT_EQ(Keyer().lblDevice.Caption(), "no such port");
     Leave(Keyer().txtWKComPort, "3");
     EXPECT_EQ(Unit().gWKPort, 3);
 }

@@ -101,7 +101,7 @@ constexpr std::array kRows{
     Row{"cmdClear", Part::Entry, 2, 10, 1, kClear, 4.5},
 
     Row{"lblDialog", Part::Message, 0, 0, 7, kMessage, 0, "Message"},
-    Row{"lblPossDup", Part::Message, 1, 0, 1, kCaption, 10},
+    Row{"lblPossDup", Part::Message, 1, 0, 1, kCaption, 10.6},
     Row{"lblPostConTime", Part::Message, 1, 2, 1, kCaption, 2.8},
     Row{"txtPostConTime", Part::Message, 1, 3, 1, kSmallField, 4.8, "", "hh:mm"},
     Row{"lblPostConDate", Part::Message, 1, 4, 1, kCaption, 2.8},

@@ -472,8 +472,13 @@ int TableLayout::LineHeight(const PlacedLine& line, const PlacedColumn& column) 
             }
             return above + (above > 0 ? Unit() / 4 : 0) + tallest(width);
         }
-        default:
-            return std::max(tallest(width), line.caption == nullptr ? 0 : qRound(text_ * kTextHeight));
+        default: {
+            if (line.caption == nullptr) {
+                return tallest(width);
+            }
+            const int need = IsFrame(line.caption) ? 0 : line.caption->Needed(0).height();  // an option is one, too
+            return std::max({tallest(width), need, qRound(text_ * kTextHeight)});
+        }
     }
 }
 

@@ -54,6 +54,8 @@ void ShowMessages(MainFormKeys& keys, int& /*KeyCode*/) {
 constexpr std::array kKeys{
     TypedKey(kKeySpace),
     TypedKey(kKeyEnter),
+    CtrlKey(
+        'B', [](MainFormKeys& keys, int&) { keys.spots.spectrumForm.Show(); }, true),
     CtrlKey('C', ShowMessages, true),
     CtrlKey(
         'D', [](MainFormKeys& keys, int&) { keys.spots.form.Show(); }, true),

@@ -10,11 +10,11 @@ constexpr double kWidth = 9600;
 constexpr double kHeight = 7200;
 constexpr double kBandWidth = kWidth / SpectrumMap::kBands;
 constexpr double kLineTop = 560;
-constexpr double kLineBottom = 6960;
+constexpr double kLineBottom = 6700;
+constexpr Place kSpotLine{120, 6900, kWidth - 240, 240};
 constexpr double kLabelHeight = 200;
 constexpr double kCaptionWidth = 430;
 constexpr double kSpotWidth = 400;
-constexpr Colour kDark = 0x303030;  ///< what the colours of all ages can be read on
 constexpr Colour kCaption = 0xE0E0E0;
 
 constexpr std::array<std::string_view, SpectrumMap::kBands> kBandNames{"160", "80", "40", "30", "20", "17",
@@ -25,7 +25,7 @@ double LineOf(int band) {
 }
 
 LabelDesign Design(const Place& place, bool visible) {
-    return {.place = place, .foreColor = kCaption, .backColor = kDark, .visible = visible};
+    return {.place = place, .foreColor = kCaption, .visible = visible};
 }
 
 }  // namespace
@@ -49,10 +49,12 @@ SpectrumMap::SpectrumMap(Desk& owner)
               return std::make_unique<Label>(*this, "lblFreqSpot", i, "", Design(place, true));
           }},
       LineSpot{0, kLastSpot, [this](int i) { return std::make_unique<Line>(*this, "LineSpot", i, 0, 0, 0, 0); }},
-      lblDXSpot{0, kLastSpot, [this](int i) {
+      lblDXSpot{0, kLastSpot,
+                [this](int i) {
                     return std::make_unique<Label>(*this, "lblDXSpot", i, "",
                                                    Design({0, kLineTop, kSpotWidth, kLabelHeight}, false));
-                }} {
+                }},
+      lblSpot{*this, "lblSpot", "", {.place = kSpotLine, .takesFocus = true, .tabStop = true}} {
     for (int i = LineSpot.First(); i <= LineSpot.Last(); ++i) {
         LineSpot(i).SetVisible(false);
     }

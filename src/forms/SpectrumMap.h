@@ -17,6 +17,7 @@ struct SpectrumMap : Form {
     ControlArray<Label> lblFreqSpot;  ///< 0 to 54: five a band, the low end first
     ControlArray<Line> LineSpot;      ///< from a label to its mark, where it stands beside it
     ControlArray<Label> lblDXSpot;    ///< 0 to 49
+    Label lblSpot;                    ///< the spot that is pointed at; has the focus while the keyboard points
 };
 
 }  // namespace tallyhut

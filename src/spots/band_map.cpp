@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "spots/spot_labels.h"
 #include "toolkit/key.h"
 #include "values/text.h"
 #include "values/value_error.h"
@@ -9,7 +10,7 @@
 namespace tallyhut {
 namespace {
 
-constexpr double kBesideLine = 0.004;    ///< of a label's width
+constexpr int kMostColumns = SpotTable::kRows;
 constexpr double kContactsWidth = 2700;  ///< of the list of contacts beside the spots, design units
 
 /// A field takes no line ends and no quotes: they would come into the log.
@@ -80,6 +81,14 @@ void BandMap::Draw() {
     PlaceLabels(shown);
 }
 
+std::vector<int> BandMap::RowsShown() const {
+    std::vector<int> rows;
+    if (panel.form.lblDX.State().visible) {
+        std::ranges::transform(SpotsOfTheScale(), std::back_inserter(rows), &Shown::row);
+    }
+    return rows;
+}
+
 /// In the order of their frequencies; of those on the same one the newest first.
 std::vector<BandMap::Shown> BandMap::SpotsOfTheScale() const {
     const Form1& form = panel.form;
@@ -100,41 +109,18 @@ std::vector<BandMap::Shown> BandMap::SpotsOfTheScale() const {
 
 /// More labels than fit below each other stand in columns side by side.
 void BandMap::PlaceLabels(const std::vector<Shown>& shown) {
-    if (shown.empty()) {
-        return;
+    Form1& form = panel.form;
+    const ControlState& line = form.LineDX.State();
+    std::vector<double> marks;
+    std::ranges::transform(shown, std::back_inserter(marks), &Shown::mark);
+    const std::vector<LabelPlace> places =
+        PlacesAlong(marks, form.lblDXSpot(0).State().place.height, line.y1, line.y2, kMostColumns);
+    for (std::size_t i = 0; i < shown.size(); ++i) {
+        const auto& [row, mark, age] = shown[i];
+        const Spot& spot = table.Row(row);
+        DrawSpot(form.lblDXSpot(row), form.LineSpot(row), spot, *age,
+                 HintOf(spot, AddHours(spot.SpotTime, contest.preferences.gUtcOffset)), line.x2, mark, places[i]);
     }
-    const ControlState& line = panel.form.LineDX.State();
-    const double height = panel.form.lblDXSpot(0).State().place.height;
-    const auto fitting = static_cast<std::size_t>(std::max((line.y2 - line.y1) / height, 1.0)) + 1;
-    const std::size_t columns = (shown.size() + fitting - 1) / fitting;
-    for (std::size_t column = 0; column < columns; ++column) {
-        std::vector<double> marks;
-        for (std::size_t i = column; i < shown.size(); i += columns) {
-            marks.push_back(shown[i].mark);
-        }
-        const std::vector<double> centres = SpreadOut(marks, height, line.y1, line.y2);
-        for (std::size_t i = 0; i < centres.size(); ++i) {
-            ShowLabel(shown[column + i * columns], column, centres[i]);
-        }
-    }
-}
-
-void BandMap::ShowLabel(const Shown& shown, std::size_t column, double centre) {
-    const Spot& spot = table.Row(shown.row);
-    Label& label = panel.form.lblDXSpot(shown.row);
-    Line& leader = panel.form.LineSpot(shown.row);
-    const double lineEnd = panel.form.LineDX.State().x2;
-    Place place = label.State().place;
-    place.left = lineEnd - place.width * (1 + kBesideLine + static_cast<double>(column));
-    place.top = centre - place.height / 2;
-    label.SetToolTip(HintOf(spot, AddHours(spot.SpotTime, contest.preferences.gUtcOffset)));
-    label.SetCaption(spot.SpotPrefix);
-    label.SetForeColor(shown.age->colour);
-    label.SetBold(shown.age->bold);
-    label.SetPlace(place);
-    label.SetVisible(true);
-    leader.SetEnds(place.left + place.width, centre, lineEnd, shown.mark);
-    leader.SetVisible(column > 0 || centre != shown.mark);
 }
 
 void BandMap::ShowList() {

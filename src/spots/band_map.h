@@ -40,6 +40,9 @@ struct BandMap {
     /// Fills the list, whether it is shown or not.
     void ShowList();
 
+    /// The rows of the table that have a place on the map, the lowest frequency first.
+    std::vector<int> RowsShown() const;
+
     /// The right button works the spot; any other takes it off the map.
     void lblDXSpot_MouseDown(int Index, MouseButton Button);
     void lblDXSpot_MouseMove(int Index);
@@ -56,7 +59,6 @@ private:
     void Draw();
     std::vector<Shown> SpotsOfTheScale() const;
     void PlaceLabels(const std::vector<Shown>& shown);
-    void ShowLabel(const Shown& spot, std::size_t column, double centre);
 };
 
 }  // namespace tallyhut

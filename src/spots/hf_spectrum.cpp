@@ -76,45 +76,60 @@ BandSpan HfSpectrum::ScaleOfBand(int band) const {
     return ScaleOf(form.lblFreqSpot(first).Caption(), form.lblFreqSpot(first + kScaleCaptions - 1).Caption());
 }
 
-void HfSpectrum::DrawBand(int band) {
+/// In the order of their frequencies.
+std::vector<HfSpectrum::Mark> HfSpectrum::MarksOf(int band) const {
     const BandSpan scale = ScaleOfBand(band);
     const ControlState& line = form.lineHF(band).State();
     const DateTime now = panel.desk.clock.Now();
-    std::vector<std::pair<double, int>> marks;
+    std::vector<Mark> marks;
     for (int i = SpotTable::kNewest; i >= 0; --i) {
         const Spot& spot = table.Row(i);
         if (EdgesOf(band).Holds(spot.SpotFreq) && AgeOf(spot.SpotTime, now) != nullptr) {
-            marks.emplace_back(line.y1 + ShareOf(spot.SpotFreq, scale) * (line.y2 - line.y1), i);
+            marks.push_back({line.y1 + ShareOf(spot.SpotFreq, scale) * (line.y2 - line.y1), i});
         }
     }
-    std::ranges::stable_sort(marks, {}, &std::pair<double, int>::first);
+    std::ranges::stable_sort(marks, {}, &Mark::at);
+    return marks;
+}
+
+std::vector<std::vector<int>> HfSpectrum::RowsShown() const {
+    std::vector<std::vector<int>> bands(SpectrumMap::kBands);
+    for (int band = 0; band < SpectrumMap::kBands; ++band) {
+        std::ranges::transform(MarksOf(band), std::back_inserter(bands[static_cast<std::size_t>(band)]), &Mark::row);
+    }
+    return bands;
+}
+
+void HfSpectrum::DrawBand(int band) {
+    const std::vector<Mark> marks = MarksOf(band);
+    const ControlState& line = form.lineHF(band).State();
     constexpr int kQuarters = kScaleCaptions - 1;
     const double quarter = (line.y2 - line.y1) / kQuarters;
     for (int j = 0; j < kQuarters; ++j) {
         const double from = line.y1 + j * quarter;
-        std::vector<std::pair<double, int>> within;
-        std::ranges::copy_if(marks, std::back_inserter(within), [&](const auto& mark) {
-            return (j == 0 || mark.first >= from) && (j == kQuarters - 1 || mark.first < from + quarter);
+        std::vector<Mark> within;
+        std::ranges::copy_if(marks, std::back_inserter(within), [&](const Mark& mark) {
+            return (j == 0 || mark.at >= from) && (j == kQuarters - 1 || mark.at < from + quarter);
         });
         DrawQuarter(within, band, from, from + quarter);
     }
 }
 
-void HfSpectrum::DrawQuarter(const std::vector<std::pair<double, int>>& marks, int band, double from, double to) {
+void HfSpectrum::DrawQuarter(const std::vector<Mark>& marks, int band, double from, double to) {
     const double height = form.lblDXSpot(0).State().place.height;
     const double clear = (height + form.lblFreqSpot(0).State().place.height) / 2;
     std::vector<double> wanted;
-    std::ranges::transform(marks, std::back_inserter(wanted), &std::pair<double, int>::first);
+    std::ranges::transform(marks, std::back_inserter(wanted), &Mark::at);
     const std::vector<LabelPlace> places = PlacesAlong(wanted, height, from + clear, to - clear, kMostColumns);
     const DateTime now = panel.desk.clock.Now();
     for (std::size_t n = 0; n < marks.size(); ++n) {
-        const auto [mark, row] = marks[n];
+        const auto [at, row] = marks[n];
         const Spot& spot = table.Row(row);
         const DateTime utc = AddMinutes(spot.SpotTime, contest.preferences.gUtcOffset * kMinutesAnHour);
         Label& label = form.lblDXSpot(row);
         label.SetUnderlined(!WorkedBefore(contest.log, spot.SpotCall));
         DrawSpot(label, form.LineSpot(row), spot, *AgeOf(spot.SpotTime, now), HintOf(spot, utc),
-                 form.lineHF(band).State().x2, mark, places[n]);
+                 form.lineHF(band).State().x2, at, places[n]);
     }
 }
 
@@ -129,6 +144,10 @@ void HfSpectrum::lblDXSpot_MouseDown(int Index, MouseButton Button) {
         spot.SpotFreq = 0;
         BandMapLabelDisplay();
     }
+}
+
+void HfSpectrum::lblDXSpot_MouseMove(int Index) {
+    form.lblSpot.SetCaption(form.lblDXSpot(Index).State().toolTip);
 }
 
 }  // namespace tallyhut

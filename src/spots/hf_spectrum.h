@@ -21,14 +21,25 @@ struct HfSpectrum {
     void BandMapLabelDisplay();
     /// Writes and places the captions of all scales.
     void UpdateSpectrumScale();
+    /// The rows of the table that have a place on the map: those of each band, the lowest frequency first.
+    std::vector<std::vector<int>> RowsShown() const;
+
     /// The right button works the spot; any other takes it off the map.
     void lblDXSpot_MouseDown(int Index, MouseButton Button);
+    /// Tells of the spot in the form's own line.
+    void lblDXSpot_MouseMove(int Index);
 
 private:
+    struct Mark {
+        double at;  ///< along the band's line
+        int row;
+    };
+
     void Draw();
     void DrawBand(int band);
+    std::vector<Mark> MarksOf(int band) const;
     /// The spots of a band between two of its captions, which they must not cover.
-    void DrawQuarter(const std::vector<std::pair<double, int>>& marks, int band, double from, double to);
+    void DrawQuarter(const std::vector<Mark>& marks, int band, double from, double to);
     BandSpan ScaleOfBand(int band) const;
 };
 

@@ -33,13 +33,14 @@ double ShareOf(float frequency, const BandSpan& scale);
 struct AgeRow {
     std::int64_t below;  ///< seconds
     Colour colour;
-    bool bold;  ///< so that the newest are told by more than their colour
+    bool bold;  ///< so that an age is told by more than its colour
+    bool italic;
 };
 
 inline constexpr std::array kAges{
-    AgeRow{600, 0x80FFFF, true},
-    AgeRow{1800, 0xFFFFFF, false},
-    AgeRow{3600, 0xC0C0C0, false},
+    AgeRow{600, 0x80FFFF, true, false},
+    AgeRow{1800, 0xFFFFFF, false, false},
+    AgeRow{3600, 0xC0C0C0, false, true},
 };
 
 /// Null from an hour on, when a spot is on no map any more. A post of the future, before the clock was set back, is

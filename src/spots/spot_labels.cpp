@@ -38,6 +38,7 @@ void DrawSpot(Label& label, Line& leader, const Spot& spot, const AgeRow& age, c
     label.SetCaption(spot.SpotPrefix);
     label.SetForeColor(age.colour);
     label.SetBold(age.bold);
+    label.SetItalic(age.italic);
     label.SetPlace(place);
     label.SetVisible(true);
     leader.SetEnds(place.left + place.width, where.centre, lineEnd, mark);

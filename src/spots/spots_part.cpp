@@ -1,12 +1,20 @@
 #include "spots/spots_part.h"
 
+#include <numeric>
+
 #include "spots/spot_line.h"
 #include "support/port_texts.h"
 
 namespace tallyhut {
+namespace {
+
+constexpr std::string_view kNoSpots = "No spots";
+
+}  // namespace
 
 SpotsPart::SpotsPart(Machine& machine, Desk& desk, SupportPart& support, LogPart& log, RigPart& rig)
     : form{desk},
+      spectrumForm{desk},
       comm{machine.serialPorts.NewPort()},
       socket{machine.tcpSockets.NewSocket()},
       engine{machine.tcpSockets, machine.clock},
@@ -15,7 +23,11 @@ SpotsPart::SpotsPart(Machine& machine, Desk& desk, SupportPart& support, LogPart
       engineAddress{form, machine.settings, machine.agwEngine},
       posts{log.panel, log.contest, log.display.grid, log.prompts, table},
       bandMap{log.panel, log.contest, table, posts, rig.rigCommands},
+      spectrum{spectrumForm, log.panel, log.contest, table, rig.rigCommands},
       sectionSpots{log.panel, log.contest, table, rig.rigCommands},
+      mapKeys{log.form1.lblDX, kNoSpots, MapKeys(log.form1)},
+      spectrumKeys{spectrumForm.lblSpot, kNoSpots, SpectrumKeys()},
+      sectionKeys{log.form1.lblSecWkd, "", SectionKeys(log)},
       arrived_{desk, socket->EventDescriptor(), [this] { transports.Socket_Arrived(); }} {
     Bind(log, machine.serialPorts);
 }
@@ -24,12 +36,17 @@ void SpotsPart::Bind(LogPart& log, const SerialPorts& ports) {
     BindForm(ports);
     BindSerialOptions();
     BindSpots(log.form1);
+    BindSpectrum(log.form1);
     setup.savePref = [&log] { log.preferencesFile.SavePref(); };
     setup.PacketResize = [this] { PacketResize(); };
     log.band.bandChanged = [this] { bandMap.DisplayBandMapLabels(); };
     transports.received = [this](std::string_view post) { Take(post); };
     transports.age = [this] { bandMap.DisplayBandMapLabels(); };
-    posts.drawMaps = [this] { bandMap.DisplayBandMapLabels(); };
+    posts.drawMaps = [this] {
+        mapKeys.TakeShift();
+        spectrumKeys.TakeShift();
+        DrawMaps();
+    };
     posts.listChanged = [this] { bandMap.ShowList(); };
 }
 
@@ -89,6 +106,77 @@ void SpotsPart::BindSpots(Form1& form1) {
     for (int i = form1.Label10.First(); i <= form1.Label10.Last(); ++i) {
         form1.Label10(i).MouseDown = [this, i](MouseButton /*Button*/) { sectionSpots.Label10_MouseDown(i); };
         form1.Label10(i).MouseMove = [this, i] { sectionSpots.Label10_MouseMove(i); };
+    }
+}
+
+void SpotsPart::BindSpectrum(Form1& form1) {
+    for (Control* opens : {static_cast<Control*>(&form1.lblDX), static_cast<Control*>(&form1.txtDX)}) {
+        opens->DblClick = [this] { spectrumForm.Show(); };
+    }
+    form1.mnuViewSpectrumMap.Click = [this] { spectrumForm.Show(); };
+    spectrumForm.Form_Activate = [this] { spectrum.BandMapLabelDisplay(); };
+    spectrumForm.Form_QueryUnload = [this](bool& Cancel) {
+        Cancel = true;
+        spectrumForm.Hide();
+    };
+    spectrumForm.Form_KeyPress = [this](int& KeyAscii) {
+        if (KeyAscii == kKeyEsc) {
+            spectrumForm.Hide();
+        }
+    };
+    for (int i = spectrumForm.lblDXSpot.First(); i <= spectrumForm.lblDXSpot.Last(); ++i) {
+        spectrumForm.lblDXSpot(i).MouseDown = [this, i](MouseButton Button) {
+            spectrum.lblDXSpot_MouseDown(i, Button);
+        };
+        spectrumForm.lblDXSpot(i).MouseMove = [this, i] { spectrum.lblDXSpot_MouseMove(i); };
+    }
+}
+
+LabelWalk::Outlets SpotsPart::MapKeys(Form1& form1) {
+    return {
+        .lines = [this] { return std::vector<std::vector<int>>{bandMap.RowsShown()}; },
+        .label = [&form1](int row) -> Label& { return form1.lblDXSpot(row); },
+        .hover = [this](int row) { bandMap.lblDXSpot_MouseMove(row); },
+        .words = [&form1](int row) { return form1.lblDXSpot(row).State().toolTip; },
+        .press = [this](int row, MouseButton button) { bandMap.lblDXSpot_MouseDown(row, button); },
+    };
+}
+
+LabelWalk::Outlets SpotsPart::SpectrumKeys() {
+    return {
+        .lines = [this] { return spectrum.RowsShown(); },
+        .label = [this](int row) -> Label& { return spectrumForm.lblDXSpot(row); },
+        .hover = [this](int row) { spectrum.lblDXSpot_MouseMove(row); },
+        .words = [this](int row) { return spectrumForm.lblDXSpot(row).State().toolTip; },
+        .press = [this](int row, MouseButton button) { spectrum.lblDXSpot_MouseDown(row, button); },
+    };
+}
+
+/// A section is worked by either button, and none can be thrown away.
+LabelWalk::Outlets SpotsPart::SectionKeys(LogPart& log) {
+    return {
+        .lines =
+            [&log] {
+                std::vector<int> sections(static_cast<std::size_t>(log.contest.sections.gSectionCount));
+                std::iota(sections.begin(), sections.end(), log.form1.Label10.First());
+                return std::vector<std::vector<int>>{sections};
+            },
+        .label = [&log](int section) -> Label& { return log.form1.Label10(section); },
+        .hover = [this](int section) { sectionSpots.Label10_MouseMove(section); },
+        .words = [&log](int /*section*/) { return log.form1.lblDupe.Caption(); },
+        .press =
+            [this](int section, MouseButton button) {
+                if (button == kRightButton) {
+                    sectionSpots.Label10_MouseDown(section);
+                }
+            },
+    };
+}
+
+void SpotsPart::DrawMaps() {
+    bandMap.DisplayBandMapLabels();
+    if (spectrumForm.IsVisible()) {
+        spectrum.BandMapLabelDisplay();
     }
 }
 

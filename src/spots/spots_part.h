@@ -6,6 +6,8 @@
 #include "rig/rig_part.h"
 #include "spots/band_map.h"
 #include "spots/engine_address.h"
+#include "spots/hf_spectrum.h"
+#include "spots/label_walk.h"
 #include "spots/section_spots.h"
 #include "spots/spot_posts.h"
 #include "spots/spot_setup.h"
@@ -19,6 +21,7 @@ struct SpotsPart {
     SpotsPart(Machine& machine, Desk& desk, SupportPart& support, LogPart& log, RigPart& rig);
 
     PacketSpotfrm form;
+    SpectrumMap spectrumForm;
 
     std::unique_ptr<SerialPort> comm;
     std::unique_ptr<TcpSocket> socket;
@@ -31,7 +34,11 @@ struct SpotsPart {
     SpotTable table;
     SpotPosts posts;
     BandMap bandMap;
+    HfSpectrum spectrum;
     SectionSpots sectionSpots;
+    LabelWalk mapKeys;
+    LabelWalk spectrumKeys;
+    LabelWalk sectionKeys;
 
     /// What the start does: the form is loaded, hidden, and the source that was open last is opened anew.
     void OpenSource();
@@ -45,6 +52,11 @@ private:
     void BindForm(const SerialPorts& ports);
     void BindSerialOptions();
     void BindSpots(Form1& form1);
+    void BindSpectrum(Form1& form1);
+    void DrawMaps();
+    LabelWalk::Outlets MapKeys(Form1& form1);
+    LabelWalk::Outlets SpectrumKeys();
+    LabelWalk::Outlets SectionKeys(LogPart& log);
     void Take(std::string_view post);
 
     IoSource arrived_;  ///< of the socket, and gone before it

@@ -7,8 +7,10 @@
 namespace tallyhut {
 namespace {
 
-bool KindTakesFocus(ControlKind kind) {
-    switch (kind) {
+bool KindTakesFocus(const Control& control) {
+    switch (control.kind) {
+        case ControlKind::Label:
+            return control.State().takesFocus;
         case ControlKind::TextBox:
         case ControlKind::Button:
         case ControlKind::Option:
@@ -49,7 +51,7 @@ bool Control::IsShown() const {
 }
 
 bool Control::CanTakeFocus() const {
-    return KindTakesFocus(kind) && state_.enabled && IsShown();
+    return KindTakesFocus(*this) && state_.enabled && IsShown();
 }
 
 bool Control::HasFocus() const {
@@ -91,8 +93,10 @@ void Control::SetEnabled(bool enabled) {
 }
 
 void Control::SetToolTip(std::string_view text) {
-    state_.toolTip = text;
-    Touch();
+    if (state_.toolTip != text) {
+        state_.toolTip = text;
+        Touch();
+    }
 }
 
 void Control::SetForeColor(Colour colour) {
@@ -128,6 +132,20 @@ void Control::SetUnderlined(bool underlined) {
     }
 }
 
+void Control::SetItalic(bool italic) {
+    if (state_.italic != italic) {
+        state_.italic = italic;
+        Touch();
+    }
+}
+
+void Control::SetPointed(bool pointed) {
+    if (state_.pointed != pointed) {
+        state_.pointed = pointed;
+        Touch();
+    }
+}
+
 void Control::SetRefused(bool refused) {
     if (state_.refused != refused) {
         state_.refused = refused;
@@ -141,8 +159,10 @@ void Control::SetTabIndex(int position) {
 }
 
 void Control::SetPlace(const Place& place) {
-    state_.place = place;
-    Touch();
+    if (state_.place != place) {
+        state_.place = place;
+        Touch();
+    }
 }
 
 void Control::PutInto(Control& frame) {

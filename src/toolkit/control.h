@@ -48,7 +48,10 @@ struct ControlState {
     double fontSize = 9;  ///< points
     bool bold = false;
     bool underlined = false;
-    bool refused = false;  ///< what it holds was not taken, or says why
+    bool italic = false;
+    bool pointed = false;     ///< the keyboard points at it, as a mouse would
+    bool refused = false;     ///< what it holds was not taken, or says why
+    bool takesFocus = false;  ///< of a label: by the keyboard, never by the mouse
     bool tabStop = false;
     int tabIndex = 0;
     Place place;
@@ -115,6 +118,8 @@ struct Control {
     void SetFontSize(double points);
     void SetBold(bool bold);
     void SetUnderlined(bool underlined);
+    void SetItalic(bool italic);
+    void SetPointed(bool pointed);
     /// Marks it until its text is another one.
     void SetRefused(bool refused);
     void SetTabIndex(int position);

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cassert>
 #include <numeric>
+#include <tuple>
 
 #include "toolkit/desk.h"
 #include "toolkit/form.h"
@@ -22,6 +23,8 @@ Label::Label(Form& owner, std::string controlName, int controlIndex, std::string
     state_.backColor = design.backColor;
     state_.fontSize = design.fontSize;
     state_.visible = design.visible;
+    state_.takesFocus = design.takesFocus;
+    state_.tabStop = design.takesFocus && design.tabStop;
 }
 
 namespace {
@@ -180,11 +183,10 @@ Line::Line(Form& owner, std::string controlName, int controlIndex, double x1, do
 }
 
 void Line::SetEnds(double x1, double y1, double x2, double y2) {
-    state_.x1 = x1;
-    state_.y1 = y1;
-    state_.x2 = x2;
-    state_.y2 = y2;
-    Touch();
+    if (std::tie(state_.x1, state_.y1, state_.x2, state_.y2) != std::tie(x1, y1, x2, y2)) {
+        std::tie(state_.x1, state_.y1, state_.x2, state_.y2) = std::tie(x1, y1, x2, y2);
+        Touch();
+    }
 }
 
 Raster::Raster(Form& owner, std::string controlName, const LabelDesign& design)

@@ -58,6 +58,8 @@ struct LabelDesign {
     Colour backColor = kButtonFace;
     double fontSize = 9;
     bool visible = true;
+    bool takesFocus = false;  ///< by the keyboard, never by the mouse
+    bool tabStop = false;
 };
 
 struct Label : Control {

@@ -16,7 +16,7 @@ bool Desk::TakeFocusByMouse(Control& control) {
     if (watch.IsGone()) {
         return false;
     }
-    if (control.CanTakeFocus()) {
+    if (control.CanTakeFocus() && control.kind != ControlKind::Label) {
         control.SetFocus();
         const int moves = focusMoves_;
         while (RunFocusEvent()) {

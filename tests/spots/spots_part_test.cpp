@@ -1,42 +1,12 @@
 #include "spots/spots_part.h"
 
 #include "support/port_texts.h"
-#include "tests/spots/spots_fixture.h"
+#include "tests/spots/cluster_fixture.h"
 
 namespace tallyhut {
 namespace {
 
-constexpr const char* kSetupPath = "/contest/PackSpot.txt";
-
-std::string Line(std::string_view frequency, std::string_view call, std::string_view comment) {
-    return "DX " + Comment(frequency, call, comment) + "\r\n";
-}
-
-struct SpotsPartTest : ProgramFixture {
-    SpotRecord cluster{.type = "Telnet", .telnetPort = "7300", .telnetHost = "cluster"};
-
-    SpotsPart& Part() { return program->spotsPart; }
-    PacketSpotfrm& SetupForm() { return Part().form; }
-    sim::TcpPeer& Cluster() { return tcpSockets.Peer(0); }
-
-    void StartWithSource(const SpotRecord& record, std::string_view band = "20") {
-        files.Put(kSetupPath, WriteSpotRecord(record));
-        stored.gOwnCall = "W1AW";
-        stored.gBand = band;
-        StartOnTime();
-    }
-    void StartWithCluster(std::string_view band = "20") {
-        StartWithSource(cluster, band);
-        Cluster().Accept();
-        TheDesk().RunPending();
-    }
-    void Arrive(std::string_view chunk) {
-        Cluster().Arrive(chunk);
-        TheDesk().RunPending();
-    }
-    const ControlState& Newest() { return Main().lblDXSpot(49).State(); }
-    bool MapIsShown() { return Main().lblDX.State().visible; }
-};
+using SpotsPartTest = ClusterFixture;
 
 TEST_F(SpotsPartTest, StoredClusterIsOpenedByTheStartAndItsPostsAreOnTheMap) {
     StartWithCluster();
@@ -44,12 +14,12 @@ TEST_F(SpotsPartTest, StoredClusterIsOpenedByTheStartAndItsPostsAreOnTheMap) {
     EXPECT_FALSE(SetupForm().IsVisible());
     EXPECT_TRUE(SetupForm().Label4.State().visible);
     EXPECT_TRUE(MapIsShown());
-    Arrive(Line("14175.0", "K1ABC", "CQ SS"));
+    Arrive(PostLine("14175.0", "K1ABC", "CQ SS"));
     EXPECT_TRUE(Newest().visible);
     EXPECT_EQ(Newest().text, "K1");
     EXPECT_EQ(Main().txtDX.RowCount(), 1U);
     EXPECT_EQ(SetupForm().txtUnProcessed.Text().substr(SetupForm().txtUnProcessed.Text().find("DX de")),
-              Line("14175.0", "K1ABC", "CQ SS"));
+              PostLine("14175.0", "K1ABC", "CQ SS"));
 }
 
 TEST_F(SpotsPartTest, WithoutASetupTheMainFormShowsNoSpots) {
@@ -83,7 +53,7 @@ TEST_F(SpotsPartTest, DoneWithoutASourceGivesTheRoomBack) {
 
 TEST_F(SpotsPartTest, BandMenuDrawsTheMapOfTheBand) {
     StartWithCluster();
-    Arrive(Line("14175.0", "K1ABC", "CQ SS"));
+    Arrive(PostLine("14175.0", "K1ABC", "CQ SS"));
     ChooseMenu(Main().mnu40);
     EXPECT_FALSE(Newest().visible);
     EXPECT_EQ(Main().lblFreqSpot(0).Caption(), "7.000");
@@ -93,7 +63,7 @@ TEST_F(SpotsPartTest, BandMenuDrawsTheMapOfTheBand) {
 
 TEST_F(SpotsPartTest, LabelsAgeWithoutNewPosts) {
     StartWithCluster();
-    Arrive(Line("14175.0", "K1ABC", "CQ SS"));
+    Arrive(PostLine("14175.0", "K1ABC", "CQ SS"));
     for (int tick = 0; tick < 2'160; ++tick) {  // six turns of two minutes
         PassTime(333);
     }
@@ -106,7 +76,7 @@ TEST_F(SpotsPartTest, CloseBoxKeepsTheSourceOpen) {
     SetupForm().RequestClose();
     TheDesk().RunPending();
     EXPECT_FALSE(SetupForm().IsVisible());
-    Arrive(Line("14175.0", "K1ABC", "CQ SS"));
+    Arrive(PostLine("14175.0", "K1ABC", "CQ SS"));
     EXPECT_TRUE(Newest().visible);
 }
 
@@ -132,7 +102,7 @@ TEST_F(SpotsPartTest, CtrlZPreparesASpotOfTheLastContact) {
 
 TEST_F(SpotsPartTest, MouseWorksAndDiscardsASpotOfTheMap) {
     StartWithCluster();
-    Arrive(Line("14175.0", "K1ABC", "CQ SS"));
+    Arrive(PostLine("14175.0", "K1ABC", "CQ SS"));
     TheDesk().PostClick(Main().lblDXSpot(49), kRightButton);
     TheDesk().RunPending();
     EXPECT_EQ(Main().txtCall.Text(), "K1ABC");
@@ -152,8 +122,8 @@ TEST_F(SpotsPartTest, ClickOnTheMapShowsTheSetup) {
 TEST_F(SpotsPartTest, ArrowsGoThroughTheListAndEnterWorksTheRow) {
     cluster.showsList = true;
     StartWithCluster();
-    Arrive(Line("14175.0", "K1ABC", "CQ SS"));
-    Arrive(Line("14180.0", "K2ABC", "CQ SS"));
+    Arrive(PostLine("14175.0", "K1ABC", "CQ SS"));
+    Arrive(PostLine("14180.0", "K2ABC", "CQ SS"));
     Main().txtDX.SetFocus();
     Press("Down");
     Press("Down");
@@ -167,7 +137,7 @@ TEST_F(SpotsPartTest, ArrowsGoThroughTheListAndEnterWorksTheRow) {
 TEST_F(SpotsPartTest, ClickOnARowOfTheListWorksIt) {
     cluster.showsList = true;
     StartWithCluster();
-    Arrive(Line("14175.0", "K1ABC", "CQ SS"));
+    Arrive(PostLine("14175.0", "K1ABC", "CQ SS"));
     TheDesk().PostRowClick(Main().txtDX, 0, kLeftButton);
     TheDesk().RunPending();
     EXPECT_EQ(Main().txtCall.Text(), "K1ABC");
@@ -175,7 +145,7 @@ TEST_F(SpotsPartTest, ClickOnARowOfTheListWorksIt) {
 
 TEST_F(SpotsPartTest, SectionOfAPostIsAClickAwayFromBeingWorked) {
     StartWithCluster();
-    Arrive(Line("14175.0", "K1ABC", "CQ CT"));
+    Arrive(PostLine("14175.0", "K1ABC", "CQ CT"));
     TheDesk().PostClick(Main().Label10(program->sections.Find("CT")), kLeftButton);
     TheDesk().RunPending();
     EXPECT_EQ(Main().txtSec.Text(), "CT");
@@ -208,7 +178,7 @@ TEST_F(SpotsPartTest, SerialOptionsAreTakenAsTheyAreClicked) {
 TEST_F(SpotsPartTest, TncIsNotPolledWhileADialogStands) {
     SpotRecord tnc{.type = "TNC"};
     StartWithSource(tnc);
-    serialPorts.Line(1).Receive(Line("14175.0", "K1ABC", "CQ SS") + "\n");
+    serialPorts.Line(1).Receive(PostLine("14175.0", "K1ABC", "CQ SS") + "\n");
     int turns = 0;
     TheDesk().RunDialog([&] {
         clock.Advance(333);

@@ -543,24 +543,11 @@ void Form1Layout::PlaceSpots() {
     const auto map =
         std::ranges::find_if(spots, [](const ControlWidget* widget) { return widget->Logical().name == kSpotMap; });
     const Place frame = map == spots.end() ? Place{} : (*map)->Logical().State().place;
-    const double x = spotsRoom_->width() / std::max(frame.width, 1.0);
-    const double y = spotsRoom_->height() / std::max(frame.height, 1.0);
     for (ControlWidget* widget : spots) {
         const Control& control = widget->Logical();
         widget->SetLook(LookOf(control, Base()));
-        const ControlState& state = control.State();
         const bool fills = control.name == kSpotMap || control.name == kSpotList;
-        QRectF box{(state.place.left - frame.left) * x, (state.place.top - frame.top) * y, state.place.width * x,
-                   state.place.height * y};
-        if (control.kind == ControlKind::Line) {
-            constexpr double kHalf = LineWidget::kWidth / 2.0;
-            box = QRectF{QPointF{(std::min(state.x1, state.x2) - frame.left) * x,
-                                 (std::min(state.y1, state.y2) - frame.top) * y},
-                         QPointF{(std::max(state.x1, state.x2) - frame.left) * x,
-                                 (std::max(state.y1, state.y2) - frame.top) * y}}
-                      .adjusted(-kHalf, -kHalf, kHalf, kHalf);
-        }
-        widget->Widget().setGeometry(fills ? spotsRoom_->rect() : box.toAlignedRect());
+        widget->Widget().setGeometry(fills ? spotsRoom_->rect() : BoxInPicture(control, frame, spotsRoom_->rect()));
     }
 }
 
@@ -600,6 +587,7 @@ Look Form1Layout::LookOf(const Control& control, double base) {
     Look look = PlainLookOf(control, base);
     if (PartOf(control) == Part::Spots) {
         look.ground = DarkSheet();
+        look.spokenName = control.name == kSpotMap ? QStringLiteral("Band map") : look.spokenName;
     }
     return look;
 }

@@ -3,6 +3,7 @@
 #include "forms/qt/form1_layout.h"
 #include "forms/qt/generic_layout.h"
 #include "forms/qt/logo_layout.h"
+#include "forms/qt/picture_layout.h"
 #include "forms/qt/table_layout.h"
 
 namespace tallyhut {
@@ -24,6 +25,9 @@ bool IsPressed(const Control& control) {
 std::unique_ptr<FormLayout> MakeLayout(Form& form, QWidget& window, FormMenus& menus) {
     if (form.name == "Form1") {
         return std::make_unique<Form1Layout>(window, menus);
+    }
+    if (form.name == "SpectrumMap") {
+        return std::make_unique<PictureLayout>(form, window);
     }
     if (form.name == "frmQ7ZZQLogo") {
         return std::make_unique<LogoLayout>(window);

@@ -26,6 +26,7 @@ int SideOf(const Look& look) {
 LabelWidget::LabelWidget(Control& label, const OperatorInput& input, QWidget* parent) : WidgetOf{label, input, parent} {
     setTextFormat(Qt::PlainText);
     setMouseTracking(true);
+    setFocusPolicy(label.State().takesFocus ? Qt::TabFocus : Qt::NoFocus);
 }
 
 QSize LabelWidget::sizeHint() const {
@@ -51,6 +52,7 @@ QFont LabelWidget::FullFont() const {
     const ControlState& state = Logical().State();
     font.setBold(font.bold() || state.bold || state.refused);
     font.setUnderline(state.underlined);
+    font.setItalic(state.italic);
     return font;
 }
 
@@ -139,6 +141,9 @@ void LabelWidget::paintEvent(QPaintEvent* /*event*/) {
     if (TheLook().boxed) {
         const int side = SideOf(TheLook());
         room.adjust(side, 0, -side, 0);
+    }
+    if (Logical().State().pointed || IsFocusMarked(*this)) {
+        DrawFocusEdge(painter, *this, rect());
     }
     if (drawn_.trimmed().isEmpty()) {
         return;

@@ -121,4 +121,29 @@ void LineWidget::paintEvent(QPaintEvent* /*event*/) {
     painter.drawLine(rising ? box.bottomLeft() : box.topLeft(), rising ? box.topRight() : box.bottomRight());
 }
 
+QRect BoxInPicture(const Control& control, const Place& frame, const QRect& room) {
+    const ControlState& state = control.State();
+    const double x = room.width() / std::max(frame.width, 1.0);
+    const double y = room.height() / std::max(frame.height, 1.0);
+    const auto at = [&](double left, double top) {
+        return QPointF{room.left() + (left - frame.left) * x, room.top() + (top - frame.top) * y};
+    };
+    if (control.kind != ControlKind::Line) {
+        const Place& place = state.place;
+        return QRectF{at(place.left, place.top), at(place.left + place.width, place.top + place.height)}
+            .toAlignedRect();
+    }
+    constexpr double kHalf = LineWidget::kWidth / 2.0;
+    return QRectF{at(std::min(state.x1, state.x2), std::min(state.y1, state.y2)),
+                  at(std::max(state.x1, state.x2), std::max(state.y1, state.y2))}
+        .adjusted(-kHalf, -kHalf, kHalf, kHalf)
+        .toAlignedRect();
+}
+
+Sheet::Sheet(const QColor& ground, QWidget* parent) : QWidget{parent}, ground_{ground} {}
+
+void Sheet::paintEvent(QPaintEvent* /*event*/) {
+    QPainter{this}.fillRect(rect(), ground_);
+}
+
 }  // namespace tallyhut

@@ -52,4 +52,20 @@ protected:
     void paintEvent(QPaintEvent* event) override;
 };
 
+/// Where the control stands in a room that shows what the frame holds; both in pixels, the control and the frame in
+/// design units.
+QRect BoxInPicture(const Control& control, const Place& frame, const QRect& room);
+
+/// Lies under the controls of a picture, in one colour.
+class Sheet : public QWidget {
+public:
+    Sheet(const QColor& ground, QWidget* parent);
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+
+private:
+    QColor ground_;
+};
+
 }  // namespace tallyhut

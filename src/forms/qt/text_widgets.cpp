@@ -277,6 +277,9 @@ QSize PageWidget::Needed(int /*width*/) const {
 void PageWidget::ShowState() {
     const ControlState& state = box_.State();
     showing_ = true;
+    QScrollBar& bar = *verticalScrollBar();
+    const bool readAbove = state.locked && bar.value() < bar.maximum();
+    int inView = bar.value();
     if (state.text != text_ || toPlainText() != shown_.Text()) {
         text_ = state.text;
         shown_ = ShownText{text_};
@@ -284,6 +287,9 @@ void PageWidget::ShowState() {
         QTextCursor place{document()};
         place.setPosition(change.at);
         place.setPosition(change.at + change.removed, QTextCursor::KeepAnchor);
+        if (change.at == 0) {
+            inView -= place.selectedText().count(QChar::ParagraphSeparator);
+        }
         place.insertText(change.inserted);
     }
     const int begin = shown_.Shown(state.selStart);
@@ -295,6 +301,9 @@ void PageWidget::ShowState() {
         cursor.setPosition(anchor);
         cursor.setPosition(caret, QTextCursor::KeepAnchor);
         setTextCursor(cursor);
+    }
+    if (readAbove) {
+        bar.setValue(inView);  // what comes below must not take away what is being read
     }
     showing_ = false;
     const QPalette wanted = FieldPalette(box_, HasLogicalFocus(), parentWidget()->palette());

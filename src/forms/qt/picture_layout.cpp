@@ -1,0 +1,63 @@
+#include "forms/qt/picture_layout.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "forms/qt/text_codec.h"
+
+namespace tallyhut {
+namespace {
+
+constexpr QSize kSmallestWindow{640, 400};
+constexpr double kTextOfHeight = 0.72;  ///< a text's size in a label of some height
+
+}  // namespace
+
+PictureLayout::PictureLayout(Form& form, QWidget& window)
+    : form_{form}, window_{window}, sheet_{new Sheet{DarkSheet(), &window}} {
+    window_.setMinimumSize(kSmallestWindow);
+}
+
+void PictureLayout::Add(ControlWidget& widget) {
+    widgets_.push_back(&widget);
+    moved_.push_back(&widget);
+}
+
+void PictureLayout::Remove(ControlWidget& widget) {
+    std::erase(widgets_, &widget);
+    std::erase(moved_, &widget);
+}
+
+void PictureLayout::Changed(ControlWidget& widget) {
+    moved_.push_back(&widget);
+}
+
+void PictureLayout::Settle() {
+    for (ControlWidget* widget : std::exchange(moved_, {})) {
+        Put(*widget);
+    }
+}
+
+void PictureLayout::Arrange() {
+    sheet_->setGeometry(window_.rect());
+    moved_ = widgets_;
+    Settle();
+}
+
+void PictureLayout::Put(ControlWidget& widget) {
+    const Control& control = widget.Logical();
+    const Place frame{0, 0, form_.FormPlace().width, form_.FormPlace().height};
+    const QRect box = BoxInPicture(control, frame, sheet_->rect());
+    Look look;
+    look.data = true;
+    look.ground = DarkSheet();
+    look.pixels = box.height() * kTextOfHeight;
+    look.alignment = Qt::AlignVCenter | (control.index < 0 ? Qt::AlignLeft : Qt::AlignRight);
+    if (control.State().takesFocus) {
+        look.spokenName = ToQt(form_.Caption()).trimmed();
+    }
+    widget.SetLook(look);
+    widget.Widget().setGeometry(box);
+}
+
+}  // namespace tallyhut

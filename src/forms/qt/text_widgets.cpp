@@ -288,7 +288,7 @@ void PageWidget::ShowState() {
         place.setPosition(change.at);
         place.setPosition(change.at + change.removed, QTextCursor::KeepAnchor);
         if (change.at == 0) {
-            inView -= place.selectedText().count(QChar::ParagraphSeparator);
+            inView -= static_cast<int>(place.selectedText().count(QChar::ParagraphSeparator));
         }
         place.insertText(change.inserted);
     }

@@ -85,7 +85,9 @@ std::vector<HfSpectrum::Mark> HfSpectrum::MarksOf(int band) const {
     for (int i = SpotTable::kNewest; i >= 0; --i) {
         const Spot& spot = table.Row(i);
         if (EdgesOf(band).Holds(spot.SpotFreq) && AgeOf(spot.SpotTime, now) != nullptr) {
-            marks.push_back({line.y1 + ShareOf(spot.SpotFreq, scale) * (line.y2 - line.y1), i});
+            // The oldest row does not widen the scale, and may lie beyond it.
+            const double share = std::clamp(ShareOf(spot.SpotFreq, scale), 0.0, 1.0);
+            marks.push_back({line.y1 + share * (line.y2 - line.y1), i});
         }
     }
     std::ranges::stable_sort(marks, {}, &Mark::at);

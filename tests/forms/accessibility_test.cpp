@@ -335,8 +335,8 @@ TEST_F(AccessibilityTest, CtrlTabReachesWhatTabPassesBy) {
         shown.Settle();
         reached.insert(program.form1.Focus()->FullName());
     }
-    EXPECT_EQ(reached, (std::set<std::string>{"ListView1", "cmdClear", "cmdDup", "cmdList", "cmdLogOn", "txtCK",
-                                              "txtCall", "txtNum", "txtPre", "txtSec"}));
+    EXPECT_EQ(reached, (std::set<std::string>{"ListView1", "cmdClear", "cmdDup", "cmdList", "cmdLogOn", "lblSecWkd",
+                                              "txtCK", "txtCall", "txtNum", "txtPre", "txtSec"}));
 }
 
 TEST_F(AccessibilityTest, TextThatIsBeingComposedIsShownAndNotLogged) {

@@ -8,6 +8,7 @@
 #include <QScreen>
 #include <QScrollArea>
 #include <QScrollBar>
+#include <array>
 #include <map>
 #include <memory>
 
@@ -60,10 +61,11 @@ struct WindowWalkTest : testing::Test {
         shown.Type("88aw9zzz");
     }
 
-    /// The radio's form has more on it than the least screen at a scale of 2 has pixels for.
+    /// These have more on them than the least screen at a scale of 2 has pixels for.
     bool IsBeyondTheScreen(const Form& form) {
         constexpr int kLeastWidth = 600;
-        return &form == &program.rigForm && QGuiApplication::primaryScreen()->size().width() < kLeastWidth;
+        const bool isFull = &form == &program.rigForm || &form == &program.spotsPart.spectrumForm;
+        return isFull && QGuiApplication::primaryScreen()->size().width() < kLeastWidth;
     }
 
     void CheckFits(Form& form) {
@@ -214,6 +216,25 @@ TEST_F(WindowWalkTest, TypingMovesNothingOnTheMainForm) {
     for (ControlWidget* control : ShownControls(window)) {
         EXPECT_EQ(Text(before.at(control)), Text(InWindow(control->Widget()))) << control->Logical().FullName();
     }
+}
+
+/// So that each band of the map has three spots near its middle, and one has many.
+void PostOnAllBands(SpotsPart& spots) {
+    constexpr std::array kMiddles{1850, 3700, 7100, 10120, 14175, 18100, 21200, 24930, 28400, 50100, 145000};
+    for (const int middle : kMiddles) {
+        for (const int beside : {-8, 0, 1}) {
+            spots.posts.BandMapSpots("VE3ABC", std::to_string(middle + beside), "de K3LR:");
+        }
+    }
+    for (int i = 0; i < 9; ++i) {
+        spots.posts.BandMapSpots("K" + std::to_string(i % 10) + "ABC", "7101." + std::to_string(i % 3), "de K3LR:");
+    }
+}
+
+TEST_F(WindowWalkTest, NothingOfTheSpectrumIsCutOrLiesOnAnother) {
+    PostOnAllBands(program.spotsPart);
+    shown.Show(program.spotsPart.spectrumForm);
+    Check(program.spotsPart.spectrumForm);
 }
 
 /// A form as full as a form gets, of all kinds of controls.

@@ -126,5 +126,17 @@ TEST_F(HfSpectrumTest, OperatingTimeIsNotTouchedByTheMap) {
     EXPECT_EQ(program->time.gOpSecondsNow, 77);
 }
 
+TEST_F(HfSpectrumTest, OldestSpotBeyondTheScaleStandsAtTheEndOfTheLine) {
+    StartSpectrum();
+    Post("K1ABC", "", "7290");
+    for (int i = 1; i < SpotTable::kNewest + 1; ++i) {
+        Post("K2ABC", "", i % 2 == 0 ? "7030" : "7040");
+    }
+    EXPECT_EQ(Scale(2).substr(24), "7.041");
+    EXPECT_TRUE(Spot(0).visible);
+    const ControlState& leader = form->LineSpot(0).State();
+    EXPECT_EQ(leader.y2, MarkAt(2, 1));
+}
+
 }  // namespace
 }  // namespace tallyhut

@@ -82,7 +82,7 @@ void LabelWidget::ShowState() {
 LabelWidget::Colours LabelWidget::ColoursOf(const Theme& theme) const {
     const ControlState& state = Logical().State();
     const QColor beneath = TheLook().ground.isValid() ? TheLook().ground : theme.panel;
-    Colours colours;
+    Colours colours{.beneath = beneath, .ground = {}, .text = {}};
     const bool told = state.backColor >= 0 && !(TheLook().boxed && drawn_.trimmed().isEmpty());
     if (told) {
         colours.ground = ToQColor(state.backColor, theme);
@@ -143,7 +143,7 @@ void LabelWidget::paintEvent(QPaintEvent* /*event*/) {
         room.adjust(side, 0, -side, 0);
     }
     if (Logical().State().pointed || IsFocusMarked(*this)) {
-        DrawFocusEdge(painter, *this, rect());
+        DrawFocusEdge(painter, *this, rect(), colours.beneath);
     }
     if (drawn_.trimmed().isEmpty()) {
         return;

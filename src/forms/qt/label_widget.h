@@ -25,6 +25,7 @@ protected:
 
 private:
     struct Colours {
+        QColor beneath;
         QColor ground;  ///< invalid: what lies under the label
         QColor text;
     };

@@ -8,8 +8,11 @@
 namespace tallyhut {
 namespace {
 
-constexpr QSize kSmallestWindow{640, 400};
-constexpr double kTextOfHeight = 0.72;  ///< a text's size in a label of some height
+constexpr QSize kSmallestWindow{300, 176};  // half of a small screen
+/// The size of plain text, as a share of the window's height and width; a label twice as high has text twice as large.
+constexpr double kTextOfHeight = 0.02;
+constexpr double kTextOfWidth = 0.01125;
+constexpr double kPlainLabel = 200;  ///< design units of its height
 
 }  // namespace
 
@@ -51,7 +54,9 @@ void PictureLayout::Put(ControlWidget& widget) {
     Look look;
     look.data = true;
     look.ground = DarkSheet();
-    look.pixels = box.height() * kTextOfHeight;
+    const double plain = std::min(sheet_->height() * kTextOfHeight, sheet_->width() * kTextOfWidth);
+    const ControlState* design = control.Design();
+    look.pixels = plain * (design == nullptr ? control.State() : *design).place.height / kPlainLabel;
     look.alignment = Qt::AlignVCenter | (control.index < 0 ? Qt::AlignLeft : Qt::AlignRight);
     if (control.State().takesFocus) {
         look.spokenName = ToQt(form_.Caption()).trimmed();

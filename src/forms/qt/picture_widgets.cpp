@@ -130,8 +130,9 @@ QRect BoxInPicture(const Control& control, const Place& frame, const QRect& room
     };
     if (control.kind != ControlKind::Line) {
         const Place& place = state.place;
-        return QRectF{at(place.left, place.top), at(place.left + place.width, place.top + place.height)}
-            .toAlignedRect();
+        const QPoint corner = at(place.left, place.top).toPoint();
+        const QPoint opposite = at(place.left + place.width, place.top + place.height).toPoint();
+        return {corner, opposite - QPoint{1, 1}};  // neighbours share an edge and no pixel
     }
     constexpr double kHalf = LineWidget::kWidth / 2.0;
     return QRectF{at(std::min(state.x1, state.x2), std::min(state.y1, state.y2)),

@@ -116,8 +116,9 @@ bool IsFocusMarked(const QWidget& widget) {
     return widget.property(kFocusMark).toBool();
 }
 
-void DrawFocusEdge(QPainter& painter, const QWidget& widget, const QRect& rect) {
-    DrawBox(painter, rect, Qt::transparent, ThemeOf(widget.palette()).accent,
+void DrawFocusEdge(QPainter& painter, const QWidget& widget, const QRect& rect, const QColor& ground) {
+    const QColor accent = ThemeOf(widget.palette()).accent;
+    DrawBox(painter, rect, Qt::transparent, ground.isValid() ? Readable(accent, ground) : accent,
             {FocusEdge(widget.fontMetrics()), CornerAt(widget.fontMetrics())});
 }
 

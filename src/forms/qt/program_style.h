@@ -35,7 +35,9 @@ public:
 };
 
 /// Around what has the focus, within the rectangle: at least two pixels, and more around large text.
-void DrawFocusEdge(QPainter& painter, const QWidget& widget, const QRect& rect);
+///
+/// @param ground  what lies there, where it is not the window's own
+void DrawFocusEdge(QPainter& painter, const QWidget& widget, const QRect& rect, const QColor& ground = {});
 
 /// A panel that fills the widget, and what it is called.
 void DrawPanel(QPainter& painter, const QWidget& widget, const QString& title, const QRect& titleRoom);

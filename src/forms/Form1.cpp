@@ -191,7 +191,7 @@ Form1::Form1(Desk& owner)
           [this](int i) {
               return std::make_unique<Label>(
                   *this, "lblDXSpot", i, "",
-                  LabelDesign{.place = {kSpotScaleLeft - 400, kSpotScaleTop, 390, kSpotHeight}, .visible = false});
+                  LabelDesign{.place = {kSpotScaleLeft - 355, kSpotScaleTop, 345, kSpotHeight}, .visible = false});
           }},
       txtDX{*this,
             "txtDX",

@@ -15,7 +15,7 @@ constexpr Place kSpotLine{120, 6900, kWidth - 240, 240};
 constexpr double kLabelHeight = 200;
 constexpr double kCaptionWidth = 480;
 constexpr double kNameWidth = 640;
-constexpr double kSpotWidth = 420;
+constexpr double kSpotWidth = 370;
 constexpr Colour kCaption = 0xE0E0E0;
 
 constexpr std::array<std::string_view, SpectrumMap::kBands> kBandNames{"160 m", "80 m", "40 m", "30 m", "20 m", "17 m",

@@ -7,6 +7,7 @@ namespace tallyhut {
 namespace {
 
 constexpr double kBesideLine = 0.004;  ///< of a label's width
+constexpr double kLeader = 0.3;        ///< the same, where a label does not stand at its mark
 
 }  // namespace
 
@@ -32,7 +33,8 @@ std::vector<LabelPlace> PlacesAlong(const std::vector<double>& marks, double hei
 void DrawSpot(Label& label, Line& leader, const Spot& spot, const AgeRow& age, const std::string& hint, double lineEnd,
               double mark, const LabelPlace& where) {
     Place place = label.State().place;
-    place.left = lineEnd - place.width * (1 + kBesideLine + where.column);
+    const bool apart = where.column > 0 || where.centre != mark;
+    place.left = lineEnd - place.width * (1 + kBesideLine + where.column + (apart ? kLeader : 0));
     place.top = where.centre - place.height / 2;
     label.SetToolTip(hint);
     label.SetCaption(spot.SpotPrefix);
@@ -42,7 +44,7 @@ void DrawSpot(Label& label, Line& leader, const Spot& spot, const AgeRow& age, c
     label.SetPlace(place);
     label.SetVisible(true);
     leader.SetEnds(place.left + place.width, where.centre, lineEnd, mark);
-    leader.SetVisible(where.column > 0 || where.centre != mark);
+    leader.SetVisible(apart);
 }
 
 }  // namespace tallyhut

@@ -109,7 +109,8 @@ void SpotSetup::LoadSpotSettings() {
     try {
         text = store.files.Read(store.Path());
     } catch (const PlatformError&) {
-        return;  // no setup yet: the form stays as it is made
+        ShowLayout();  // no setup yet: no row of the list is chosen
+        return;
     }
     loading = true;
     ReadSpotRecord(text, link);

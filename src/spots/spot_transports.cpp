@@ -103,12 +103,21 @@ void SpotTransports::Replace(std::string_view text) {
     Append(text);
 }
 
-/// The caret stands before the last character, so that the view follows the text.
+/// The caret stands before the last character, so that the view follows the text; unless the operator has moved it, to
+/// read what is above.
 void SpotTransports::Append(std::string_view text) {
-    form.txtUnProcessed.SetText(WithText(form.txtUnProcessed.Text(), ShownText(text)));
-    const auto length = static_cast<int>(form.txtUnProcessed.Text().size());
-    if (length > 2) {
-        form.txtUnProcessed.SetCaret(length - 1);
+    TextBox& terminal = form.txtUnProcessed;
+    const auto before = static_cast<int>(terminal.Text().size());
+    const int caret = terminal.SelStart();
+    const int selected = terminal.SelLength();
+    const bool reads = terminal.HasFocus() && caret < before - 1;
+    terminal.SetText(WithText(terminal.Text(), ShownText(text)));
+    const auto length = static_cast<int>(terminal.Text().size());
+    if (reads) {
+        const int gone = before + static_cast<int>(text.size()) - length;
+        terminal.Select(std::max(caret - gone, 0), selected);
+    } else if (length > 2) {
+        terminal.SetCaret(length - 1);
     }
 }
 

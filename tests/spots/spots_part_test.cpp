@@ -216,6 +216,35 @@ TEST_F(SpotsPartTest, CommandLinesEngineGoesBeforeTheStoredOneAndIsNotStored) {
     EXPECT_EQ(settings.Get("Machine", "AgwEngine"), "shack:8001");
 }
 
+TEST_F(SpotsPartTest, WithoutASetupNothingOfASourceIsShown) {
+    StartOnTime();
+    SetupForm().Show();
+    EXPECT_FALSE(SetupForm().txtTelnetHost.State().visible);
+    EXPECT_FALSE(SetupForm().fraPort.State().visible);
+    EXPECT_FALSE(SetupForm().Command1.State().visible);
+    EXPECT_EQ(SetupForm().List1.Row(), -1);
+}
+
+TEST_F(SpotsPartTest, TerminalFollowsUnlessTheOperatorReadsAbove) {
+    StartWithCluster();
+    TextBox& terminal = SetupForm().txtUnProcessed;
+    Arrive("first\r\nsecond\r\n");
+    EXPECT_EQ(terminal.SelStart(), static_cast<int>(terminal.Text().size()) - 1);
+    SetupForm().Show();
+    terminal.SetFocus();
+    TheDesk().RunPending();
+    terminal.SetCaret(3);
+    Arrive("third\r\n");
+    EXPECT_EQ(terminal.SelStart(), 3);
+    for (int i = 0; i < 500; ++i) {
+        Arrive("a line of twenty bytes");
+    }
+    EXPECT_EQ(terminal.SelStart(), 0) << "what was read is gone";
+    terminal.SetCaret(static_cast<int>(terminal.Text().size()) - 1);
+    Arrive("last\r\n");
+    EXPECT_EQ(terminal.SelStart(), static_cast<int>(terminal.Text().size()) - 1);
+}
+
 TEST_F(SpotsPartTest, PortsTellTheirDevicesWhereTheyAreChosen) {
     StartOnTime();
     SetupForm().Show();

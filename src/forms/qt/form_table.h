@@ -63,8 +63,9 @@ constexpr TableRow Text(std::string_view labels) {
     return {TableRow::Kind::Text, {}, labels};
 }
 /// A list, a page or a picture that takes its share of the height which is over, below the label that names it.
-constexpr TableRow Fill(std::string_view caption, std::string_view control, int share = 1) {
-    return {TableRow::Kind::Fill, caption, control, share};
+constexpr TableRow Fill(std::string_view caption, std::string_view control, int share = 1,
+                        RowLook look = RowLook::Plain) {
+    return {TableRow::Kind::Fill, caption, control, share, look};
 }
 /// The bar below all columns: buttons at its left and at its right, and behind those the form's main one.
 constexpr TableRow Left(std::string_view buttons) {

@@ -142,10 +142,13 @@ void LabelWidget::paintEvent(QPaintEvent* /*event*/) {
         const int side = SideOf(TheLook());
         room.adjust(side, 0, -side, 0);
     }
-    if (Logical().State().pointed || IsFocusMarked(*this)) {
-        DrawFocusEdge(painter, *this, rect(), colours.beneath);
-    }
+    const auto drawFocus = [&] {
+        if (Logical().State().pointed || IsFocusMarked(*this)) {
+            DrawFocusEdge(painter, *this, rect(), colours.beneath);
+        }
+    };
     if (drawn_.trimmed().isEmpty()) {
+        drawFocus();
         return;
     }
     const int flags = Flags();
@@ -153,6 +156,11 @@ void LabelWidget::paintEvent(QPaintEvent* /*event*/) {
     painter.setFont(FittingFont(room.size(), shown));
     const QString fitting =
         Wraps() ? shown : painter.fontMetrics().elidedText(shown, Qt::ElideRight, room.width(), flags);
+    if (TheLook().ground.isValid() && !colours.ground.isValid()) {
+        // Over a leader that crosses it, but not over the scale beside it.
+        painter.fillRect(painter.boundingRect(room, flags, fitting).adjusted(0, 0, -2, 0), TheLook().ground);
+    }
+    drawFocus();
     painter.setPen(isEnabled() ? colours.text : theme.quietText);
     painter.drawText(room, flags, fitting);
 }

@@ -33,7 +33,7 @@ constexpr std::array kRows{
 
     Column(3),
     Group("Terminal"),
-    Fill("", "txtUnProcessed"),
+    Fill("", "txtUnProcessed", 1, RowLook::Data),
     Below("Label6", "txtSent:*"),
     OneLine("", "Label4"),
 

@@ -37,10 +37,6 @@ constexpr double kMostLineGap = 0.7;  ///< lines move apart by this where there 
 
 using Kind = TableRow::Kind;
 
-bool IsField(const Control& control) {
-    return control.kind == ControlKind::TextBox && !control.State().multiLine;
-}
-
 bool IsFrame(const ControlWidget* widget) {
     return widget != nullptr && widget->Logical().kind == ControlKind::Frame;
 }
@@ -125,8 +121,31 @@ void TableLayout::Changed(ControlWidget& widget) {
     namesStale_ = true;
 }
 
+bool TableLayout::IsInUse(const PlacedColumn& column) {
+    const auto isShown = [](const Piece& piece) { return piece.widget->Logical().IsShown(); };
+    return std::ranges::any_of(column.panels, [&isShown](const PlacedPanel& panel) {
+        return std::ranges::any_of(
+            panel.lines, [&isShown](const PlacedLine& line) { return std::ranges::any_of(line.pieces, isShown); });
+    });
+}
+
+bool TableLayout::ColumnsChange() {
+    bool changed = false;
+    for (PlacedColumn& column : columns_) {
+        const bool inUse = IsInUse(column);
+        changed = changed || inUse != column.inUse;
+        column.inUse = inUse;
+        for (const PlacedPanel& panel : column.panels) {
+            if (!IsFrame(panel.frame)) {
+                panel.widget->setVisible(inUse);
+            }
+        }
+    }
+    return changed;
+}
+
 void TableLayout::Settle() {
-    if (stale_) {
+    if (stale_ || ColumnsChange()) {
         Arrange();
     } else if (namesStale_) {
         TellLooks();
@@ -288,7 +307,7 @@ void TableLayout::TellLook(const Piece& piece, const PlacedLine& line) {
     const bool aside = label && !value && control.State().foreColor < 0;  // a hint, or a caption within the line
     Look look;
     look.pixels = std::max(text_ * (reading ? kLarge : aside ? kSmall : kPlain), canvas_.SmallestText());
-    look.data = reading || (line.row.look == RowLook::Data && (IsField(control) || value));
+    look.data = reading || (line.row.look == RowLook::Data && (control.kind == ControlKind::TextBox || value));
     look.bold = reading;
     look.quiet = aside;
     look.wrapped = label && Wraps(line.row.kind);
@@ -512,6 +531,9 @@ QSize TableLayout::Measure(double text, int width) {
     for (PlacedColumn& column : columns_) {
         column.captionWidth = 0;
         column.width = 0;
+        if (!column.inUse) {
+            continue;
+        }
         for (const PlacedPanel& panel : column.panels) {
             for (const PlacedLine& line : panel.lines) {
                 column.captionWidth = std::max(column.captionWidth, CaptionWidth(line));
@@ -528,6 +550,9 @@ QSize TableLayout::Measure(double text, int width) {
     const int over = std::max(width - needed, 0);
     int height = 0;
     for (PlacedColumn& column : columns_) {
+        if (!column.inUse) {
+            continue;
+        }
         column.width += shares == 0 ? over / static_cast<int>(columns_.size()) : over * column.share / shares;
         height = std::max(height, HeightOf(column));
     }
@@ -543,6 +568,7 @@ void TableLayout::Arrange() {
     if (!built_) {
         Build();
     }
+    ColumnsChange();
     const double growth = std::min(window_.width() * kUnitsPerPixel / form_.design.width,
                                    window_.height() * kUnitsPerPixel / form_.design.height);
     const double wanted = kDesignText * growth;
@@ -563,6 +589,9 @@ void TableLayout::Place(const QSize& room) {
     const int bar = BarHeight();
     int left = outer;
     for (const PlacedColumn& column : columns_) {
+        if (!column.inUse) {
+            continue;
+        }
         PlaceColumn(column, {left, outer, column.width, room.height() - 2 * outer - bar});
         left += column.width + outer;
     }

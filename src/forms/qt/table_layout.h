@@ -11,8 +11,8 @@ namespace tallyhut {
 
 /// Lays a form out as its table says: columns of panels, in them lines of controls with common edges, and a bar with
 /// the buttons. Text has three sizes, which grow with the form and are a little less where it would not fit; distances
-/// are multiples of one unit. What is too small even so scrolls. A control that is hidden keeps its room; one that the
-/// table does not name stands on a panel at the end.
+/// are multiples of one unit. What is too small even so scrolls. A control that is hidden keeps its room, unless all of
+/// its column is hidden; one that the table does not name stands on a panel at the end.
 class TableLayout : public FormLayout {
 public:
     TableLayout(Form& form, FormTable table, QWidget& window, FormMenus& menus);
@@ -54,6 +54,7 @@ private:
         std::vector<PlacedPanel> panels = {};
         int captionWidth = 0;
         int width = 0;  ///< of the panels
+        bool inUse = true;
     };
 
     void Build();
@@ -62,6 +63,9 @@ private:
     static ControlWidget* Take(std::string_view name, std::vector<ControlWidget*>& rest);
     static std::vector<Piece> TakeAll(std::string_view controls, std::vector<ControlWidget*>& rest);
     PlacedPanel& LastPanel();
+    static bool IsInUse(const PlacedColumn& column);
+    /// Takes in which columns have something to show; false where that is as it was.
+    bool ColumnsChange();
 
     void TellLooks();
     void TellLook(const Piece& piece, const PlacedLine& line);

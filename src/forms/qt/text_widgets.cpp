@@ -263,6 +263,8 @@ PageWidget::PageWidget(TextBox& box, const OperatorInput& input, QWidget* parent
             mouse_.Replace(toPlainText());
         }
     });
+    connect(verticalScrollBar(), &QScrollBar::actionTriggered, this,
+            [this] { scrolledUp_ = verticalScrollBar()->sliderPosition() < verticalScrollBar()->maximum(); });
     connect(this, &QPlainTextEdit::updateRequest, this, [this](const QRect& /*part*/, int scrolled) {
         if (scrolled != 0) {
             viewport()->update();  // or the edge would be moved with the text
@@ -278,7 +280,7 @@ void PageWidget::ShowState() {
     const ControlState& state = box_.State();
     showing_ = true;
     QScrollBar& bar = *verticalScrollBar();
-    const bool readAbove = state.locked && bar.value() < bar.maximum();
+    const bool keepsView = state.locked && scrolledUp_;
     int inView = bar.value();
     if (state.text != text_ || toPlainText() != shown_.Text()) {
         text_ = state.text;
@@ -302,7 +304,7 @@ void PageWidget::ShowState() {
         cursor.setPosition(caret, QTextCursor::KeepAnchor);
         setTextCursor(cursor);
     }
-    if (readAbove) {
+    if (keepsView) {
         bar.setValue(inView);  // what comes below must not take away what is being read
     }
     showing_ = false;
@@ -319,6 +321,13 @@ void PageWidget::paintEvent(QPaintEvent* event) {
         DrawFocusEdge(painter, *this, viewport()->rect());
     } else {
         DrawBox(painter, viewport()->rect(), Qt::transparent, ThemeOf(parentWidget()->palette()).fieldEdge);
+    }
+}
+
+void PageWidget::resizeEvent(QResizeEvent* event) {
+    QPlainTextEdit::resizeEvent(event);
+    if (!scrolledUp_) {
+        ensureCursorVisible();
     }
 }
 

@@ -73,6 +73,7 @@ public:
 protected:
     void ShowState() override;
     void paintEvent(QPaintEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
     void mouseMoveEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
@@ -87,6 +88,7 @@ private:
     ShownText shown_;
     std::string text_;
     bool showing_ = false;
+    bool scrolledUp_ = false;  ///< by the operator, who reads there
 };
 
 }  // namespace tallyhut

@@ -6,7 +6,7 @@ namespace tallyhut {
 namespace {
 
 constexpr std::array kRows{
-    Column(1),
+    Column(0),
     Group("Source"),
     Below("lblSelect", "List1:18"),
     OneLine("Label3", "txtTelnetHost:*"),
@@ -17,7 +17,7 @@ constexpr std::array kRows{
     OneLine("", "chkDX"),
     Text("Label5"),
 
-    Column(2),
+    Column(0),
     Group("fraPort"),
     Grid("", "optComm(0-9)", 5, RowLook::Devices),
     Group("fraBaud"),
@@ -31,9 +31,9 @@ constexpr std::array kRows{
     OneLine("Label1", "txtHex:3 chkConvToHex"),
     Text("Label2"),
 
-    Column(3),
+    Column(1),
     Group("Terminal"),
-    Fill("", "txtUnProcessed", 1, RowLook::Data),
+    Fill("", "txtUnProcessed:40", 1, RowLook::Data),
     Below("Label6", "txtSent:*"),
     OneLine("", "Label4"),
 

@@ -32,6 +32,8 @@ constexpr double kChoiceHeight = 1.7;
 constexpr double kTextHeight = 1.45;
 constexpr double kSmallestButton = 5.5;
 constexpr int kMostOfAValue = 24;     // characters: a value of any length must not push the form apart
+constexpr std::size_t kRowsOfAShortList = 5;  ///< all of which can be seen at once
+constexpr double kRowHeight = 2.1;
 constexpr double kColumnOfText = 15;  ///< no narrower
 constexpr double kMostLineGap = 0.7;  ///< lines move apart by this where there is room
 
@@ -415,7 +417,10 @@ int TableLayout::PieceHeight(const Piece& piece, int width) const {
         case ControlKind::Option:
         case ControlKind::CheckBox:
             return std::max(need, qRound(text_ * kChoiceHeight));
-        case ControlKind::List:
+        case ControlKind::List: {
+            const auto rows = static_cast<int>(std::min(control.State().items.size(), kRowsOfAShortList));
+            return std::max({need, qRound(text_ * 3 * kFieldHeight), qRound(text_ * kRowHeight * rows)});
+        }
         case ControlKind::ListView:
             return std::max(need, qRound(text_ * 3 * kFieldHeight));
         default:

@@ -3,9 +3,12 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <functional>
 #include <optional>
 #include <regex>
 
+#include "spots/spot_record.h"
+#include "tests/platform/loopback_server.h"
 #include "tests/window/window_fixture.h"
 
 namespace tallyhut {
@@ -19,18 +22,22 @@ constexpr std::chrono::milliseconds kSoon{300};
 
 /// The program with a screen reader beside it.
 struct ScreenReaderTest : testing::Test {
-    ScreenReaderTest() { LetItSpeak(); }
+    /// @param prepare  puts files into the folder before the program starts there
+    explicit ScreenReaderTest(const std::function<void(const std::string& folder)>& prepare = [](const auto&) {})
+        : folder{MakeFolder()}, window{(prepare(folder), folder), "1280x800", [this](const std::string& display) {
+                                           reader.emplace(folder + "/.reader", display);
+                                           return reader->ForProgram();
+                                       }} {
+        LetItSpeak();
+    }
     ~ScreenReaderTest() override {
         std::error_code ignored;
         std::filesystem::remove_all(folder, ignored);
     }
 
-    std::string folder = MakeFolder();
+    std::string folder;
     std::optional<ScreenReader> reader;
-    WindowDriver window{folder, "1280x800", [this](const std::string& display) {
-                            reader.emplace(folder + "/.reader", display);
-                            return reader->ForProgram();
-                        }};
+    WindowDriver window;
 
     void LetItSpeak() { EXPECT_TRUE(reader->LetSpeak(" for [label | UTC ")); }
     void Type(const std::string& text) {
@@ -39,9 +46,12 @@ struct ScreenReaderTest : testing::Test {
     }
     /// All that is spoken of these keys, at least once.
     Words HeardOf(const std::string& keys) {
+        return HeardOf([this, &keys] { window.Press(keys); });
+    }
+    Words HeardOf(const std::function<void()>& event) {
         const std::size_t length = reader->LogLength();
         const microseconds pressed = ScreenReader::OfDay(ScreenReader::Clock::now());
-        window.Press(keys);
+        event();
         EXPECT_TRUE(Eventually([&] { return !reader->SpokenSince(length).empty(); }));
         LetItSpeak();
         Words words;
@@ -127,6 +137,54 @@ TEST_F(ScreenReaderTest, AKeyThatIsTypedIsOneChangeOfTheText) {
         changes.front().find("object:text-changed:insert for [text | Call] in [application | tallyhut] (3, 1, X)"),
         std::string::npos)
         << changes.front();
+}
+
+struct WithCluster {
+    LoopbackServer cluster;
+};
+
+/// The same with a cluster that sends spots.
+struct SpokenSpotsTest : WithCluster, ScreenReaderTest {
+    SpokenSpotsTest() : ScreenReaderTest{[this](const std::string& place) { PutSource(place); }} {
+        cluster.Accept();
+        HeardOf("alt+l");
+    }
+    void PutSource(const std::string& place) const {
+        std::ofstream{place + "/PackSpot.txt"} << WriteSpotRecord(
+            {.type = "Telnet", .telnetPort = std::to_string(cluster.Port()), .telnetHost = "127.0.0.1"});
+    }
+    void Post(std::string_view line) const { cluster.Write(std::string{line} + "\r\n"); }
+};
+
+constexpr std::string_view kMaryland =
+    "DX de K3LR:       7012.4  K3EL         CQ SS MDC                      2104Z FN31";
+
+TEST_F(SpokenSpotsTest, ANeededSpotIsSpokenOnceAndSoon) {
+    window.Press("alt+a n");
+    LetItSpeak();
+    EXPECT_EQ(HeardOf([this] { Post(kMaryland); }), Words{"notification Needed: MDC, K3EL on 7.012."});
+    EXPECT_LE(last, kSoon);
+}
+
+TEST_F(SpokenSpotsTest, TheMapIsReachedAndWalkedByKeyboard) {
+    Post(kMaryland);
+    LetItSpeak();  // what arrives together is taken for one post
+    Post("DX de K3LR:       7018.0  W7RN         CQ SS NV                       2104Z FN31");
+    Words heard;
+    const auto isTheMap = [&heard] {
+        return std::ranges::any_of(heard, [](const std::string& words) { return words.starts_with("Band map"); });
+    };
+    for (int steps = 0; steps < 20 && !isTheMap(); ++steps) {
+        heard = HeardOf("ctrl+Tab");
+    }
+    ASSERT_TRUE(isTheMap());
+    heard = HeardOf("Right");
+    ASSERT_EQ(heard.size(), 1U) << testing::PrintToString(heard);
+    EXPECT_TRUE(std::regex_match(heard.front(), std::regex{R"(notification W7RN 7\.018 \d\d:\d\d:\d\d\.)"}))
+        << heard.front();
+    window.Press("Return");
+    LetItSpeak();
+    EXPECT_EQ(HeardOf("shift+Tab").back(), "W7RN.");
 }
 
 }  // namespace

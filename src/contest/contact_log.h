@@ -22,16 +22,23 @@ struct ContactLog {
     std::string gFrq;       ///< frequency text from the rig for the next contact; empty without a rig
 
     /// Any row from 1 to kMostContacts, also one that holds no contact; throws LogFullError beyond.
-    Contact& Row(std::int32_t n) { return rows_[Checked(n)]; }
+    Contact& Row(std::int32_t n) {
+        ++rowsLent_;
+        return rows_[Checked(n)];
+    }
     const Contact& Row(std::int32_t n) const { return rows_[Checked(n)]; }
     const Contact& Last() const { return Row(gContactCount); }
 
     /// The serial number that the next contact will be sent. Throws ValueError when the last one is no number.
     double NextSerial() const;
 
+    /// How often a row was lent out to be written. While it and the count are what they were, the contacts are too.
+    std::uint64_t RowsLent() const { return rowsLent_; }
+
 private:
     static std::size_t Checked(std::int32_t n);
 
+    std::uint64_t rowsLent_ = 0;
     std::vector<Contact> rows_ = std::vector<Contact>(kMostContacts + 1);  // row 0 is never used
 };
 

@@ -17,10 +17,10 @@ const Label& HeadingLabel(const Form1& form, int heading) {
     return *labels.at(static_cast<std::size_t>(heading));
 }
 
-void ShowState(Label& section, Colour colour, bool needed) {
+void ShowState(Label& section, Colour colour, bool needed, bool spotted = false) {
     section.SetForeColor(colour);
     section.SetBold(needed);
-    section.SetUnderlined(false);  // a spot is marked anew where it is noticed
+    section.SetUnderlined(spotted);
 }
 
 }  // namespace
@@ -66,8 +66,7 @@ void SectionGrid::ShowNeeded(int section, Colour colour) {
 }
 
 void SectionGrid::ShowSpotted(int section) {
-    ShowNeeded(section, kSpotted);
-    form.Label10(section).SetUnderlined(true);
+    ShowState(form.Label10(section), kSpotted, true, true);
 }
 
 }  // namespace tallyhut

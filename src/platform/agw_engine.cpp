@@ -80,9 +80,9 @@ void AgwEngine::Greet() {
     Send(kMonitor, '\0', "", "");
 }
 
-/// Takes what has come, until enough frames wait.
+/// Takes what has come, until enough frames wait. One frame may be of gigabytes, and come as fast as it is taken.
 void AgwEngine::Look() {
-    while (queue_.size() < kMostFrames) {
+    for (int taken = 0; taken < kMostArrivals && queue_.size() < kMostFrames; ++taken) {
         const TcpEvent event = socket_->Take();
         switch (event.kind) {
             case TcpEvent::Kind::Nothing:

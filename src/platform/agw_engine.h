@@ -29,12 +29,13 @@ struct AgwFrame {
 /// A packet radio engine behind its TCP interface: frames of a head of 36 bytes and the data that the head tells, no
 /// checksum, no answers that anybody waits for. It is polled, and no operation waits.
 ///
-/// Whatever the engine sends, no more than kMostFrames of kLongestData are kept; what comes beyond that waits in the
-/// engine.
+/// Whatever the engine sends, no more than kMostFrames of kLongestData are kept, and no operation takes more than
+/// kMostArrivals of the socket; what comes beyond that waits in the engine.
 class AgwEngine {
 public:
     static constexpr std::size_t kLongestData = 4'000;
     static constexpr std::size_t kMostFrames = 1'000;
+    static constexpr int kMostArrivals = 128;
 
     AgwEngine(TcpSockets& sockets, Clock& clock);
     AgwEngine(const AgwEngine&) = delete;

@@ -1,8 +1,9 @@
 #include "spots/hf_spectrum.h"
 
 #include <algorithm>
+#include <array>
+#include <ranges>
 
-#include "contest/worked_before.h"
 #include "spots/band_map.h"
 #include "spots/spot_labels.h"
 #include "values/value_error.h"
@@ -46,12 +47,25 @@ void HfSpectrum::BandMapLabelDisplay() {
 
 void HfSpectrum::Draw() {
     UpdateSpectrumScale();
-    for (int i = form.lblDXSpot.First(); i <= form.lblDXSpot.Last(); ++i) {
-        form.lblDXSpot(i).SetVisible(false);
-        form.LineSpot(i).SetVisible(false);
-    }
+    std::array<std::vector<Mark>, SpectrumMap::kBands> marks;
     for (int band = 0; band < SpectrumMap::kBands; ++band) {
-        DrawBand(band);
+        marks.at(static_cast<std::size_t>(band)) = MarksOf(band);
+    }
+    std::array<bool, SpotTable::kRows> isShown{};
+    std::vector<std::string_view> calls;
+    for (const auto& [at, row] : std::views::join(marks)) {
+        isShown.at(static_cast<std::size_t>(row)) = true;
+        calls.emplace_back(table.Row(row).SpotCall);
+    }
+    for (int i = form.lblDXSpot.First(); i <= form.lblDXSpot.Last(); ++i) {
+        if (!isShown.at(static_cast<std::size_t>(i))) {
+            form.lblDXSpot(i).SetVisible(false);
+            form.LineSpot(i).SetVisible(false);
+        }
+    }
+    worked.Learn(contest.log, calls);
+    for (int band = 0; band < SpectrumMap::kBands; ++band) {
+        DrawBand(band, marks.at(static_cast<std::size_t>(band)));
     }
 }
 
@@ -102,8 +116,7 @@ std::vector<std::vector<int>> HfSpectrum::RowsShown() const {
     return bands;
 }
 
-void HfSpectrum::DrawBand(int band) {
-    const std::vector<Mark> marks = MarksOf(band);
+void HfSpectrum::DrawBand(int band, const std::vector<Mark>& marks) {
     const ControlState& line = form.lineHF(band).State();
     constexpr int kQuarters = kScaleCaptions - 1;
     const double quarter = (line.y2 - line.y1) / kQuarters;
@@ -129,7 +142,7 @@ void HfSpectrum::DrawQuarter(const std::vector<Mark>& marks, int band, double fr
         const Spot& spot = table.Row(row);
         const DateTime utc = AddMinutes(spot.SpotTime, contest.preferences.gUtcOffset * kMinutesAnHour);
         Label& label = form.lblDXSpot(row);
-        label.SetUnderlined(!WorkedBefore(contest.log, spot.SpotCall));
+        label.SetUnderlined(!worked.Has(spot.SpotCall));
         DrawSpot(label, form.LineSpot(row), spot, *AgeOf(spot.SpotTime, now), HintOf(spot, utc),
                  form.lineHF(band).State().x2, at, places[n]);
     }

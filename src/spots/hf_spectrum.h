@@ -6,6 +6,7 @@
 #include "rig/rig_commands.h"
 #include "spots/map_scale.h"
 #include "spots/spot_table.h"
+#include "spots/worked_calls.h"
 
 namespace tallyhut {
 
@@ -17,6 +18,8 @@ struct HfSpectrum {
     const Contest& contest;
     SpotTable& table;
     RigCommands& rig;
+
+    WorkedCalls worked = {};  ///< of those on the map
 
     void BandMapLabelDisplay();
     /// Writes and places the captions of all scales.
@@ -36,8 +39,8 @@ private:
     };
 
     void Draw();
-    void DrawBand(int band);
     std::vector<Mark> MarksOf(int band) const;
+    void DrawBand(int band, const std::vector<Mark>& marks);
     /// The spots of a band between two of its captions, which they must not cover.
     void DrawQuarter(const std::vector<Mark>& marks, int band, double from, double to);
     BandSpan ScaleOfBand(int band) const;

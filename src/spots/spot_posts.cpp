@@ -1,6 +1,7 @@
 #include "spots/spot_posts.h"
 
 #include <cmath>
+#include <unordered_map>
 
 #include "spots/spot_line.h"
 #include "values/format.h"
@@ -91,22 +92,22 @@ void SpotPosts::MarkNeededSections() {
     table.SpotStatus.clear();
     panel.desk.RunPending();
     const int count = contest.sections.gSectionCount;
-    for (int i = 1; i <= count; ++i) {
-        const ControlState& label = panel.form.Label10(i).State();
-        if (label.foreColor != preferences.gColorWorked &&
-            (label.foreColor != preferences.gColorNeeded || label.underlined)) {
-            grid.ShowNeeded(i, preferences.gColorNeeded);
-        }
-    }
+    const std::unordered_map<std::string, int> newestRows = table.NewestRows();
     std::string needed;
     for (int i = 1; i <= count; ++i) {
         const ControlState& label = panel.form.Label10(i).State();
-        const std::optional<int> row =
-            label.foreColor == preferences.gColorNeeded ? table.NewestRowWith(label.text) : std::nullopt;
-        if (!row) {
+        const bool isOpen = label.foreColor != preferences.gColorWorked;  // needed, or marked by a post before
+        if (!isOpen && label.foreColor != preferences.gColorNeeded) {
             continue;
         }
-        const bool isNew = *row == SpotTable::kNewest;
+        const auto offer = newestRows.find(label.text);
+        if (offer == newestRows.end()) {
+            if (isOpen) {
+                grid.ShowNeeded(i, preferences.gColorNeeded);
+            }
+            continue;
+        }
+        const bool isNew = offer->second == SpotTable::kNewest;
         if (isNew) {
             table.SpotStatus = kNeeded;
             needed += (needed.empty() ? "" : ", ") + label.text;

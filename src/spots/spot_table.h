@@ -5,6 +5,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <unordered_map>
 
 #include "values/date_time.h"
 
@@ -35,6 +36,8 @@ struct SpotTable {
     void Shift();
     /// The newest row whose text has the word between blanks; nothing where none has.
     std::optional<int> NewestRowWith(std::string_view word) const;
+    /// The same of every word of all texts, in one pass over them; only a word that holds a blank itself is missing.
+    std::unordered_map<std::string, int> NewestRows() const;
 
 private:
     std::array<Spot, kRows> rows_;

@@ -78,6 +78,7 @@ constexpr std::string_view kNoEngine =
     "- Click Open from this program.";
 
 constexpr float kTicksToAge = 360;
+constexpr Tick kLongestPoll = 20;
 constexpr std::size_t kLongPacket = 71;  ///< a text of this length goes out at its next blank
 
 std::string WithCrLf(std::string_view text) {
@@ -254,10 +255,15 @@ void SpotTransports::Timer1_Timer() {
     }
 }
 
+/// What no TNC sends in a third of a second, a device that sends without end may: its lines wait for the next tick, and
+/// nothing is read before they are taken.
 void SpotTransports::PollSerial() {
-    lines.Add(comm.ReadAll());
+    if (!lines.HasLine()) {
+        lines.Add(comm.ReadAll());
+    }
+    const Tick end = desk.clock.TickMs() + kLongestPoll;
     std::string line;
-    while (lines.Take(line)) {
+    while (desk.clock.TickMs() < end && lines.Take(line)) {
         TakeLine(line);
     }
 }

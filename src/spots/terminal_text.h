@@ -17,6 +17,8 @@ std::string WithText(std::string_view terminal, std::string_view text);
 class ReceivedLines {
 public:
     void Add(std::string_view bytes);
+    /// There is a whole line to be taken.
+    bool HasLine() const { return lines_.find('\n', 1) != std::string::npos; }
     /// The next whole line with its line feed, a carriage return before it included; false when none is there.
     bool Take(std::string& line);
     /// As at the start.

@@ -204,6 +204,21 @@ TEST_F(AgwEngineTest, FrameOfFourGigabytesTakesNoMemoryAndHoldsNobody) {
     EXPECT_EQ(engine.Started(), kAgwReady);
 }
 
+TEST_F(AgwEngineTest, FloodWithinOneFrameIsTakenInParts) {
+    Start();
+    std::string frame = Frame('D', "Q7ZZQ", "W1AW", "");
+    frame.replace(28, 4, "\xFF\xFF\xFF\xFF");
+    peer.Arrive(frame);
+    for (int i = 0; i < 2 * AgwEngine::kMostArrivals; ++i) {
+        peer.Arrive("x");
+    }
+    EXPECT_EQ(Next(), "");
+    EXPECT_TRUE(pump.readable.contains(peer.descriptor));
+    EXPECT_EQ(Next(), "");
+    EXPECT_EQ(Next(), "");
+    EXPECT_FALSE(pump.readable.contains(peer.descriptor));
+}
+
 TEST_F(AgwEngineTest, FloodWaitsInTheEngine) {
     Start();
     constexpr int kSent = 3'000;

@@ -2,6 +2,9 @@
 
 #include <gtest/gtest.h>
 
+#include <random>
+#include <vector>
+
 namespace tallyhut {
 namespace {
 
@@ -65,6 +68,27 @@ TEST(SpotTable, WordStandsBetweenBlanks) {
     EXPECT_EQ(table.NewestRowWith("MDC"), std::nullopt);
     EXPECT_EQ(table.NewestRowWith("EMA"), std::nullopt);
     EXPECT_EQ(table.NewestRowWith("mdc."), std::nullopt) << "letters count as they are";
+}
+
+TEST(SpotTable, OnePassFindsTheNewestRowsThatSearchesFind) {
+    const std::vector<std::string> words{"MDC", "EMA", "CT", "CQ", "", "MDC.", "E"};
+    std::mt19937 random{1};
+    SpotTable table;
+    for (int n = 0; n < 200; ++n) {
+        std::string text = n % 7 == 0 ? "" : " ";
+        for (std::size_t left = random() % 6; left > 0; --left) {
+            text += words.at(random() % words.size()) + (random() % 9 == 0 ? "" : " ");
+        }
+        Push(table, "K1AA", text + (n % 5 == 0 ? "" : "  "));
+        const std::unordered_map<std::string, int> rows = table.NewestRows();
+        for (const std::string& word : words) {
+            if (!word.empty()) {
+                const auto found = rows.find(word);
+                EXPECT_EQ(found == rows.end() ? std::nullopt : std::optional{found->second}, table.NewestRowWith(word))
+                    << word;
+            }
+        }
+    }
 }
 
 }  // namespace

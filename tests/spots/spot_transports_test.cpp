@@ -153,6 +153,27 @@ TEST_F(SpotTransportsTest, TncsLinesArePostedOnceWhateverTheirCase) {
     EXPECT_EQ(posts.size(), 2U);
 }
 
+TEST_F(SpotTransportsTest, TncThatSendsWithoutEndIsTakenInPartsAndNothingIsLost) {
+    Open(kTnc);
+    spots.received = [this](std::string_view post) {
+        posts.emplace_back(post);
+        machine.clock.Advance(5);
+    };
+    std::string flood;
+    for (int n = 0; n < 10; ++n) {
+        flood += "\nDX de Q2ABC: post " + std::to_string(n) + '\r';
+    }
+    FromTnc(flood + '\n');
+    EXPECT_EQ(posts.size(), 4U) << "in 20 ms";
+    FromTnc("\nDX de Q2ABC: behind\r\n");
+    EXPECT_EQ(posts.size(), 8U);
+    for (int tick = 0; tick < 5; ++tick) {
+        spots.Timer1_Timer();
+    }
+    ASSERT_EQ(posts.size(), 11U);
+    EXPECT_EQ(posts.back(), "DX de Q2ABC: behind\r\n");
+}
+
 TEST_F(SpotTransportsTest, TncsCommandCharacterGoesAtOnce) {
     Open(kTnc);
     form.txtHex.SetText("1B");

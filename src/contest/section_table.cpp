@@ -1,24 +1,56 @@
 #include "contest/section_table.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace tallyhut {
+namespace {
+
+/// Where the exports of a contest without a list differ from its list: codes of earlier years, and those whose province
+/// they tell by the code or as a state.
+constexpr std::array kToldPlaces{
+    SectionPlace{"ON", "ON", kCanada},         SectionPlace{"OS", "OS", kCanada},
+    SectionPlace{"OE", "OE", kCanada},         SectionPlace{"NWT", "NWT", kCanada},
+    SectionPlace{"MAR", "MAR", kCanada},       SectionPlace{"GTA", "GTA", kCanada},
+    SectionPlace{"ONN", "ONN", kUnitedStates}, SectionPlace{"ONS", "ONS", kUnitedStates},
+    SectionPlace{"ONE", "ONE", kUnitedStates}, SectionPlace{"NT", "NT", kUnitedStates},
+};
+
+/// Codes that are no sections any more; logs of earlier years hold them.
+constexpr std::array kFormerPlaces{
+    SectionPlace{"ON", "ON", kCanada},
+    SectionPlace{"OS", "ON", kCanada},
+    SectionPlace{"OE", "ON", kCanada},
+    SectionPlace{"NWT", "NT", kCanada},
+};
+
+}  // namespace
 
 SectionPlace PlaceOfSection(std::string_view section) {
-    if (const auto* row = std::ranges::find(kSections, section, &SectionRow::code); row != kSections.end()) {
-        return {row->code, row->state, row->dxcc};
+    const auto* const told = std::ranges::find(kToldPlaces, section, &SectionPlace::section);
+    return told != kToldPlaces.end() ? *told : PlaceOfSection(section, ToldSections());
+}
+
+SectionPlace PlaceOfSection(std::string_view section, const SectionList& list) {
+    for (const SectionList* holder : {&list, &ToldSections()}) {
+        if (const int i = holder->Find(section); i != 0) {
+            const ListedSection& found = holder->Section(i);
+            return {found.code, found.state, found.dxcc};
+        }
     }
-    const auto* former = std::ranges::find(kFormerSections, section, &SectionPlace::section);
-    return former != kFormerSections.end() ? *former : SectionPlace{section, section, kUnitedStates};
+    const auto* const former = std::ranges::find(kFormerPlaces, section, &SectionPlace::section);
+    return former != kFormerPlaces.end() ? *former : SectionPlace{section, section, kUnitedStates};
 }
 
 int SectionTable::Find(std::string_view code) const {
-    for (int i = 1; i <= gSectionCount; ++i) {
-        if (SectionCode(i) == code) {
-            return i;
-        }
-    }
-    return 0;
+    const int i = List().Find(code);
+    return i <= gSectionCount ? i : 0;
+}
+
+void SectionTable::Choose(std::optional<SectionList> list) {
+    chosen = std::move(list);
+    Fill();
+    Clear();
 }
 
 void SectionTable::Clear() {

@@ -4,7 +4,7 @@
 #include <string_view>
 
 #include "contest/bands.h"
-#include "contest/section_table.h"
+#include "contest/told_sections.h"
 
 namespace tallyhut {
 namespace {
@@ -174,8 +174,11 @@ Form1::Form1(Desk& owner)
                     return std::make_unique<Label>(*this, "lblLegend", i, kLegend.at(static_cast<std::size_t>(i)),
                                                    LabelDesign{.place = {7000 + i * 900.0, 2480, 850, kRow}});
                 }},
-      Label10{1, static_cast<int>(kSections.size()),
-              [this](int i) { return std::make_unique<Label>(*this, "Label10", i, "", LabelDesign{}); }},
+      Label10{1, static_cast<int>(SectionList::kMostSections),
+              [this](int i) {
+                  return std::make_unique<Label>(*this, "Label10", i, "",
+                                                 LabelDesign{.visible = i <= ToldSections().Count()});
+              }},
       lblDX{*this, "lblDX", "", {.place = kSpotMap, .visible = false, .takesFocus = true}},
       LineDX{*this, "LineDX", kSpotScaleLeft, kSpotScaleTop, kSpotScaleLeft, kSpotScaleTop + kSpotScaleLength},
       lblFreqSpot{0, 4,

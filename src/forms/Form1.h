@@ -75,7 +75,7 @@ struct Form1 : Form {
     Label lblSecZero;
     Label lblSecCA;
     ControlArray<Label> lblLegend;  ///< 0 and 1: how a needed and a worked section look
-    ControlArray<Label> Label10;    ///< from 1, one a section
+    ControlArray<Label> Label10;    ///< from 1, one a section; those behind the last one are hidden
 
     // The spots, on a map of the band or in a list.
     Label lblDX;  ///< the map's frame

@@ -11,9 +11,10 @@ struct SectionGrid {
     Form1& form;
     const Contest& contest;
 
-    /// Puts each label under its heading, in the form's design.
+    /// Puts each label of the list in force under its heading, in the form's design. What does not fit below a heading
+    /// has a further column beside it; all columns are narrower then.
     void PlaceLabels();
-    /// Sets each label's caption, tool tip and first colour.
+    /// Shows as many labels as there are sections, each with its caption, tool tip and first colour.
     void Fill();
     /// All of them, as before the first contact.
     void ShowAllNeeded();

@@ -2,7 +2,6 @@
 
 #include <algorithm>
 
-#include "contest/section_table.h"
 #include "reports/column_writer.h"
 #include "values/date_time.h"
 #include "values/format.h"
@@ -43,9 +42,16 @@ std::string AdifDate(const std::string& date, int presentYear) {
     return ParseDate(date, presentYear) ? FormatDateText(date, "yyyymmdd", presentYear) : "";
 }
 
-/// States are told where the entity has them.
-bool HasStates(DxccEntity entity) {
+/// Without a list states are told of the United States alone.
+bool HasStates(std::int32_t entity) {
     return entity == kUnitedStates || entity == kHawaii || entity == kAlaska;
+}
+
+std::string PlaceFields(const std::string& section, const SectionList* list) {
+    const SectionPlace place = list == nullptr ? PlaceOfSection(section) : PlaceOfSection(section, *list);
+    const std::string entity = place.dxcc == 0 ? "" : std::to_string(place.dxcc);
+    const bool tellsState = list != nullptr || HasStates(place.dxcc);
+    return Field("DXCC", entity) + (tellsState ? Field("State", place.state) : "");
 }
 
 std::string BandField(const std::string& band) {
@@ -67,7 +73,6 @@ std::string CommentField(const std::string& comment) {
 
 /// The mode ends the first line of a record, whatever follows.
 std::string Record(const Contact& contact, const AdifExport& details, int presentYear) {
-    const SectionPlace place = PlaceOfSection(contact.Sec);
     std::string record = Field("Call", contact.Call);
     record += Field("Qso_Date", AdifDate(contact.Date, presentYear), ":d");
     record += BandField(contact.Bnd);
@@ -75,8 +80,7 @@ std::string Record(const Contact& contact, const AdifExport& details, int presen
     record += Field("Tx_Pwr", details.power);
     record += FrequencyField(contact.Frq);
     record += TimeField(AdifTime(contact.Time));
-    record += Field("DXCC", std::to_string(place.dxcc));
-    record += HasStates(place.dxcc) ? Field("State", place.state) : "";
+    record += PlaceFields(contact.Sec, details.sections);
     record += "<Cont:2>NA ";
     record += CommentField(details.comment);
     return record.append("<eor>").append(kLineEnd).append(kLineEnd);

@@ -4,6 +4,7 @@
 #include <string_view>
 
 #include "contest/contact_log.h"
+#include "contest/section_table.h"
 
 namespace tallyhut {
 
@@ -14,6 +15,7 @@ struct AdifExport {
     std::string power;       ///< of the transmitter; empty leaves the field out
     std::string comment;     ///< of each record; empty leaves the field out
     bool phone = false;
+    const SectionList* sections = nullptr;  ///< the list of the contest; none where it has chosen none
 };
 
 /// The whole file: the head and one record for each contact. The exchange of the contest has no fields in it.

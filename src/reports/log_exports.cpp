@@ -51,7 +51,8 @@ void LogExports::expADIF_Click() {
                                  .exportedAt = FormatDateTime(now, "ddddd h:nn:ss AMPM", shortDate),
                                  .power = power,
                                  .comment = comment,
-                                 .phone = contest.preferences.gContestMode != 0};
+                                 .phone = contest.preferences.gContestMode != 0,
+                                 .sections = contest.sections.Chosen()};
         WriteReportFile(files, directories, *path, AdifText(details, contest.log, now.year));
         desk.dialogs.Show(WrittenBox(*path));
     } catch (const PlatformError& failure) {
@@ -61,7 +62,8 @@ void LogExports::expADIF_Click() {
 
 void LogExports::mnuExport_Click() {
     const bool phone = contest.preferences.gContestMode == 1;
-    WriteReportFile(files, directories, WorkingFile(directories, "LogExp.txt"), StationbookText(contest.log, phone));
+    WriteReportFile(files, directories, WorkingFile(directories, "LogExp.txt"),
+                    StationbookText(contest.log, phone, contest.sections.Chosen()));
     desk.dialogs.Beep();
     desk.dialogs.Show(ExportedBox(directories.WorkingDirectory));
 }

@@ -88,8 +88,10 @@ PrintedPage PageHead(const Preferences& station) {
 
 }  // namespace
 
-MergedLog MergeLog(std::string_view logText, std::string_view timeText, std::int32_t sectionCount) {
+MergedLog MergeLog(std::string_view logText, std::string_view timeText, std::int32_t sectionCount,
+                   const std::optional<SectionList>& chosenSections) {
     MergedLog merged;
+    merged.sections.chosen = chosenSections;
     merged.sections.gSectionCount = sectionCount;
     FieldReader contactFields{logText};
     FieldReader timeFields{timeText};

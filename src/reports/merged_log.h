@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <variant>
@@ -36,9 +37,11 @@ struct MergedLog {
     std::int32_t contacts = 0;
 };
 
-/// @param sectionCount  size of the section table
+/// @param sectionCount    size of the section table
+/// @param chosenSections  the list of the contest, where it has chosen one
 /// Throws ValueError for a damaged record and LogFullError for more contacts than the tables hold.
-MergedLog MergeLog(std::string_view logText, std::string_view timeText, std::int32_t sectionCount);
+MergedLog MergeLog(std::string_view logText, std::string_view timeText, std::int32_t sectionCount,
+                   const std::optional<SectionList>& chosenSections = std::nullopt);
 
 std::vector<std::string> LogReportFile(const MergedLog& merged);
 

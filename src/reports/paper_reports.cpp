@@ -64,7 +64,7 @@ void PaperReports::PrintDupeSheet() {
 
 MergedLog PaperReports::Merged() const {
     const std::string times = records.Read();
-    return MergeLog(logFile.Read(), times, contest.sections.gSectionCount);
+    return MergeLog(logFile.Read(), times, contest.sections.gSectionCount, contest.sections.chosen);
 }
 
 void PaperReports::WriteLogFile() {

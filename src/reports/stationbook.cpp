@@ -1,6 +1,5 @@
 #include "reports/stationbook.h"
 
-#include "contest/section_table.h"
 #include "values/text_file.h"
 
 namespace tallyhut {
@@ -17,23 +16,27 @@ void Empty(int fields, RecordWriter& record) {
     }
 }
 
-void WriteContact(const Contact& contact, bool phone, RecordWriter& record) {
+std::string_view StateOf(const std::string& section, const SectionList* list) {
+    return list == nullptr ? PlaceOfSection(section).state : PlaceOfSection(section, *list).state;
+}
+
+void WriteContact(const Contact& contact, bool phone, const SectionList* sections, RecordWriter& record) {
     record.Text(contact.Call).Text(contact.Date).Text(contact.Bnd).Text(phone ? "SSB" : "CW");
     Empty(1, record);
     record.Text(contact.Time);
     Empty(3, record);
     const bool canada = CountsAsCanada(contact);
-    record.Text(canada ? "Canada" : "USA").Text(canada ? "" : PlaceOfSection(contact.Sec).state);
+    record.Text(canada ? "Canada" : "USA").Text(canada ? "" : StateOf(contact.Sec, sections));
     Empty(4, record);
     record.Text("ARRL November Sweepstakes Contest - Section - " + contact.Sec).EndLine();
 }
 
 }  // namespace
 
-std::string StationbookText(const ContactLog& log, bool phone) {
+std::string StationbookText(const ContactLog& log, bool phone, const SectionList* sections) {
     RecordWriter record;
     for (std::int32_t n = 1; n <= log.gContactCount; ++n) {
-        WriteContact(log.Row(n), phone, record);
+        WriteContact(log.Row(n), phone, sections, record);
     }
     return record.Result();
 }

@@ -72,7 +72,7 @@ void WriteSections(std::string_view heading, const SectionTable& sections, bool 
     std::string codes;
     for (int i = 1; i <= sections.gSectionCount; ++i) {
         if ((sections.SectionQsos.at(static_cast<std::size_t>(i)) >= 1) == worked) {
-            codes.append(SectionTable::SectionCode(i)).append(" ");
+            codes.append(sections.Code(i)).append(" ");
         }
     }
     lines.Line(heading);

@@ -18,19 +18,20 @@ std::string TimeText(const Spot& spot) {
 
 }  // namespace
 
-std::string SectionCounts(const ContactLog& log, int section) {
+std::string SectionCounts(const Contest& contest, int section) {
+    const ContactLog& log = contest.log;
     std::array<int, kCountedBands.size()> counts{};
     int total = 0;
     for (std::int32_t n = 1; n <= log.gContactCount; ++n) {
         const Contact& contact = log.Row(n);
         const auto* const band = std::ranges::find(kCountedBands, contact.Bnd);
-        if (contact.Sec == SectionTable::SectionCode(section) && band != kCountedBands.end()) {
+        if (contact.Sec == contest.sections.Code(section) && band != kCountedBands.end()) {
             ++counts.at(static_cast<std::size_t>(band - kCountedBands.begin()));
             ++total;
         }
     }
-    std::string text = "  " + std::string{SectionTable::SectionName(section)} + "   Total =" + NumberForm(total) +
-                       std::string{kLineEnd};
+    std::string text =
+        "  " + std::string{contest.sections.Name(section)} + "   Total =" + NumberForm(total) + std::string{kLineEnd};
     for (std::size_t i = 0; i < kCountedBands.size(); ++i) {
         text += (i == 0 ? "  " : "   ") + std::string{kCountedBands.at(i)} + " =" + NumberForm(counts.at(i));
     }
@@ -55,7 +56,7 @@ void SectionSpots::Label10_MouseDown(int Index) {
 }
 
 void SectionSpots::Label10_MouseMove(int Index) {
-    std::string text = SectionCounts(contest.log, Index);
+    std::string text = SectionCounts(contest, Index);
     if (const std::optional<int> row = table.NewestRowWith(panel.form.Label10(Index).Caption())) {
         const Spot& spot = table.Row(*row);
         text += std::string{kLineEnd} + "  Recent Spot: " + spot.SpotCall + "  -  " + NumberForm(spot.SpotFreq) +

@@ -10,7 +10,7 @@
 namespace tallyhut {
 
 /// How often a section was worked, in all and on each band of the contest, as the line of partial calls shows it.
-std::string SectionCounts(const ContactLog& log, int section);
+std::string SectionCounts(const Contest& contest, int section);
 
 /// What the grid of sections has to do with spots: a needed section that is offered is a click away from being worked.
 struct SectionSpots {

@@ -17,34 +17,13 @@ constexpr std::array<std::string_view, 5> kRequests{" NEED", " SPOT ", " POST ",
 
 constexpr std::string_view kContestLetters = "KANWVCX";
 
-struct PrefixRow {
-    std::string_view prefix;
-    std::string_view section;
-};
-
-/// Three characters are looked for before two.
-constexpr std::array kPrefixes{
-    PrefixRow{"VE1", " MAR "}, PrefixRow{"VE9", " MAR "}, PrefixRow{"VA1", " MAR "}, PrefixRow{"CY9", " MAR "},
-    PrefixRow{"CY0", " MAR "}, PrefixRow{"VY2", " MAR "}, PrefixRow{"VE2", " QC "},  PrefixRow{"VA2", " QC "},
-    PrefixRow{"VE3", " ON "},  PrefixRow{"VA3", " ON "},  PrefixRow{"VE4", " MB "},  PrefixRow{"VA4", " MB "},
-    PrefixRow{"VE5", " SK "},  PrefixRow{"VA5", " SK "},  PrefixRow{"VE6", " AB "},  PrefixRow{"VA6", " AB "},
-    PrefixRow{"VE7", " BC "},  PrefixRow{"VA7", " BC "},  PrefixRow{"VE8", " NT "},  PrefixRow{"VY1", " NT "},
-    PrefixRow{"VY0", " NT "},  PrefixRow{"VO1", " NL "},  PrefixRow{"VO2", " NL "},  PrefixRow{"AH6", " PAC "},
-    PrefixRow{"KH6", " PAC "}, PrefixRow{"NH6", " PAC "}, PrefixRow{"WH6", " PAC "}, PrefixRow{"AH7", " PAC "},
-    PrefixRow{"KH7", " PAC "}, PrefixRow{"NH7", " PAC "}, PrefixRow{"WH7", " PAC "}, PrefixRow{"KP3", " PR "},
-    PrefixRow{"KP4", " PR "},  PrefixRow{"NP3", " PR "},  PrefixRow{"NP4", " PR "},  PrefixRow{"WP3", " PR "},
-    PrefixRow{"WP4", " PR "},  PrefixRow{"KP2", " VI "},  PrefixRow{"NP2", " VI "},  PrefixRow{"WP2", " VI "},
-    PrefixRow{"AL", " AK "},   PrefixRow{"KL", " AK "},   PrefixRow{"NL", " AK "},   PrefixRow{"WL", " AK "},
-};
+/// Ontario's calls say no section, of which it has several; an operator reads the province.
+constexpr std::array<std::string_view, 2> kOntarioPrefixes{"VE3", "VA3"};
+constexpr std::string_view kOntario = " ON ";
 
 /// So many characters from a position that counts from 1; what the text does not have is left out.
 std::string_view Columns(std::string_view text, std::size_t first, std::size_t length) {
     return first > text.size() ? std::string_view{} : text.substr(first - 1, length);
-}
-
-std::string_view SectionOfExactly(std::string_view prefix) {
-    const auto* const found = std::ranges::find(kPrefixes, prefix, &PrefixRow::prefix);
-    return found == kPrefixes.end() ? std::string_view{} : found->section;
 }
 
 bool IsDigit(char character) {
@@ -94,9 +73,12 @@ bool MayBeOfTheContest(std::string_view call) {
     return !call.empty() && kContestLetters.find(call.front()) != std::string_view::npos;
 }
 
-std::string_view SectionOfPrefix(std::string_view call) {
-    const std::string_view section = SectionOfExactly(call.substr(0, 3));
-    return section.empty() ? SectionOfExactly(call.substr(0, 2)) : section;
+std::string_view SectionOfPrefix(std::string_view call, const SectionList& list) {
+    if (const int section = list.OfCall(call); section != 0) {
+        return list.Section(section).word;
+    }
+    const auto begins = [call](std::string_view prefix) { return call.starts_with(prefix); };
+    return std::ranges::any_of(kOntarioPrefixes, begins) ? kOntario : std::string_view{};
 }
 
 std::string SpotTextOf(std::string_view post, std::string_view section) {

@@ -5,6 +5,8 @@
 #include <string>
 #include <string_view>
 
+#include "contest/told_sections.h"
+
 namespace tallyhut {
 
 // A post as a cluster sends it, in fixed columns that count from 1:
@@ -41,8 +43,9 @@ bool IsRequest(std::string_view post);
 /// The call begins like one of the United States or Canada. Nothing but its first letter is looked at: VK2ABC does too.
 bool MayBeOfTheContest(std::string_view call);
 
-/// The section that a call's prefix stands for, a blank on each side (" AK "); empty for all whose prefix says none.
-std::string_view SectionOfPrefix(std::string_view call);
+/// The section that a call's prefix stands for, a blank on each side (" AK "); empty for all whose prefix says none. A
+/// call of Ontario where the list gives its prefix to no section stands for " ON ". Refers to the list.
+std::string_view SectionOfPrefix(std::string_view call, const SectionList& list = ToldSections());
 
 /// The comment of a post with the section behind it, between blanks so that each word of it can be found as one.
 ///

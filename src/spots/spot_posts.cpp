@@ -57,7 +57,7 @@ void SpotPosts::Take(std::string_view call, double kilohertz, std::string_view c
     if (!MayBeOfTheContest(call)) {
         return;
     }
-    const std::string_view section = SectionOfPrefix(call);
+    const std::string section{SectionOfPrefix(call, contest.sections.List())};  // the list may change while events run
     Keep(call, kilohertz, post, section);
     drawMaps();
     MarkNeededSections();

@@ -165,6 +165,13 @@ void Control::SetPlace(const Place& place) {
     }
 }
 
+void Control::Redesign(const Place& place) {
+    if (design_) {
+        design_->place = place;
+    }
+    SetPlace(place);
+}
+
 void Control::PutInto(Control& frame) {
     frame_ = &frame;
 }

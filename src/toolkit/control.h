@@ -99,6 +99,9 @@ struct Control {
     /// As the control was before the form's first load; null for one that was made later.
     const ControlState* Design() const { return design_ ? &*design_ : nullptr; }
 
+    /// The place from which the form is scaled.
+    const Place& DesignPlace() const { return design_ ? design_->place : state_.place; }
+
     /// Neither hidden nor in a hidden frame.
     bool IsShown() const;
     bool CanTakeFocus() const;
@@ -124,6 +127,8 @@ struct Control {
     void SetRefused(bool refused);
     void SetTabIndex(int position);
     void SetPlace(const Place& place);
+    /// Moves the control in the form's design; a form that is loaded is to be scaled anew then.
+    void Redesign(const Place& place);
     /// The frame that the control lies in; hidden with it. Options in one frame are a group.
     void PutInto(Control& frame);
     const Control* Frame() const { return frame_; }

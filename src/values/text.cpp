@@ -23,6 +23,16 @@ std::string UpperCase(std::string_view text) {
     return upper;
 }
 
+std::vector<std::string> Words(std::string_view text) {
+    std::vector<std::string> words;
+    for (std::size_t begin = text.find_first_not_of(' '); begin < text.size();) {
+        const std::size_t end = std::min(text.find(' ', begin), text.size());
+        words.emplace_back(text.substr(begin, end - begin));
+        begin = text.find_first_not_of(' ', end);
+    }
+    return words;
+}
+
 std::string PadRight(std::string_view text, std::size_t width) {
     std::string padded{text};
     padded.resize(std::max(width, padded.size()), ' ');

@@ -3,6 +3,7 @@
 #include <cstddef>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace tallyhut {
 
@@ -19,6 +20,9 @@ std::string TrimEnd(std::string_view text);
 
 /// The letters a to z as A to Z. Every other byte stays, also the accented letters: calls and sections have none.
 std::string UpperCase(std::string_view text);
+
+/// What stands between the blanks, in its order.
+std::vector<std::string> Words(std::string_view text);
 
 /// Blanks behind the text up to the width; a longer text stays whole.
 std::string PadRight(std::string_view text, std::size_t width);

@@ -9,6 +9,8 @@
 #include <cmath>
 #include <functional>
 #include <iterator>
+#include <ranges>
+#include <set>
 #include <string_view>
 #include <utility>
 
@@ -225,7 +227,6 @@ constexpr std::array kStretches{
 };
 
 constexpr std::string_view kSectionLabels = "Label10";
-constexpr int kSectionColumns = 11;
 constexpr double kLastHeadingWidth = 4.6;  ///< a word, where the others are a figure
 
 const Row* RowOf(const Control& control) {
@@ -442,9 +443,6 @@ void Form1Layout::Build() {
     for (const Stretch& stretch : kStretches) {
         grids_.at(stretch.part)->setColumnStretch(stretch.column, stretch.share);
     }
-    for (int column = 0; column < kSectionColumns; ++column) {
-        grids_.at(Part::Sections)->setColumnStretch(column, column + 1 < kSectionColumns ? 10 : 13);
-    }
 }
 
 void Form1Layout::AddGrid(Part part, QWidget& panel, QBoxLayout& into, int stretch) {
@@ -499,7 +497,9 @@ void Form1Layout::Changed(ControlWidget& widget) {
     if (IsSection(control)) {
         widget.SetLook(LookOf(control, Base()));  // the spoken name may be another
         const auto known = sectionPlaces_.find(&control);
-        sectionsStale_ = sectionsStale_ || known == sectionPlaces_.end() || known->second != control.State().place;
+        const bool isPlaced = known != sectionPlaces_.end();
+        const bool hasMoved = isPlaced && known->second != control.State().place;
+        sectionsStale_ = sectionsStale_ || hasMoved || isPlaced != control.IsShown();
     }
 }
 
@@ -551,35 +551,59 @@ void Form1Layout::PlaceSpots() {
     }
 }
 
-/// The log puts each section's label below the heading of its column, the columns by the left edge and the rows by the
-/// top.
+/// The log puts each section's label below the heading of its call area, the columns by the left edge and the rows by
+/// the top. Where a heading has several columns it spans them.
 void Form1Layout::PlaceSections() {
     sectionsStale_ = false;
     sectionPlaces_.clear();
-    std::vector<const Control*> headings;
+    QGridLayout& grid = *grids_.at(Part::Sections);
+    const auto leftOf = [](const ControlWidget* widget) { return widget->Logical().State().place.left; };
+    std::vector<ControlWidget*> headings;
     std::vector<ControlWidget*> sections;
+    std::set<double> lefts;
     for (ControlWidget* widget : parts_[Part::Sections]) {
         const Control& control = widget->Logical();
+        if (!control.IsShown()) {
+            grid.removeWidget(&widget->Widget());
+            continue;
+        }
+        lefts.insert(leftOf(widget));
         if (IsSection(control)) {
             sections.push_back(widget);
             sectionPlaces_[&control] = control.State().place;
         } else {
-            headings.push_back(&control);
+            headings.push_back(widget);
         }
+    }
+    const auto columnOf = [&](const ControlWidget* widget) {
+        return static_cast<int>(std::distance(lefts.begin(), lefts.find(leftOf(widget))));
+    };
+    sectionColumns_ = static_cast<int>(lefts.size());
+    std::ranges::stable_sort(headings, {}, leftOf);
+    columnsOfLastHeading_ = headings.empty() ? 1 : sectionColumns_ - columnOf(headings.back());
+    int end = sectionColumns_;
+    for (ControlWidget* heading : headings | std::views::reverse) {
+        const int column = columnOf(heading);
+        grid.addWidget(&heading->Widget(), 0, column, 1, std::max(end - column, 1));
+        end = column;
     }
     std::ranges::stable_sort(sections, {},
                              [](const ControlWidget* widget) { return widget->Logical().State().place.top; });
-    const auto columnOf = [&headings](const Control& label) {
-        const auto distance = [&label](const Control* heading) {
-            return std::abs(heading->State().place.left - label.State().place.left);
-        };
-        return RowOf(**std::ranges::min_element(headings, {}, distance))->column;
-    };
-    std::array<int, kSectionColumns> used{};
+    std::vector<int> used(lefts.size());
     for (ControlWidget* widget : sections) {
-        const auto column = headings.empty() ? 0 : columnOf(widget->Logical());
-        const int row = ++used.at(static_cast<std::size_t>(column));
-        grids_.at(Part::Sections)->addWidget(&widget->Widget(), row, column);
+        const int column = columnOf(widget);
+        grid.addWidget(&widget->Widget(), ++used.at(static_cast<std::size_t>(column)), column);
+    }
+    SizeSectionColumns();
+}
+
+void Form1Layout::SizeSectionColumns() {
+    QGridLayout& grid = *grids_.at(Part::Sections);
+    for (int column = 0; column < grid.columnCount(); ++column) {
+        const bool inUse = column < sectionColumns_;
+        const bool ofLast = inUse && column >= sectionColumns_ - columnsOfLastHeading_;
+        grid.setColumnStretch(column, ofLast && columnsOfLastHeading_ == 1 ? 13 : (inUse ? 10 : 0));
+        grid.setColumnMinimumWidth(column, ofLast ? qRound(kLastHeadingWidth * Base() / columnsOfLastHeading_) : 0);
     }
 }
 
@@ -634,7 +658,7 @@ void Form1Layout::Arrange() {
     for (const auto& [column, width] : ColumnWidths(widgets_)) {
         grids_.at(column.first)->setColumnMinimumWidth(column.second, qRound(width * base));
     }
-    grids_.at(Part::Sections)->setColumnMinimumWidth(kSectionColumns - 1, qRound(kLastHeadingWidth * base));
+    SizeSectionColumns();
     for (ControlWidget* widget : widgets_) {
         const Control& control = widget->Logical();
         const Style& style = StyleOf(control);

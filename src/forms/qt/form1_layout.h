@@ -32,6 +32,7 @@ private:
     void Build();
     void AddGrid(Part part, QWidget& panel, QBoxLayout& into, int stretch);
     void PlaceSections();
+    void SizeSectionColumns();
     void PlaceSpots();
     void TieCaptions();
     void ShowPartsInUse();
@@ -52,7 +53,9 @@ private:
     QWidget* spotsRoom_ = nullptr;
     bool spotsStale_ = true;
     bool captionsTied_ = false;
-    std::map<const Control*, Place> sectionPlaces_;  ///< as they were when the grid was laid out
+    std::map<const Control*, Place> sectionPlaces_;  ///< of those shown, as they were when the grid was laid out
+    int sectionColumns_ = 0;
+    int columnsOfLastHeading_ = 1;
     bool sectionsStale_ = true;
 };
 

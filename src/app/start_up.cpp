@@ -44,11 +44,10 @@ void StartUp::Form1_Load() {
 void StartUp::LoadSteps() {
     Form1& form1 = log.form1;
     const Preferences& preferences = log.contest.preferences;
+    log.sectionChoice.TakeFromFolder();
     layout.LayOutMainForm();
     log.panel.message.Write(kFirstMessage);
     form1.lblNumCurCon.SetCaption(" " + NumberForm(log.contest.log.gContactCount + 1));
-    log.contest.sections.Fill();
-    log.display.grid.Fill();
     log.preferencesFile.Load();
     log.time.gOpSecondsNow = preferences.gOpSeconds;
     form1.mnuDXSpotsColor.SetChecked(preferences.gColorNeededSpots == 1);

@@ -37,14 +37,14 @@ void Commit::frmcmp() {
 }
 
 void Commit::ValidateSection() {
-    gBadSection = contest.sections.Find(panel.form.txtSec.Text()) == 0 ? 1 : 0;
+    gBadSection = contest.sections.Find(SectionCode()) == 0 ? 1 : 0;
     if (gBadSection == 1) {
         panel.message.Refuse("Invalid Section");
     }
 }
 
 void Commit::TallySection() {
-    const int section = contest.sections.Find(panel.form.txtSec.Text());
+    const int section = contest.sections.Find(SectionCode());
     if (section != 0 && contest.sections.Count(section)) {
         display.grid.ShowWorked(section);
     }
@@ -110,6 +110,10 @@ bool Commit::LogContact() {
     return true;
 }
 
+std::string_view Commit::SectionCode() const {
+    return contest.sections.List().CodeOf(panel.form.txtSec.Text());
+}
+
 Contact Commit::EnteredContact() const {
     const DateTime utc = time.utc.Now();
     return {
@@ -118,7 +122,7 @@ Contact Commit::EnteredContact() const {
         .P = panel.form.txtPre.Text(),
         .Call = panel.form.txtCall.Text(),
         .Ck = panel.form.txtCK.Text(),
-        .Sec = panel.form.txtSec.Text(),
+        .Sec = std::string{SectionCode()},
         .Date = postContest.IsOn() ? panel.form.txtPostConDate.Text() : FormatDateTime(utc, "yyyy/mm/dd"),
         .Time = postContest.IsOn() ? panel.form.txtPostConTime.Text() : FormatDateTime(utc, "hh:mm:ss"),
         .Bnd = contest.preferences.gBand,

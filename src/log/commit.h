@@ -1,5 +1,7 @@
 #pragma once
 
+#include <string_view>
+
 #include "log/contest_display.h"
 #include "log/duplicates.h"
 #include "log/log_guard.h"
@@ -34,6 +36,8 @@ struct Commit {
 private:
     bool LogContact();
     void EndWithMessage();
+    /// The code of what stands in txtSec: an alias is never logged.
+    std::string_view SectionCode() const;
     Contact EnteredContact() const;
     void BeginNextEntry();
 };

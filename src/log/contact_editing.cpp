@@ -232,8 +232,12 @@ bool ContactEditing::HasDuplicate() {
     return duplicate;
 }
 
+std::string_view ContactEditing::SectionCode() const {
+    return contest.sections.List().CodeOf(dialog.txtEditSec.Text());
+}
+
 bool ContactEditing::HasSection() {
-    if (contest.sections.Find(dialog.txtEditSec.Text()) != 0) {
+    if (contest.sections.Find(SectionCode()) != 0) {
         return true;
     }
     dialog.Label2.SetVisible(true);
@@ -245,6 +249,7 @@ void ContactEditing::Store() {
     for (const EditField& edit : kEditFields) {
         contest.log.Row(editedRow).*edit.field = (dialog.*edit.box).Text();
     }
+    contest.log.Row(editedRow).Sec = SectionCode();
 }
 
 /// The contact being edited is still the one selected in the list.

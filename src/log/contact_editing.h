@@ -1,5 +1,7 @@
 #pragma once
 
+#include <string_view>
+
 #include "forms/frmEditCon.h"
 #include "log/contact_list.h"
 #include "log/log_guard.h"
@@ -45,6 +47,8 @@ private:
     bool DoneOnEnter(int& KeyAscii);
     void InTheList(void (ContactEditing::*step)());
     bool HasDuplicate();
+    /// The code of what stands in txtEditSec: an alias is never logged.
+    std::string_view SectionCode() const;
     bool HasSection();
     void Store();
     void CloseUp(std::int32_t row);

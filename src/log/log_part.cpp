@@ -30,6 +30,7 @@ LogPart::LogPart(Machine& machine, Desk& desk, SupportPart& support)
       panel{form1, desk, {form1, contest}, {form1}},
       utc{machine.clock, contest},
       display{form1, contest, utc},
+      sectionChoice{machine.files, support.directories, machine.dialogs, contest, display.grid},
       time{panel, contest, preferencesFile, records, utc},
       band{form1, contest.preferences, preferencesFile, time, desk},
       postContest{panel},
@@ -237,8 +238,8 @@ void LogPart::AddSections(ToldNames& told) const {
             return isSection ? std::optional{ToldNames::Told(valueOf(section))} : std::nullopt;
         });
     };
-    add("SectionCode", SectionTable::SectionCode);
-    add("SectionName", SectionTable::SectionName);
+    add("SectionCode", [this](int section) { return contest.sections.Code(section); });
+    add("SectionName", [this](int section) { return contest.sections.Name(section); });
     add("SectionQsos",
         [this](int section) { return contest.sections.SectionQsos.at(static_cast<std::size_t>(section)); });
 }

@@ -4,6 +4,7 @@
 #include "log/band_selection.h"
 #include "log/contact_editing.h"
 #include "log/entry_flow.h"
+#include "log/section_choice.h"
 #include "log/section_colours.h"
 #include "log/start_question.h"
 #include "log/utc_offset_check.h"
@@ -28,6 +29,7 @@ struct LogPart {
     Panel panel;
     UtcClock utc;
     ContestDisplay display;
+    SectionChoice sectionChoice;
     Prompts prompts;  ///< silent until somebody speaks
     OperatingTime time;
     BandSelection band;

@@ -333,10 +333,7 @@ void Commands::Get(CommandWords& words) {
             throw ConsoleError{"unknown name " + text};
         }
         const auto* number = std::get_if<double>(&*value);
-        const bool whole = number != nullptr && *number == RoundHalfEven(*number);
-        out.Result({{"value", whole               ? Json(static_cast<std::int64_t>(*number))
-                              : number != nullptr ? Json(*number)
-                                                  : Json(ToUtf8(std::get<std::string>(*value)))}});
+        out.Result({{"value", number != nullptr ? NumberJson(*number) : Json(ToUtf8(std::get<std::string>(*value)))}});
     } else {
         out.Result({{"value", PropertyOf(FindTarget(program.desk, text, true))}});
     }

@@ -50,14 +50,14 @@ SdlAudio::Connection::Connection(SdlAudio& audio) : audio_{audio} {
     const std::lock_guard alone{audio_.oneCall_};
     SDL_SetHint(SDL_HINT_NO_SIGNAL_HANDLERS, "1");                // the signals to terminate are the program's own
     SDL_SetHint(SDL_HINT_AUDIO_DEVICE_APP_NAME, "Tallyhut Log");  // in the desktop's mixer
-    stands_ = SDL_InitSubSystem(SDL_INIT_AUDIO) == 0;
+    if (SDL_InitSubSystem(SDL_INIT_AUDIO) != 0) {
+        throw PlatformError{SDL_GetError()};
+    }
 }
 
 SdlAudio::Connection::~Connection() {
-    if (stands_) {
-        const std::lock_guard alone{audio_.oneCall_};
-        SDL_QuitSubSystem(SDL_INIT_AUDIO);
-    }
+    const std::lock_guard alone{audio_.oneCall_};
+    SDL_QuitSubSystem(SDL_INIT_AUDIO);
 }
 
 }  // namespace tallyhut

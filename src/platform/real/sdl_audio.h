@@ -34,10 +34,12 @@ public:
         std::unique_ptr<SampleExchange> exchange_;
     };
 
-    /// The default device, asked for 20 ms at a time. Throws PlatformError with the reason where there is none.
+    /// The default device, asked for 20 ms at a time; a connection stands, and goes on standing until it is closed.
+    /// Throws PlatformError with the reason where there is none.
     std::unique_ptr<Device> Open(bool isInput, const SampleFormat& format, SampleExchange exchange);
 
-    /// While any exists the connection to the sound server stands. Made where there is none: the failure is Open's.
+    /// While any exists the connection to the sound server stands. Throws PlatformError with the reason where there is
+    /// none to be had.
     class Connection {
     public:
         explicit Connection(SdlAudio& audio);
@@ -47,7 +49,6 @@ public:
 
     private:
         SdlAudio& audio_;
-        bool stands_ = false;
     };
 
 private:

@@ -69,6 +69,7 @@ private:
     void PlayTakes(SdlAudio& audio, Guard& guard);
     void AwaitEnd(const std::shared_ptr<Take>& playing, const SdlAudio::Device& device, Guard& guard);
     bool IsWanted() const { return take != nullptr || isEnding; }
+    void Drop(const std::shared_ptr<Take>& over);
 };
 
 void SdlPlayer::Playback::Give(const SampleFormat& format, Uint8* samples, std::size_t bytes) {
@@ -107,49 +108,55 @@ void SdlPlayer::Playback::Run(SdlAudio& audio) {
     Guard guard{lock};
     while (!isEnding) {
         changed.wait(guard, [this] { return IsWanted(); });
-        PlayTakes(audio, guard);
+        if (!isEnding) {
+            PlayTakes(audio, guard);
+        }
     }
     hasEnded = true;
     changed.notify_all();
 }
 
-/// Plays until nothing has been wanted for a while.
+/// Plays takes until none has been wanted for a while. What fails was no take that is heard, which shows in the mode.
 void SdlPlayer::Playback::PlayTakes(SdlAudio& audio, Guard& guard) {
+    std::shared_ptr<Take> playing = take;
     guard.unlock();
-    auto connection = std::make_unique<SdlAudio::Connection>(audio);
-    std::unique_ptr<SdlAudio::Device> device;
-    SampleFormat format;
-    guard.lock();
-    while (!isEnding && changed.wait_for(guard, kRest, [this] { return IsWanted(); }) && !isEnding) {
-        const std::shared_ptr<Take> playing = take;
-        guard.unlock();
-        try {
+    try {
+        const SdlAudio::Connection connection{audio};
+        std::unique_ptr<SdlAudio::Device> device;
+        SampleFormat format;
+        guard.lock();
+        while (!isEnding && changed.wait_for(guard, kRest, [this] { return IsWanted(); }) && !isEnding) {
+            playing = take;
+            guard.unlock();
             if (device == nullptr || format != playing->samples->format) {
                 device.reset();
                 format = playing->samples->format;
                 device = audio.Open(
                     false, format, [this, format](Uint8* samples, std::size_t bytes) { Give(format, samples, bytes); });
             }
-        } catch (const PlatformError&) {
-            // no sound: it shows in the mode
-        }
-        guard.lock();
-        if (device != nullptr) {
-            AwaitEnd(playing, *device, guard);
-        }
-        if (take == playing) {
-            take.reset();
-        }
-        if (device == nullptr || !changed.wait_for(guard, kForTheNext, [this] { return IsWanted(); }) || isEnding ||
-            !device->IsThere()) {
-            guard.unlock();
-            device.reset();
             guard.lock();
+            AwaitEnd(playing, *device, guard);
+            Drop(playing);
+            const bool goesOn = changed.wait_for(guard, kForTheNext, [this] { return IsWanted(); });
+            if (!goesOn || isEnding || !device->IsThere()) {
+                guard.unlock();
+                device.reset();
+                guard.lock();
+            }
         }
+        guard.unlock();
+    } catch (const PlatformError&) {
+        // no sound
     }
-    guard.unlock();
-    connection.reset();
     guard.lock();
+    Drop(playing);
+}
+
+/// Another may be wanted by now.
+void SdlPlayer::Playback::Drop(const std::shared_ptr<Take>& over) {
+    if (take == over) {
+        take.reset();
+    }
 }
 
 /// Waits until the take has been heard, another is wanted, or the device is gone.

@@ -1,0 +1,45 @@
+#pragma once
+
+#include <functional>
+#include <string_view>
+
+#include "forms/BlindFrm.h"
+#include "log/preferences_file.h"
+#include "platform/clock.h"
+#include "platform/sound.h"
+
+namespace tallyhut {
+
+/// What is spoken to an operator who does not see the screen, and the form that tells how much. A prompt that cannot be
+/// played is no failure.
+struct VoicePrompts {
+    BlindFrm& form;
+    WavePlayer& player;
+    Clock& clock;
+    const Directories& directories;
+    PreferencesFile& preferencesFile;
+    Preferences& preferences;
+
+    /// Where the recording of a prompt lies; where there is none, the path at which it would.
+    std::function<std::string(std::string_view name)> pathOf;
+    /// Runs again and again while AwaitEnd waits, in which no timer runs.
+    std::function<void()> whileWaiting = [] {};
+
+    /// Plays a prompt in the place of the one that plays still, and returns at once.
+    void BlindKeyPhone(std::string_view name);
+    /// Returns when the prompt has ended, a second after its length at the latest; no event runs meanwhile.
+    void AwaitEnd();
+
+    void BlindFrm_Load();
+    void BlindFrm_Unload();
+    void Option1_Click();
+    void Option2_Click();
+    void Option3_Click();
+    /// Done.
+    void Command1_Click();
+
+private:
+    bool loading_ = false;  ///< choosing an option says nothing then
+};
+
+}  // namespace tallyhut

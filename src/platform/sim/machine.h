@@ -14,6 +14,7 @@
 #include "platform/sim/screen.h"
 #include "platform/sim/serial_port.h"
 #include "platform/sim/settings_store.h"
+#include "platform/sim/sound.h"
 #include "platform/sim/tcp_socket.h"
 
 namespace tallyhut::sim {
@@ -44,6 +45,7 @@ struct Machine {
     SerialPorts serialPorts{clock};
     ParallelPorts parallelPorts{clock};
     TcpSockets tcpSockets{pump};
+    Sound sound{clock, files};
     std::string dataFolder;
 
     /// What a program is lent.
@@ -60,6 +62,7 @@ struct Machine {
                 .serialPorts = Chosen(real.serialPorts, serialPorts),
                 .parallelPorts = parallelPorts,
                 .tcpSockets = tcpSockets,
+                .sound = sound,
                 .dataFolder = dataFolder};
     }
 

@@ -1,0 +1,20 @@
+#pragma once
+
+#include "platform/files.h"
+#include "platform/sound.h"
+
+namespace tallyhut {
+
+/// The sound of the desktop. Nothing is asked of it, no device is open and no thread stands before the first Play or
+/// Start, nor some seconds behind the last one's end.
+struct SdlSound : Sound {
+    /// Wave files are read and recordings written by these.
+    explicit SdlSound(Files& machineFiles) : files{machineFiles} {}
+
+    std::unique_ptr<WavePlayer> NewPlayer(std::string name) override;
+    std::unique_ptr<WaveRecorder> NewRecorder() override;
+
+    Files& files;
+};
+
+}  // namespace tallyhut

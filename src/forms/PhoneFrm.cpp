@@ -19,8 +19,7 @@ constexpr double kRepeatTop = 2340;
 constexpr double kRecordingTop = 3180;
 constexpr double kButtonsTop = 5340;
 
-constexpr std::string_view kLineOut =
-    "Connect the line-out of your sound card to the audio input of your transceiver.";
+constexpr std::string_view kLineOut = "Connect the line-out of your sound card to the audio input of your transceiver.";
 constexpr std::string_view kCaution = "Caution, RF feedback can damage your PC!";
 constexpr std::string_view kByHand = "With port 0 nothing is keyed: use VOX, or key the transmitter by hand.";
 
@@ -127,10 +126,8 @@ PhoneFrm::PhoneFrm(Desk& owner)
       cmdStopRecord{*this, "cmdStopRecord", "Stop Recording", Press(kSettings + 120, kRecordingTop + 1380, 1740, 34)},
       cmdPlayBack{*this, "cmdPlayBack", "Play Back", Press(kSettings + 1920, kRecordingTop + 1380, 1740, 35)},
       lblTest{*this, "lblTest", "Plays F1 Command", At(4440, kButtonsTop + 60, 1500)},
-      Command12{*this,
-                "Command12",
-                "Stop",
-                {.place = {6000, kButtonsTop, 1020, 330}, .tabIndex = 36, .visible = false}},
+      Command12{
+          *this, "Command12", "Stop", {.place = {6000, kButtonsTop, 1020, 330}, .tabIndex = 36, .visible = false}},
       Command11{*this, "Command11", "Test", Press(7080, kButtonsTop, 1020, 37)},
       Command1{*this, "Command1", "Done", Press(8160, kButtonsTop, 1140, 38)},
       Timer1{*this, "Timer1", kLookMs, false},

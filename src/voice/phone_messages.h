@@ -4,10 +4,10 @@
 
 #include "forms/PhoneFrm.h"
 #include "keying/key_line.h"
+#include "platform/dialogs.h"
 #include "platform/files.h"
 #include "platform/sound.h"
 #include "support/directories.h"
-#include "platform/dialogs.h"
 
 namespace tallyhut {
 

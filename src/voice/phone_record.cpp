@@ -8,8 +8,8 @@ namespace {
 
 /// In file order; nothing else knows it.
 constexpr std::array<LineOf<PhoneRecord>, 13> kFileOrder{
-    &PhoneRecord::Text1, &PhoneRecord::Text2,  &PhoneRecord::Text3, &PhoneRecord::Text4,     &PhoneRecord::Text5,
-    &PhoneRecord::Text6, &PhoneRecord::Text7,  &PhoneRecord::Text8, &PhoneRecord::Text9,     &PhoneRecord::Text10,
+    &PhoneRecord::Text1, &PhoneRecord::Text2,     &PhoneRecord::Text3,  &PhoneRecord::Text4, &PhoneRecord::Text5,
+    &PhoneRecord::Text6, &PhoneRecord::Text7,     &PhoneRecord::Text8,  &PhoneRecord::Text9, &PhoneRecord::Text10,
     &PhoneRecord::line,  &PhoneRecord::txtPHLoop, &PhoneRecord::Text11,
 };
 

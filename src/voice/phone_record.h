@@ -17,9 +17,9 @@ struct PhoneRecord {
     std::string Text7;
     std::string Text8;
     std::string Text9;
-    std::string Text10 = "0";     ///< serial port
-    std::uint8_t line = 0;        ///< 0 RTS, 1 DTR, 2 parallel port
-    std::string txtPHLoop = "0";  ///< seconds
+    std::string Text10 = "0";      ///< serial port
+    std::uint8_t line = 0;         ///< 0 RTS, 1 DTR, 2 parallel port
+    std::string txtPHLoop = "0";   ///< seconds
     std::string Text11 = "&H378";  ///< parallel port
 
     bool operator==(const PhoneRecord&) const = default;

@@ -11,6 +11,8 @@
 namespace tallyhut {
 namespace {
 
+constexpr const char* kTitle = "Record";
+constexpr const char* kTryAgain = "\n\nIt is not lost yet: Stop Recording tries again.";
 constexpr int kMeterLength = 20;
 constexpr double kMsASecond = 1000;
 
@@ -41,11 +43,11 @@ std::string SecondsText(std::chrono::milliseconds length) {
     return PlainText(RoundedTo(1, static_cast<double>(length.count()) / kMsASecond)) + " s";
 }
 
-}  // namespace
-
-std::string PhoneRecording::NameOf(int key) const {
+std::string NameOf(int key) {
     return "F" + std::to_string(key) + ".wav";
 }
+
+}  // namespace
 
 void PhoneRecording::cmdRecord_Click(int key) {
     Stop();
@@ -63,7 +65,7 @@ void PhoneRecording::cmdRecord_Click(int key) {
 }
 
 bool PhoneRecording::MayReplace(const std::string& path, const std::string& name) const {
-    return !files.FileExists(path) || desk.dialogs.Show({.title = "Record",
+    return !files.FileExists(path) || desk.dialogs.Show({.title = kTitle,
                                                          .text = name + " stands in the working directory already. Do "
                                                                         "you want to record over it?",
                                                          .buttons = Buttons::YesNo,
@@ -71,9 +73,9 @@ bool PhoneRecording::MayReplace(const std::string& path, const std::string& name
 }
 
 void PhoneRecording::Begin(int key) {
-    key_ = key;
-    peak_ = 0;
-    last_ = WorkingFile(directories, NameOf(key));
+    recorded = key;
+    peak = 0;
+    last = WorkingFile(directories, NameOf(key));
     form.cmdPlayBack.SetEnabled(false);
     form.cmdStopRecord.SetEnabled(true);
     form.cmdStopRecord.SetFocus();
@@ -88,9 +90,9 @@ void PhoneRecording::tmrLevel_Elapsed() {
         return;
     }
     const double level = recorder.Level();
-    peak_ = std::max(peak_, level);
+    peak = std::max(peak, level);
     ShowLevel(level);
-    form.lblRecording.SetCaption("Recording " + NameOf(key_) + ", " + SecondsText(recorder.Length()));
+    form.lblRecording.SetCaption("Recording " + NameOf(recorded) + ", " + SecondsText(recorder.Length()));
 }
 
 void PhoneRecording::ShowLevel(double level) {
@@ -104,27 +106,34 @@ void PhoneRecording::cmdStopRecord_Click() {
 }
 
 void PhoneRecording::Stop() {
-    if (key_ == 0) {
+    if (recorded == 0) {
         return;
     }
     form.tmrLevel.SetTimerEnabled(false);
     const std::string length = SecondsText(recorder.Length());
-    peak_ = std::max(peak_, recorder.Level());
+    peak = std::max(peak, recorder.Level());
+    form.lblMeter.SetCaption("");
+    form.lblLevel.SetCaption("");
     try {
         recorder.Stop();
         Keep();
-        Tell("Recorded " + NameOf(key_) + ", " + length + '.' + std::string{RowOf(peak_).advice});
+        Tell("Recorded " + NameOf(recorded) + ", " + length + '.' + std::string{RowOf(peak).advice});
     } catch (const PlatformError& failure) {
         Tell(std::string{"The recording could not be kept. "} + failure.what());
+        if (recorder.Length().count() > 0) {
+            desk.dialogs.Show({.title = kTitle,
+                               .text = form.lblRecording.Caption() + kTryAgain,
+                               .buttons = Buttons::OK,
+                               .icon = Icon::Exclamation});
+            return;
+        }
     }
-    key_ = 0;
+    recorded = 0;
     form.cmdStopRecord.SetEnabled(false);
-    form.lblMeter.SetCaption("");
-    form.lblLevel.SetCaption("");
 }
 
 void PhoneRecording::Keep() {
-    (form.*kPhoneKeys.at(static_cast<std::size_t>(key_ - 1)).file).SetText(last_);
+    (form.*kPhoneKeys.at(static_cast<std::size_t>(recorded - 1)).file).SetText(last);
     form.cmdPlayBack.SetEnabled(true);
 }
 
@@ -136,7 +145,7 @@ void PhoneRecording::Tell(std::string_view words) {
 void PhoneRecording::cmdPlayBack_Click() {
     messages.Silence();
     try {
-        messages.player.Open(last_);
+        messages.player.Open(last);
         messages.player.Play();
     } catch (const PlatformError& failure) {
         Tell(std::string{"The recording cannot be played. "} + failure.what());
@@ -144,7 +153,7 @@ void PhoneRecording::cmdPlayBack_Click() {
 }
 
 void PhoneRecording::PhoneFrm_KeyPress(int& KeyAscii) {
-    if (KeyAscii == kKeyEsc && key_ != 0) {
+    if (KeyAscii == kKeyEsc && recorded != 0) {
         KeyAscii = 0;
         cmdStopRecord_Click();
     }

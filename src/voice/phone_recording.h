@@ -17,6 +17,10 @@ struct PhoneRecording {
     const Directories& directories;
     Desk& desk;
 
+    int recorded = 0;       ///< the key that is being recorded, or whose recording could not be kept yet; 0 for none
+    double peak = 0;        ///< greatest level of the recording
+    std::string last = {};  ///< path of the newest recording
+
     /// @param key  1 for F1 to 9 for F9
     void cmdRecord_Click(int key);
     /// Keeps what was recorded, and names it in the key's field.
@@ -35,11 +39,6 @@ private:
     void Keep();
     void ShowLevel(double level);
     void Tell(std::string_view words);
-    std::string NameOf(int key) const;
-
-    int key_ = 0;          ///< that is being recorded; 0 for none
-    double peak_ = 0;      ///< greatest level of the recording
-    std::string last_ = {};  ///< path of the recording that Play Back plays
 };
 
 }  // namespace tallyhut

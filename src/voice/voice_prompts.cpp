@@ -8,8 +8,8 @@ namespace tallyhut {
 namespace {
 
 constexpr std::string_view kWhere = "Put the audio wave files in this program's working directory: ";
-constexpr Tick kLate = 1'000;          // ms behind the end of a file
-constexpr Microtick kLookUs = 5'000;   // no processor is held in a wait
+constexpr Tick kLate = 1'000;         // ms behind the end of a file
+constexpr Microtick kLookUs = 5'000;  // no processor is held in a wait
 
 /// By the level.
 constexpr std::array kLevels{&BlindFrm::Option1, &BlindFrm::Option2, &BlindFrm::Option3};
@@ -19,7 +19,7 @@ constexpr std::array kLevels{&BlindFrm::Option1, &BlindFrm::Option2, &BlindFrm::
 void VoicePrompts::BlindKeyPhone(std::string_view name) {
     player.Close();
     try {
-        player.Open(pathOf(name));
+        player.Open(store.Path(name));
         player.Play();
     } catch (const PlatformError&) {
         // Without the recordings the program is quiet.
@@ -35,11 +35,11 @@ void VoicePrompts::AwaitEnd() {
 }
 
 void VoicePrompts::BlindFrm_Load() {
-    form.Label7.SetCaption(std::string{kWhere} + directories.WorkingDirectory);
+    form.Label7.SetCaption(std::string{kWhere} + store.directories.WorkingDirectory);
     if (preferences.gVoiceNav < kLevels.size()) {
-        loading_ = true;
+        loading = true;
         (form.*kLevels.at(preferences.gVoiceNav)).SetValue(true);
-        loading_ = false;
+        loading = false;
     }
 }
 
@@ -48,13 +48,13 @@ void VoicePrompts::BlindFrm_Unload() {
 }
 
 void VoicePrompts::Option1_Click() {
-    if (!loading_) {
+    if (!loading) {
         BlindKeyPhone("NavDis");
     }
 }
 
 void VoicePrompts::Option2_Click() {
-    if (!loading_) {
+    if (!loading) {
         BlindKeyPhone("NavEn");
         AwaitEnd();
         BlindKeyPhone("Call");
@@ -62,7 +62,7 @@ void VoicePrompts::Option2_Click() {
 }
 
 void VoicePrompts::Option3_Click() {
-    if (!loading_) {
+    if (!loading) {
         BlindKeyPhone("NavEn");
     }
 }

@@ -1,14 +1,28 @@
 #pragma once
 
 #include <functional>
+#include <string>
 #include <string_view>
 
 #include "forms/BlindFrm.h"
 #include "log/preferences_file.h"
 #include "platform/clock.h"
 #include "platform/sound.h"
+#include "support/prompt_file.h"
 
 namespace tallyhut {
+
+/// Where the recordings of prompts lie.
+struct PromptStore {
+    const Files& files;
+    const Directories& directories;
+    const std::string& dataFolder;
+
+    /// Throws PlatformError.
+    std::string Path(std::string_view prompt) const {
+        return PromptFile(files, directories, dataFolder, std::string{prompt});
+    }
+};
 
 /// What is spoken to an operator who does not see the screen, and the form that tells how much. A prompt that cannot be
 /// played is no failure.
@@ -16,14 +30,14 @@ struct VoicePrompts {
     BlindFrm& form;
     WavePlayer& player;
     Clock& clock;
-    const Directories& directories;
+    PromptStore store;
     PreferencesFile& preferencesFile;
     Preferences& preferences;
 
-    /// Where the recording of a prompt lies; where there is none, the path at which it would.
-    std::function<std::string(std::string_view name)> pathOf;
     /// Runs again and again while AwaitEnd waits, in which no timer runs.
     std::function<void()> whileWaiting = [] {};
+
+    bool loading = false;  ///< choosing an option says nothing then
 
     /// Plays a prompt in the place of the one that plays still, and returns at once.
     void BlindKeyPhone(std::string_view name);
@@ -37,9 +51,6 @@ struct VoicePrompts {
     void Option3_Click();
     /// Done.
     void Command1_Click();
-
-private:
-    bool loading_ = false;  ///< choosing an option says nothing then
 };
 
 }  // namespace tallyhut

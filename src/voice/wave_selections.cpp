@@ -12,7 +12,7 @@ namespace tallyhut {
 namespace {
 
 constexpr const char* kFileName = "wave2.txt";
-constexpr double kRepeatLimit = 60;            // seconds, of what is typed
+constexpr double kRepeatLimit = 60;           // seconds, of what is typed
 constexpr double kLongestRepeat = 2'000'000;  // of what stands in the file: as long as a timer counts
 constexpr double kMsASecond = 1000;
 
@@ -22,12 +22,18 @@ struct RecordField {
     bool isTrimmed = false;  ///< in the file
 };
 constexpr std::array kFields{
-    RecordField{&PhoneRecord::Text1, &PhoneFrm::Text1, true}, RecordField{&PhoneRecord::Text2, &PhoneFrm::Text2, true},
-    RecordField{&PhoneRecord::Text3, &PhoneFrm::Text3, true}, RecordField{&PhoneRecord::Text4, &PhoneFrm::Text4, true},
-    RecordField{&PhoneRecord::Text5, &PhoneFrm::Text5, true}, RecordField{&PhoneRecord::Text6, &PhoneFrm::Text6, true},
-    RecordField{&PhoneRecord::Text7, &PhoneFrm::Text7, true}, RecordField{&PhoneRecord::Text8, &PhoneFrm::Text8, true},
-    RecordField{&PhoneRecord::Text9, &PhoneFrm::Text9, true}, RecordField{&PhoneRecord::Text10, &PhoneFrm::Text10},
-    RecordField{&PhoneRecord::Text11, &PhoneFrm::Text11},     RecordField{&PhoneRecord::txtPHLoop, &PhoneFrm::txtPHLoop},
+    RecordField{&PhoneRecord::Text1, &PhoneFrm::Text1, true},
+    RecordField{&PhoneRecord::Text2, &PhoneFrm::Text2, true},
+    RecordField{&PhoneRecord::Text3, &PhoneFrm::Text3, true},
+    RecordField{&PhoneRecord::Text4, &PhoneFrm::Text4, true},
+    RecordField{&PhoneRecord::Text5, &PhoneFrm::Text5, true},
+    RecordField{&PhoneRecord::Text6, &PhoneFrm::Text6, true},
+    RecordField{&PhoneRecord::Text7, &PhoneFrm::Text7, true},
+    RecordField{&PhoneRecord::Text8, &PhoneFrm::Text8, true},
+    RecordField{&PhoneRecord::Text9, &PhoneFrm::Text9, true},
+    RecordField{&PhoneRecord::Text10, &PhoneFrm::Text10},
+    RecordField{&PhoneRecord::Text11, &PhoneFrm::Text11},
+    RecordField{&PhoneRecord::txtPHLoop, &PhoneFrm::txtPHLoop},
 };
 
 /// By the number in the file.
@@ -124,8 +130,8 @@ void WaveSelections::Text10_LostFocus() {
 }
 
 void WaveSelections::txtPHLoop_KeyPress(int& KeyAscii) {
-    const bool accepted = KeyAscii == kKeyBackspace || KeyAscii == kKeyEsc || KeyAscii == '.' ||
-                          (KeyAscii >= '0' && KeyAscii <= '9');
+    const bool accepted =
+        KeyAscii == kKeyBackspace || KeyAscii == kKeyEsc || KeyAscii == '.' || (KeyAscii >= '0' && KeyAscii <= '9');
     if (!accepted) {
         KeyAscii = 0;
     }

@@ -530,7 +530,7 @@ TEST_F(DuplicatesTest, NumberFieldAndCommitBlankTheList) {
     EXPECT_EQ(Main().lblDupe.State().backColor, kButtonFace);
 }
 
-TEST_F(DuplicatesTest, EscInAPhoneContestLeavesTheRedLine) {
+TEST_F(DuplicatesTest, EscInAPhoneContestEndsTheRedLineToo) {
     stored.gContestMode = 1;
     StartWith({Worked("W1XX")});
     program->time.gTimeOn = 1;

@@ -539,8 +539,7 @@ TEST_F(DuplicatesTest, EscInAPhoneContestEndsTheRedLineToo) {
     Focus(Main().txtSec);
     ASSERT_EQ(program->duplicates.gIsDupe, 1);
     Press("Esc");
-    EXPECT_EQ(DialogGround(), 0x0000FF);
-    EXPECT_EQ(program->duplicates.gIsDupe, 1);
+    EXPECT_EQ(DialogGround(), kDialogNormal);
 }
 
 TEST_F(DuplicatesTest, AKeyThatThePrecedenceHandsToTheCallIsHeldToo) {

@@ -61,8 +61,8 @@ TEST_F(VoicePromptsTest, QuickKeysCutOffAllPromptsButTheLast) {
     StartSpeaking(2);
     Focus(Main().txtNum);
     Focus(Main().txtPre);
-    EXPECT_EQ(Taken(), (Lines{"BlindFrm open Number.wav", "BlindFrm play Number.wav", "BlindFrm close Number.wav",
-                              "BlindFrm open Prec.wav", "BlindFrm play Prec.wav"}));
+    EXPECT_EQ(Taken(), (Lines{"BlindFrm close Call.wav", "BlindFrm open Number.wav", "BlindFrm play Number.wav",
+                              "BlindFrm close Number.wav", "BlindFrm open Prec.wav", "BlindFrm play Prec.wav"}));
 }
 
 TEST_F(VoicePromptsTest, PromptHoldsNobodyUp) {

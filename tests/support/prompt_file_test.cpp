@@ -9,7 +9,7 @@ namespace {
 
 struct PromptFileTest : testing::Test {
     sim::Files files{"/contest"};
-    Directories directories{.WorkingDirectory = "/contest"};
+    const Directories directories{.WorkingDirectory = "/contest", .DataDirectory = "", .SharedDirectory = ""};
 
     std::string Of(const std::string& prompt) { return PromptFile(files, directories, "/data", prompt); }
 };

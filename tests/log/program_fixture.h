@@ -66,7 +66,7 @@ inline std::string LogText(const std::vector<Contact>& contacts) {
 
 /// The whole program on a simulated machine, in a folder that has settings. Keys go the way of the operator's keys.
 struct ProgramFixture : testing::Test, sim::Machine {
-    ProgramFixture() : sim::Machine{{2026, 11, 7, 21, 4, 33}} { files.Put(kWavesPath, kNoWaves); }
+    ProgramFixture() : sim::Machine{{2026, 11, 7, 21, 4, 33}} {}
 
     Preferences stored;  ///< what nspref.txt holds at the start
     std::unique_ptr<ProgramUnits> program;
@@ -79,6 +79,9 @@ struct ProgramFixture : testing::Test, sim::Machine {
         files.Put(kPreferencesPath, WritePreferences(stored));
         if (!files.contents.contains(kLogPath) && !files.FolderExists(kLogPath)) {
             files.Put(kLogPath, "");
+        }
+        if (!files.contents.contains(kWavesPath)) {
+            files.Put(kWavesPath, kNoWaves);
         }
         StartContinuing();
     }

@@ -1,20 +1,24 @@
 #include "tests/platform/sound_disk.h"
 
 #include <fcntl.h>
-#include <gtest/gtest.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
 #include <array>
+#include <cerrno>
 #include <csignal>
 #include <cstdlib>
+#include <system_error>
 
 namespace tallyhut {
 
 SoundDisk::SoundDisk(Pace pace) {
     constexpr int kRoom = 1 << 20;
-    EXPECT_EQ(mkfifo(path.c_str(), 0600), 0);
+    const int made = mkfifo(path.c_str(), 0600);
     heard_ = Descriptor{open(path.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC)};
+    if (made != 0 || !heard_.IsOpen()) {
+        throw std::system_error(errno, std::generic_category(), path);
+    }
     fcntl(heard_.Number(), F_SETPIPE_SZ, kRoom);
     std::signal(SIGPIPE, SIG_IGN);
     setenv("SDL_AUDIODRIVER", "disk", 1);

@@ -9,7 +9,10 @@
 namespace tallyhut {
 namespace {
 
-constexpr int kExchangesASecond = 50;
+/// Short, so that a sound is heard and ends at once: closing a device takes three such times. Shorter ones would run dry
+/// on a busy machine.
+constexpr int kExchangeMs = 16;
+constexpr int kMillisecondsASecond = 1'000;
 
 void SDLCALL Exchange(void* user, Uint8* samples, int bytes) {
     (*static_cast<SampleExchange*>(user))(samples, static_cast<std::size_t>(bytes));
@@ -31,7 +34,7 @@ std::unique_ptr<SdlAudio::Device> SdlAudio::Open(bool isInput, const SampleForma
     wanted.freq = format.rate;
     wanted.format = format.coding;
     wanted.channels = static_cast<Uint8>(format.channels);
-    wanted.samples = static_cast<Uint16>(format.rate / kExchangesASecond);
+    wanted.samples = static_cast<Uint16>(format.rate * kExchangeMs / kMillisecondsASecond);
     wanted.callback = Exchange;
     wanted.userdata = kept.get();
     SDL_AudioDeviceID number = 0;

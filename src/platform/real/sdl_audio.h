@@ -34,7 +34,7 @@ public:
         std::unique_ptr<SampleExchange> exchange_;
     };
 
-    /// The default device, asked for 20 ms at a time; a connection stands, and goes on standing until it is closed.
+    /// The default device, asked for 16 ms at a time; a connection stands, and goes on standing until it is closed.
     /// Throws PlatformError with the reason where there is none.
     std::unique_ptr<Device> Open(bool isInput, const SampleFormat& format, SampleExchange exchange);
 

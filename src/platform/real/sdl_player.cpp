@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <condition_variable>
-#include <cstring>
 #include <mutex>
 #include <system_error>
 #include <thread>
@@ -29,6 +28,8 @@ constexpr auto kLook = 50ms;
 constexpr auto kForTheNext = 20ms;
 /// How long the connection to the sound server stays up without a device.
 constexpr auto kRest = 10s;
+
+constexpr Uint8 kUnsignedSilence = 0x80;
 
 /// One playing of a file, from its Play to its end.
 struct Take {
@@ -91,8 +92,8 @@ void SdlPlayer::Playback::Give(const SampleFormat& format, Uint8* samples, std::
             // the medium with the file is gone: what is played ends here
         }
     }
-    std::memcpy(samples, part.data(), part.size());
-    std::memset(samples + part.size(), format.coding == AUDIO_U8 ? 0x80 : 0, bytes - part.size());
+    Uint8* const rest = std::ranges::copy(part, samples).out;
+    std::fill(rest, samples + bytes, format.coding == AUDIO_U8 ? kUnsignedSilence : Uint8{0});
     if (playing == nullptr) {
         return;
     }

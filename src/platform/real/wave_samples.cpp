@@ -4,6 +4,7 @@
 #include <SDL_error.h>
 #include <SDL_rwops.h>
 
+#include <algorithm>
 #include <utility>
 
 #include "platform/path_error.h"

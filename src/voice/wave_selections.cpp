@@ -130,8 +130,8 @@ void WaveSelections::Text10_LostFocus() {
 }
 
 void WaveSelections::txtPHLoop_KeyPress(int& KeyAscii) {
-    const bool accepted =
-        KeyAscii == kKeyBackspace || KeyAscii == kKeyEsc || KeyAscii == '.' || (KeyAscii >= '0' && KeyAscii <= '9');
+    const bool accepted = KeyAscii == kKeyBackspace || KeyAscii == kKeyEnter || KeyAscii == kKeyEsc ||
+                          KeyAscii == '.' || (KeyAscii >= '0' && KeyAscii <= '9');
     if (!accepted) {
         KeyAscii = 0;
     }

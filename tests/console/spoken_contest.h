@@ -82,6 +82,8 @@ inline const std::vector<SpokenStep> kSpokenContest{
     {"key Enter", {"Call"}},
     // Esc empties the row.
     {"type \"n4\""},
+    {"key Esc"},
+    {"key Tab", {"Number"}},
     {"key Esc", {"Call"}},
 };
 

@@ -9,8 +9,8 @@
 namespace tallyhut {
 namespace {
 
-/// Short, so that a sound is heard and ends at once: closing a device takes three such times. Shorter ones would run dry
-/// on a busy machine.
+/// Short, so that a sound is heard and ends at once: closing a device takes three such times. Shorter ones would run
+/// dry on a busy machine.
 constexpr int kExchangeMs = 16;
 constexpr int kMillisecondsASecond = 1'000;
 
@@ -54,13 +54,16 @@ SdlAudio::Connection::Connection(SdlAudio& audio) : audio_{audio} {
     SDL_SetHint(SDL_HINT_NO_SIGNAL_HANDLERS, "1");                // the signals to terminate are the program's own
     SDL_SetHint(SDL_HINT_AUDIO_DEVICE_APP_NAME, "Tallyhut Log");  // in the desktop's mixer
     if (SDL_InitSubSystem(SDL_INIT_AUDIO) != 0) {
-        throw PlatformError{SDL_GetError()};
+        const PlatformError failure{SDL_GetError()};
+        SDL_TLSCleanup();
+        throw failure;
     }
 }
 
 SdlAudio::Connection::~Connection() {
     const std::lock_guard alone{audio_.oneCall_};
     SDL_QuitSubSystem(SDL_INIT_AUDIO);
+    SDL_TLSCleanup();  // what SDL keeps for a thread that is none of its own
 }
 
 }  // namespace tallyhut

@@ -5,6 +5,7 @@
 #include <functional>
 #include <memory>
 #include <mutex>
+#include <utility>
 
 #include "platform/real/wave_samples.h"
 
@@ -38,8 +39,8 @@ public:
     /// Throws PlatformError with the reason where there is none.
     std::unique_ptr<Device> Open(bool isInput, const SampleFormat& format, SampleExchange exchange);
 
-    /// While any exists the connection to the sound server stands. Throws PlatformError with the reason where there is
-    /// none to be had.
+    /// While any exists the connection to the sound server stands. One at a time in each thread. Throws PlatformError
+    /// with the reason where there is none to be had.
     class Connection {
     public:
         explicit Connection(SdlAudio& audio);

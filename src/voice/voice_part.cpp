@@ -54,6 +54,8 @@ void VoicePart::Bind(LogPart& log) {
 void VoicePart::BindMessages() {
     for (const PhoneKey& key : kPhoneKeys) {
         (form.*key.browse).Click = [this, &key] { selections.Browse_Click(key); };
+        TextBox& file = form.*key.file;
+        file.Change = [&file] { file.SetToolTip(file.Text()); };  // a path is longer than its field
     }
     form.Timer1.Elapsed = [this] { messages.Timer1_Elapsed(); };
     form.tmrRepeat.Elapsed = [this] { messages.tmrRepeat_Elapsed(); };

@@ -188,6 +188,8 @@ TEST_F(WaveSelectionsTest, BrowsePutsTheFileIntoItsField) {
         EXPECT_EQ((Phone().*key.file).Text(), "/w/F" + std::to_string(key.code) + ".wav");
         EXPECT_EQ(dialogs.boxes, (Lines{"open \"\" \"(*.wav)|*.wav\" \"/contest\" \"\""}));
         EXPECT_EQ(Phone().Focus(), &Phone().Command1);
+        EXPECT_EQ((Phone().*key.file).State().toolTip, (Phone().*key.file).Text())
+            << "its field may be too short for it";
     }
 }
 

@@ -36,7 +36,7 @@ const LevelRow& RowOf(double level) {
 /// A stroke each twentieth.
 std::string MeterOf(double level) {
     const auto strokes = static_cast<std::size_t>(std::clamp(std::ceil(level * kMeterLength), 0.0, 1.0 * kMeterLength));
-    return std::string(strokes, '|') + std::string(kMeterLength - strokes, '.');
+    return std::string(strokes, '|') + std::string(kMeterLength - strokes, '-');
 }
 
 std::string SecondsText(std::chrono::milliseconds length) {

@@ -77,9 +77,9 @@ TEST_F(PhoneRecordingTest, MeterFollowsTheLevel) {
     };
     Open();
     Record(100);
-    for (const auto& [level, meter, words] : {Case{0, "....................", "silent"},
-                                              {0.04, "|...................", "low"},
-                                              {0.5, "||||||||||..........", "good"},
+    for (const auto& [level, meter, words] : {Case{0, "--------------------", "silent"},
+                                              {0.04, "|-------------------", "low"},
+                                              {0.5, "||||||||||----------", "good"},
                                               {0.97, "||||||||||||||||||||", "good"},
                                               {1, "||||||||||||||||||||", "too loud"}}) {
         sound.inputLevel = level;

@@ -18,10 +18,12 @@ using Moment = SteadyClock::time_point;
 
 /// From the device's taking the last samples to the end of what is heard: they stand behind two of its buffers.
 constexpr auto kTail = 50ms;
-/// A device that asks for no samples for so long will not ask any more.
-constexpr auto kPatience = 1s;
-/// No playing is longer than its file and this.
+/// A device that asks for no samples for so long hangs. One that was asleep may take a second or two to wake.
+constexpr auto kPatience = 5s;
+/// The mode says of no playing that it is longer than its file and this.
 constexpr auto kLeeway = 1s;
+/// How long the player's end waits for the sound system.
+constexpr auto kFarewell = 1s;
 /// How often an unplugged device is looked for while it plays.
 constexpr auto kLook = 50ms;
 /// How long the device stays open behind the end for another file, which mostly begins in the same breath or not soon.
@@ -43,9 +45,8 @@ struct Take {
     std::optional<Moment> spent = {};  // when the device had all
 };
 
-bool IsHeard(const Take& take, Moment now) {
-    const bool goesOn = take.spent ? now < *take.spent + kTail : now < take.lastAsked + kPatience;
-    return goesOn && now < take.begun + take.samples->length + kLeeway;
+bool GoesOn(const Take& take, Moment now) {
+    return take.spent ? now < *take.spent + kTail : now < take.lastAsked + kPatience;
 }
 
 }  // namespace
@@ -77,9 +78,10 @@ void SdlPlayer::Playback::Give(const SampleFormat& format, Uint8* samples, std::
     std::shared_ptr<Take> playing;
     {
         const std::lock_guard guard{lock};
-        if (take != nullptr && !take->spent && take->samples->format == format) {
+        const Moment now = SteadyClock::now();
+        if (take != nullptr && !take->spent && take->samples->format == format && GoesOn(*take, now)) {
             playing = take;
-            playing->lastAsked = SteadyClock::now();
+            playing->lastAsked = now;
         }
     }
     std::string part;
@@ -162,7 +164,7 @@ void SdlPlayer::Playback::Drop(const std::shared_ptr<Take>& over) {
 
 /// Waits until the take has been heard, another is wanted, or the device is gone.
 void SdlPlayer::Playback::AwaitEnd(const std::shared_ptr<Take>& playing, const SdlAudio::Device& device, Guard& guard) {
-    while (take == playing && !isEnding && device.IsThere() && IsHeard(*playing, SteadyClock::now())) {
+    while (take == playing && !isEnding && device.IsThere() && GoesOn(*playing, SteadyClock::now())) {
         const Moment look = SteadyClock::now() + kLook;
         changed.wait_until(guard, playing->spent ? std::min(look, *playing->spent + kTail) : look);
     }
@@ -177,7 +179,7 @@ SdlPlayer::~SdlPlayer() {
     playback_->isEnding = true;
     playback_->changed.notify_all();
     if (playback_->hasThread) {
-        playback_->changed.wait_for(guard, kPatience, [this] { return playback_->hasEnded; });
+        playback_->changed.wait_for(guard, kFarewell, [this] { return playback_->hasEnded; });
     }
 }
 
@@ -220,10 +222,9 @@ void SdlPlayer::Close() {
 
 int SdlPlayer::Mode() const {
     const std::lock_guard guard{playback_->lock};
-    if (playback_->take != nullptr && !IsHeard(*playback_->take, SteadyClock::now())) {
-        playback_->take.reset();  // for good, even if the sound system comes to itself
-    }
-    return playback_->take != nullptr ? kPlaying : 0;
+    const std::shared_ptr<Take>& take = playback_->take;
+    const Moment now = SteadyClock::now();
+    return take != nullptr && GoesOn(*take, now) && now < take->begun + take->samples->length + kLeeway ? kPlaying : 0;
 }
 
 std::chrono::milliseconds SdlPlayer::Length() const {

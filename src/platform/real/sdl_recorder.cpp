@@ -18,8 +18,10 @@ namespace {
 using namespace std::chrono_literals;
 using SteadyClock = std::chrono::steady_clock;
 
-/// An input that has brought nothing for so long, or is not open by then, hangs.
+/// How long the program waits for an input to be opened and to be closed.
 constexpr auto kPatience = 1s;
+/// An input that has brought nothing for so long hangs. One that was asleep may take a second or two to wake.
+constexpr auto kLongestPause = 5s;
 /// How often an unplugged input is looked for.
 constexpr auto kLook = 100ms;
 
@@ -151,7 +153,7 @@ bool SdlRecorder::IsRecording() const {
         return false;
     }
     const std::lock_guard guard{recording_->lock};
-    return recording_->TakesMore() && SteadyClock::now() < recording_->lastBrought + kPatience;
+    return recording_->TakesMore() && SteadyClock::now() < recording_->lastBrought + kLongestPause;
 }
 
 double SdlRecorder::Level() {

@@ -50,7 +50,7 @@ void PhoneMessages::FKeyPhone(int KeyCode) {
     line.Release();
 }
 
-/// As it stands; where nothing stands there, as another alphabet would have written what was typed.
+/// Paths are bytes, and umlauts of a name are mostly two of them; what is typed is one byte a character.
 std::string PhoneMessages::PathOf(const PhoneKey& key) const {
     const std::string typed = Trim((form.*key.file).Text());
     const std::string path = WholePath(directories, typed);

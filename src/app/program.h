@@ -13,6 +13,7 @@
 #include "reports/reports_part.h"
 #include "rig/rig_part.h"
 #include "spots/spots_part.h"
+#include "voice/voice_part.h"
 
 namespace tallyhut {
 
@@ -32,6 +33,7 @@ struct Program {
     ReportsPart reportsPart;
     RigPart rigPart;
     KeyingPart keyingPart;
+    VoicePart voicePart;
     SpotsPart spotsPart;
 
     MainFormLayout layout;
@@ -53,6 +55,9 @@ struct Program {
 private:
     void Connect();
     void ConnectKeying();
+    void ConnectVoice();
+    std::optional<LentPort> RadioPort(int number) const;
+    void FreePort(KeyLine& line, int number) const;
     void ScaleAtLoad(Form& form);
     void ClaimFolder();
     void HoldFolder();

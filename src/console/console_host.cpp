@@ -14,6 +14,7 @@
 #include "platform/sim/parallel_port.h"
 #include "platform/sim/screen.h"
 #include "platform/sim/sound.h"
+#include "values/text.h"
 
 namespace tallyhut {
 namespace {

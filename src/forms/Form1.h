@@ -114,7 +114,9 @@ struct Form1 : Form {
     MenuEntry mnuSetup;
     MenuEntry mnuRig;
     MenuEntry mnuCW;
+    MenuEntry mnuPhone;
     MenuEntry mnuPacket;
+    MenuEntry mnuBlind;
     MenuEntry mnuPorts;
     MenuEntry mnuBand;
     MenuEntry mnu160;

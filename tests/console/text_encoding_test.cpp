@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include "values/text.h"
+
 namespace tallyhut {
 namespace {
 

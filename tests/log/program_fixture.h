@@ -17,6 +17,11 @@ namespace tallyhut {
 inline constexpr const char* kFolder = "/contest";
 inline constexpr const char* kLogPath = "/contest/Log.txt";
 inline constexpr const char* kPreferencesPath = "/contest/nspref.txt";
+inline constexpr const char* kWavesPath = "/contest/wave2.txt";
+
+/// A file of no messages, as a fresh installation gets it.
+inline constexpr const char* kNoWaves =
+    "\"\"\r\n\"\"\r\n\"\"\r\n\"\"\r\n\"\"\r\n\"\"\r\n\"\"\r\n\"\"\r\n\"\"\r\n\"0\"\r\n0\r\n\"0\"\r\n\"&H378\"\r\n";
 
 /// What the operator is told about a log that cannot be read, as the simulated dialogs write it down.
 inline constexpr const char* kFileErrorLine =
@@ -74,6 +79,9 @@ struct ProgramFixture : testing::Test, sim::Machine {
         files.Put(kPreferencesPath, WritePreferences(stored));
         if (!files.contents.contains(kLogPath) && !files.FolderExists(kLogPath)) {
             files.Put(kLogPath, "");
+        }
+        if (!files.contents.contains(kWavesPath)) {
+            files.Put(kWavesPath, kNoWaves);
         }
         StartContinuing();
     }

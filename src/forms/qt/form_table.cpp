@@ -13,11 +13,13 @@ struct NamedTable {
 };
 
 constexpr std::array kTables{
+    NamedTable{"BlindFrm", kBlindFrmTable},
     NamedTable{"CWFrm", kCWFrmTable},
     NamedTable{"Form2", kForm2Table},
     NamedTable{"Form5", kForm5Table},
     NamedTable{"Form6", kForm6Table},
     NamedTable{"PacketSpotfrm", kPacketSpotfrmTable},
+    NamedTable{"PhoneFrm", kPhoneFrmTable},
     NamedTable{"RigControlfrm", kRigControlfrmTable},
     NamedTable{"frmCWStrings", kFrmCWStringsTable},
     NamedTable{"frmCodePractice", kFrmCodePracticeTable},

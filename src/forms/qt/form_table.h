@@ -94,6 +94,7 @@ std::vector<ToldControl> ControlsIn(std::string_view controls);
 FormTable TableOf(std::string_view formName);
 
 // One unit a form, named as the form is.
+extern const FormTable kBlindFrmTable;
 extern const FormTable kCWFrmTable;
 extern const FormTable kForm2Table;
 extern const FormTable kForm5Table;
@@ -107,6 +108,7 @@ extern const FormTable kFrmRigTuneTable;
 extern const FormTable kFrmStationIDTable;
 extern const FormTable kFrmWinKeyTable;
 extern const FormTable kPacketSpotfrmTable;
+extern const FormTable kPhoneFrmTable;
 extern const FormTable kRigControlfrmTable;
 
 }  // namespace tallyhut

@@ -39,6 +39,13 @@ constexpr double kMostLineGap = 0.7;  ///< lines move apart by this where there 
 
 using Kind = TableRow::Kind;
 
+/// Whether another button of the form says the same.
+bool HasTwin(const Control& control) {
+    return std::ranges::any_of(control.form.Controls(), [&control](const Control* other) {
+        return other != &control && other->kind == control.kind && other->State().text == control.State().text;
+    });
+}
+
 bool IsFrame(const ControlWidget* widget) {
     return widget != nullptr && widget->Logical().kind == ControlKind::Frame;
 }
@@ -342,10 +349,10 @@ void TableLayout::TellLook(const Piece& piece, const PlacedLine& line) {
         look.spokenName = CaptionText(control.Frame()->State().text);
     } else if (IsPressed(control)) {
         const Control* frame = control.Frame();
-        const bool inGrid = line.row.kind == Kind::Grid && line.caption != nullptr && !IsFrame(line.caption);
+        const bool isHeaded = line.caption != nullptr && !IsFrame(line.caption);
         if (frame != nullptr) {
             look.spokenName = CaptionText(frame->State().text);
-        } else if (inGrid) {
+        } else if (isHeaded && (line.row.kind == Kind::Grid || HasTwin(control))) {
             look.spokenName = CaptionText(line.caption->Logical().State().text);
         }
     }

@@ -96,7 +96,8 @@ struct SpottingProcess {
 
 /// Posts of calls that are in no log, each a write of its own, every third with a section.
 void SendPosts(const LoopbackServer& server, int aSecond, std::chrono::seconds time) {
-    constexpr int kTicksASecond = 100;
+    constexpr auto kTick = 10ms;
+    constexpr int kTicksASecond = 1s / kTick;
     const ClusterNode node;
     const auto count = static_cast<int>(aSecond * time.count());
     steady_clock::time_point next = steady_clock::now();
@@ -104,7 +105,7 @@ void SendPosts(const LoopbackServer& server, int aSecond, std::chrono::seconds t
         const std::string section = n % 3 == 0 ? std::string{SectionTable::SectionCode(n % 83 + 1)} : "";
         server.Write(node.Posted("K3LR", 14'000 + n * 7 % 350, "W9" + CallOf(n).substr(2), section));
         if (n % (aSecond / kTicksASecond) == 0) {
-            std::this_thread::sleep_until(next += 1s / kTicksASecond);
+            std::this_thread::sleep_until(next += kTick);
         }
     }
 }

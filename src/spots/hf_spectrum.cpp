@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <array>
-#include <ranges>
 
 #include "spots/band_map.h"
 #include "spots/spot_labels.h"
@@ -53,9 +52,11 @@ void HfSpectrum::Draw() {
     }
     std::array<bool, SpotTable::kRows> isShown{};
     std::vector<std::string_view> calls;
-    for (const auto& [at, row] : std::views::join(marks)) {
-        isShown.at(static_cast<std::size_t>(row)) = true;
-        calls.emplace_back(table.Row(row).SpotCall);
+    for (const std::vector<Mark>& ofBand : marks) {
+        for (const Mark& mark : ofBand) {
+            isShown.at(static_cast<std::size_t>(mark.row)) = true;
+            calls.emplace_back(table.Row(mark.row).SpotCall);
+        }
     }
     for (int i = form.lblDXSpot.First(); i <= form.lblDXSpot.Last(); ++i) {
         if (!isShown.at(static_cast<std::size_t>(i))) {

@@ -27,6 +27,7 @@ struct InPlaceOfTwins {
     tallyhut::Clipboard* clipboard = nullptr;
     tallyhut::Screen* screen = nullptr;
     tallyhut::SerialPorts* serialPorts = nullptr;
+    tallyhut::TcpSockets* tcpSockets = nullptr;
 };
 
 /// Every device's twin.
@@ -61,7 +62,7 @@ struct Machine {
                 .environment = environment,
                 .serialPorts = Chosen(real.serialPorts, serialPorts),
                 .parallelPorts = parallelPorts,
-                .tcpSockets = tcpSockets,
+                .tcpSockets = Chosen(real.tcpSockets, tcpSockets),
                 .sound = sound,
                 .dataFolder = dataFolder};
     }

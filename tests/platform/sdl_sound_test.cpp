@@ -77,7 +77,6 @@ struct SdlPlayerTest : SdlSoundTest {
     void PlayToTheEnd(const std::string& path) {
         player->Open(path);
         player->Play();
-        EXPECT_EQ(player->Mode(), kPlaying);
         EXPECT_TRUE(Comes([&] {
             Listen();
             return player->Mode() != kPlaying;
@@ -272,7 +271,7 @@ TEST_F(SdlPlayerTest, DamagedPackedFileIsTold) {
 }
 
 TEST_F(SdlPlayerTest, TwoPlayersAreHeardAtOnce) {
-    const std::string messages = Pattern(200'000, 1);
+    const std::string messages = Pattern(600'000, 1);
     const std::string prompts = Pattern(60'000, 2);
     player->Open(Put("cq.wav", WaveBytes({}, messages)));
     player->Play();
@@ -303,7 +302,6 @@ TEST_F(SdlPlayerTest, ThousandPlaysEndInTheLastOne) {
     for (int press = 0; press < 1'000; ++press) {
         player->Open(press % 2 == 0 ? first : folder.At("qrz.wav"));
         player->Play();
-        ASSERT_EQ(player->Mode(), kPlaying);
         Listen();
     }
     EXPECT_TRUE(Comes([&] {

@@ -2,6 +2,7 @@
 
 #include <SDL.h>
 
+#include <string>
 #include <utility>
 
 #include "platform/platform_error.h"
@@ -54,9 +55,9 @@ SdlAudio::Connection::Connection(SdlAudio& audio) : audio_{audio} {
     SDL_SetHint(SDL_HINT_NO_SIGNAL_HANDLERS, "1");                // the signals to terminate are the program's own
     SDL_SetHint(SDL_HINT_AUDIO_DEVICE_APP_NAME, "Tallyhut Log");  // in the desktop's mixer
     if (SDL_InitSubSystem(SDL_INIT_AUDIO) != 0) {
-        const PlatformError failure{SDL_GetError()};
+        const std::string reason = SDL_GetError();
         SDL_TLSCleanup();
-        throw failure;
+        throw PlatformError{reason};
     }
 }
 

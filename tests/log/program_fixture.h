@@ -100,7 +100,8 @@ struct ProgramFixture : testing::Test, sim::Machine {
     void MakeProgram() {
         program.reset();  // it lets go of the folder
         files.AddFolder(environment.documentsFolder);
-        for (const char* name : {"wave2.txt", "BandPlan.txt", "readns.txt"}) {
+        files.Put("/data/wave2.txt", kNoWaves);
+        for (const char* name : {"BandPlan.txt", "readns.txt"}) {
             files.Put(std::string{"/data/"} + name, "");
         }
         program = std::make_unique<ProgramUnits>(Lend(), kFolder);

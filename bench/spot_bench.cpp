@@ -59,6 +59,16 @@ void PostToTableMapsAndMarks(benchmark::State& state) {
 }
 BENCHMARK(PostToTableMapsAndMarks)->ArgName("contacts")->Arg(0)->Arg(kFull)->Unit(benchmark::kMicrosecond);
 
+/// The first post behind a logged contact: all calls of the map are asked about anew.
+void PostBehindAContact(benchmark::State& state) {
+    Spotting spotting{kFull};
+    for (auto _ : state) {
+        spotting.program.log.Row(1).Call = "W1AW";
+        spotting.Post();
+    }
+}
+BENCHMARK(PostBehindAContact)->Unit(benchmark::kMicrosecond);
+
 void MarksOfNeededSections(benchmark::State& state) {
     Spotting spotting{0};
     for (auto _ : state) {

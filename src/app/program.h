@@ -13,6 +13,7 @@
 #include "reports/reports_part.h"
 #include "rig/rig_part.h"
 #include "spots/spots_part.h"
+#include "views/views_part.h"
 
 namespace tallyhut {
 
@@ -33,6 +34,7 @@ struct Program {
     RigPart rigPart;
     KeyingPart keyingPart;
     SpotsPart spotsPart;
+    ViewsPart viewsPart;
 
     MainFormLayout layout;
     LookMenu look;

@@ -27,6 +27,7 @@ constexpr std::array kTables{
     NamedTable{"frmRigTune", kFrmRigTuneTable},
     NamedTable{"frmStationID", kFrmStationIDTable},
     NamedTable{"frmWinKey", kFrmWinKeyTable},
+    NamedTable{"frmbndstats", kFrmBndStatsTable},
 };
 
 int Number(std::string_view digits) {

@@ -97,6 +97,7 @@ extern const FormTable kCWFrmTable;
 extern const FormTable kForm2Table;
 extern const FormTable kForm5Table;
 extern const FormTable kForm6Table;
+extern const FormTable kFrmBndStatsTable;
 extern const FormTable kFrmCWStringsTable;
 extern const FormTable kFrmCodePracticeTable;
 extern const FormTable kFrmEditConTable;

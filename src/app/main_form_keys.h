@@ -4,6 +4,7 @@
 #include "log/log_part.h"
 #include "rig/rig_part.h"
 #include "spots/spots_part.h"
+#include "views/views_part.h"
 
 namespace tallyhut {
 
@@ -13,6 +14,7 @@ struct MainFormKeys {
     RigPart& rig;
     KeyingPart& keying;
     SpotsPart& spots;
+    ViewsPart& views;
 
     bool gCtrlKeyTaken = false;  ///< the press that goes with this key is swallowed
 

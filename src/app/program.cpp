@@ -15,10 +15,10 @@ constexpr const char* kProgramTitle = "Tallyhut Log";
 constexpr const char* kTimeNotSaved = "Not all of the operating time could be saved. ";
 
 /// In which order the forms are listed, and unloaded at the end.
-constexpr std::array<std::string_view, 16> kFormOrder{
+constexpr std::array<std::string_view, 17> kFormOrder{
     "Form1",    "frmSplash",    "frmQ7ZZQLogo",  "frmEditCon",    "frmStationID", "Form2",
     "frmPorts", "Form5",        "Form6",         "RigControlfrm", "frmRigTune",   "frmFrequencyTest",
-    "CWFrm",    "frmCWStrings", "PacketSpotfrm", "frmbndstats",
+    "CWFrm",    "frmCWStrings", "PacketSpotfrm", "frmBandPlan",   "frmbndstats",
 };
 
 std::string AlreadyRunning(const std::string& folder) {
@@ -38,11 +38,11 @@ Program::Program(const Machine& lent, const std::string& workingDirectory)
       rigPart{machine, desk, supportPart, logPart},
       keyingPart{machine, desk, supportPart, logPart},
       spotsPart{machine, desk, supportPart, logPart, rigPart},
-      viewsPart{machine, desk, logPart},
+      viewsPart{machine, desk, supportPart, logPart, rigPart},
       layout{logPart.form1, lent.screen, logPart.contest.preferences, logPart.preferencesFile},
       look{logPart.form1, lent.settings},
       folderChoice{lent.files, lent.dialogs, lent.settings, lent.environment},
-      keys{logPart, rigPart, keyingPart, spotsPart},
+      keys{logPart, rigPart, keyingPart, spotsPart, viewsPart},
       startUp{machine, supportPart, logPart, layout} {
     desk.ArrangeForms(kFormOrder);
     Connect();

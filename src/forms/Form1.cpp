@@ -253,6 +253,7 @@ Form1::Form1(Desk& owner)
       mnuLookLight{mnuLook, "mnuLookLight", "&Light"},
       mnuLookDark{mnuLook, "mnuLookDark", "D&ark"},
       mnuView{*this, "mnuView", "&View"},
+      mnuPrivileges{mnuView, "mnuPrivileges", "&Frequency Privileges", "Ctrl+F"},
       mnuBandStats{mnuView, "mnuBandStats", "&Band Statistics"},
       mnuCWStrings{mnuView, "mnuCWStrings", "&CW Strings", "Ctrl+W"},
       mnuRigTune{mnuView, "mnuRigTune", "Change F&requency", "Ctrl+G"},

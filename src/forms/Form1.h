@@ -138,6 +138,7 @@ struct Form1 : Form {
     MenuEntry mnuLookLight;
     MenuEntry mnuLookDark;
     MenuEntry mnuView;
+    MenuEntry mnuPrivileges;
     MenuEntry mnuBandStats;
     MenuEntry mnuCWStrings;
     MenuEntry mnuRigTune;

@@ -19,6 +19,7 @@ constexpr std::array kTables{
     NamedTable{"Form6", kForm6Table},
     NamedTable{"PacketSpotfrm", kPacketSpotfrmTable},
     NamedTable{"RigControlfrm", kRigControlfrmTable},
+    NamedTable{"frmBandPlan", kFrmBandPlanTable},
     NamedTable{"frmCWStrings", kFrmCWStringsTable},
     NamedTable{"frmCodePractice", kFrmCodePracticeTable},
     NamedTable{"frmEditCon", kFrmEditConTable},

@@ -36,6 +36,7 @@ private:
         ControlWidget* widget = nullptr;
         int characters = 0;  ///< 0: what the caption needs
         bool fills = false;
+        SheetText text = SheetText::Centred;  ///< on a sheet
     };
     struct PlacedLine {
         TableRow row;
@@ -65,6 +66,7 @@ private:
 
     void TellLooks();
     void TellLook(const Piece& piece, const PlacedLine& line);
+    void TellSheetLook(const Piece& piece, const PlacedLine& line);
     void TellTitles();
 
     int Unit() const;
@@ -74,6 +76,10 @@ private:
     int CellWidth(const PlacedLine& line) const;
     int CaptionWidth(const PlacedLine& line) const;
     int LineWidth(const PlacedLine& line, int captionWidth) const;
+    /// What all on a sheet takes of its form's design.
+    static QRectF SheetOnForm(const std::vector<Piece>& pieces);
+    /// The room that what lies on a sheet asks for.
+    QSize SheetNeed(const PlacedLine& line) const;
     int LineHeight(const PlacedLine& line, const PlacedColumn& column) const;
     int HeightOf(const PlacedPanel& panel, const PlacedColumn& column) const;
     int HeightOf(const PlacedColumn& column) const;
@@ -87,6 +93,7 @@ private:
     void PlaceLine(const PlacedLine& line, const QRect& room, const PlacedColumn& column);
     void PlacePieces(const PlacedLine& line, const QRect& room);
     void PlaceCells(const PlacedLine& line, const QRect& room);
+    static void PlaceSheet(const PlacedLine& line, const QRect& room);
     void PlaceBar(const QRect& room);
 
     Form& form_;

@@ -15,10 +15,10 @@ constexpr const char* kProgramTitle = "Tallyhut Log";
 constexpr const char* kTimeNotSaved = "Not all of the operating time could be saved. ";
 
 /// In which order the forms are listed, and unloaded at the end.
-constexpr std::array<std::string_view, 17> kFormOrder{
+constexpr std::array<std::string_view, 18> kFormOrder{
     "Form1",    "frmSplash",    "frmQ7ZZQLogo",  "frmEditCon",    "frmStationID", "Form2",
     "frmPorts", "Form5",        "Form6",         "RigControlfrm", "frmRigTune",   "frmFrequencyTest",
-    "CWFrm",    "frmCWStrings", "PacketSpotfrm", "frmBandPlan",   "frmbndstats",
+    "CWFrm",    "frmCWStrings", "PacketSpotfrm", "frmBandPlan",   "GraphQSO",     "frmbndstats",
 };
 
 std::string AlreadyRunning(const std::string& folder) {
@@ -56,6 +56,7 @@ Program::Program(const Machine& lent, const std::string& workingDirectory)
     rigPart.AddTo(told);
     keyingPart.AddTo(told);
     spotsPart.AddTo(told);
+    viewsPart.AddTo(told);
     told.Add("gCtrlKeyTaken", keys.gCtrlKeyTaken);
 }
 

@@ -254,6 +254,7 @@ Form1::Form1(Desk& owner)
       mnuLookDark{mnuLook, "mnuLookDark", "D&ark"},
       mnuView{*this, "mnuView", "&View"},
       mnuPrivileges{mnuView, "mnuPrivileges", "&Frequency Privileges", "Ctrl+F"},
+      mnuGraph{mnuView, "mnuGraph", "Activity &Graph"},
       mnuBandStats{mnuView, "mnuBandStats", "&Band Statistics"},
       mnuCWStrings{mnuView, "mnuCWStrings", "&CW Strings", "Ctrl+W"},
       mnuRigTune{mnuView, "mnuRigTune", "Change F&requency", "Ctrl+G"},

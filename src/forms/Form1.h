@@ -139,6 +139,7 @@ struct Form1 : Form {
     MenuEntry mnuLookDark;
     MenuEntry mnuView;
     MenuEntry mnuPrivileges;
+    MenuEntry mnuGraph;
     MenuEntry mnuBandStats;
     MenuEntry mnuCWStrings;
     MenuEntry mnuRigTune;

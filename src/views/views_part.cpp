@@ -4,16 +4,20 @@ namespace tallyhut {
 
 ViewsPart::ViewsPart(Machine& machine, Desk& desk, SupportPart& support, LogPart& log, RigPart& rig)
     : planForm{desk},
+      graphForm{desk},
       statsForm{desk},
       privileges{planForm, machine.files, support.directories, rig.rigLine},
+      graph{graphForm, log.contest.log, {machine.files, support.directories}},
       bandStats{statsForm, log.contest.log} {
     Bind(log.form1);
 }
 
 void ViewsPart::Bind(Form1& form1) {
     form1.mnuPrivileges.Click = [this] { planForm.Show(); };
+    form1.mnuGraph.Click = [this] { graph.Open(); };
     form1.mnuBandStats.Click = [this] { bandStats.Open(); };
     BindPlan();
+    BindGraph();
     BindStats();
 }
 
@@ -30,9 +34,36 @@ void ViewsPart::BindPlan() {
     planForm.Command7.Click = [this] { planForm.Unload(); };
 }
 
+void ViewsPart::BindGraph() {
+    graphForm.Form_Load = [this] { graph.GraphQSO_Load(); };
+    graphForm.Form_Unload = [this] { graph.GraphQSO_Unload(); };
+    graphForm.picGraph.MouseMove = [this] { graph.picGraph_MouseMove(); };
+    for (int i = graphForm.lblBnd.First(); i <= graphForm.lblBnd.Last(); ++i) {
+        graphForm.lblBnd(i).MouseMove = [this, i] { graph.lblBnd_MouseMove(i); };
+    }
+    graphForm.Command1.Click = [this] { graph.Command1_Click(); };
+    graphForm.cmdSave.Click = [this] { graph.cmdSave_Click(); };
+    graphForm.cmdDone.Click = [this] { graphForm.Unload(); };
+}
+
 void ViewsPart::BindStats() {
     statsForm.Form_Load = [this] { bandStats.frmbndstats_Load(); };
     statsForm.Command1.Click = [this] { bandStats.Command1_Click(); };
+}
+
+void ViewsPart::AddTo(ToldNames& told) const {
+    const auto add = [this, &told](const char* name, auto column) {
+        told.AddTable(name, [this, column](int position) {
+            const bool isOne = position >= 0 && position < static_cast<int>(RateCurve::kEntries);
+            return isOne ? std::optional{ToldNames::Told((graph.curve.*column).at(static_cast<std::size_t>(position)))}
+                         : std::nullopt;
+        });
+    };
+    add("RateRaw", &RateCurve::RateRaw);
+    add("RateSmooth", &RateCurve::RateSmooth);
+    add("RateColor", &RateCurve::RateColor);
+    told.Add("RateMin", graph.curve.RateMin);
+    told.Add("RateMax", graph.curve.RateMax);
 }
 
 }  // namespace tallyhut

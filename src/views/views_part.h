@@ -2,6 +2,7 @@
 
 #include "log/log_part.h"
 #include "rig/rig_part.h"
+#include "views/activity_graph.h"
 #include "views/band_stats.h"
 #include "views/privileges.h"
 
@@ -12,14 +13,19 @@ struct ViewsPart {
     ViewsPart(Machine& machine, Desk& desk, SupportPart& support, LogPart& log, RigPart& rig);
 
     frmBandPlan planForm;
+    GraphQSO graphForm;
     frmbndstats statsForm;
 
     Privileges privileges;
+    ActivityGraph graph;
     BandStats bandStats;
+
+    void AddTo(ToldNames& told) const;
 
 private:
     void Bind(Form1& form1);
     void BindPlan();
+    void BindGraph();
     void BindStats();
 };
 

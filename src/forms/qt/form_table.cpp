@@ -17,6 +17,7 @@ constexpr std::array kTables{
     NamedTable{"Form2", kForm2Table},
     NamedTable{"Form5", kForm5Table},
     NamedTable{"Form6", kForm6Table},
+    NamedTable{"GraphQSO", kGraphQSOTable},
     NamedTable{"PacketSpotfrm", kPacketSpotfrmTable},
     NamedTable{"RigControlfrm", kRigControlfrmTable},
     NamedTable{"frmBandPlan", kFrmBandPlanTable},

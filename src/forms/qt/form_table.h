@@ -125,6 +125,7 @@ extern const FormTable kFrmPortsTable;
 extern const FormTable kFrmRigTuneTable;
 extern const FormTable kFrmStationIDTable;
 extern const FormTable kFrmWinKeyTable;
+extern const FormTable kGraphQSOTable;
 extern const FormTable kPacketSpotfrmTable;
 extern const FormTable kRigControlfrmTable;
 

@@ -15,10 +15,10 @@ constexpr const char* kProgramTitle = "Tallyhut Log";
 constexpr const char* kTimeNotSaved = "Not all of the operating time could be saved. ";
 
 /// In which order the forms are listed, and unloaded at the end.
-constexpr std::array<std::string_view, 18> kFormOrder{
-    "Form1",    "frmSplash",    "frmQ7ZZQLogo",  "frmEditCon",    "frmStationID", "Form2",
-    "frmPorts", "Form5",        "Form6",         "RigControlfrm", "frmRigTune",   "frmFrequencyTest",
-    "CWFrm",    "frmCWStrings", "PacketSpotfrm", "frmBandPlan",   "GraphQSO",     "frmbndstats",
+constexpr std::array<std::string_view, 19> kFormOrder{
+    "Form1",         "frmSplash",  "frmQ7ZZQLogo",  "frmEditCon", "frmStationID",     "Form2", "frmPorts",
+    "Form5",         "Form6",      "RigControlfrm", "frmRigTune", "frmFrequencyTest", "CWFrm", "frmCWStrings",
+    "PacketSpotfrm", "SectionMap", "frmBandPlan",   "GraphQSO",   "frmbndstats",
 };
 
 std::string AlreadyRunning(const std::string& folder) {

@@ -253,6 +253,7 @@ Form1::Form1(Desk& owner)
       mnuLookLight{mnuLook, "mnuLookLight", "&Light"},
       mnuLookDark{mnuLook, "mnuLookDark", "D&ark"},
       mnuView{*this, "mnuView", "&View"},
+      mnuMap{mnuView, "mnuMap", "Section &Map"},
       mnuPrivileges{mnuView, "mnuPrivileges", "&Frequency Privileges", "Ctrl+F"},
       mnuGraph{mnuView, "mnuGraph", "Activity &Graph"},
       mnuBandStats{mnuView, "mnuBandStats", "&Band Statistics"},

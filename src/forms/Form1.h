@@ -138,6 +138,7 @@ struct Form1 : Form {
     MenuEntry mnuLookLight;
     MenuEntry mnuLookDark;
     MenuEntry mnuView;
+    MenuEntry mnuMap;
     MenuEntry mnuPrivileges;
     MenuEntry mnuGraph;
     MenuEntry mnuBandStats;

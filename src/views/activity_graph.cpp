@@ -203,6 +203,7 @@ void ActivityGraph::Command1_Click() {
 }
 
 void ActivityGraph::cmdSave_Click() {
+    form.LineHover.SetVisible(false);
     pictures.Save(form.picGraph, "Graph.png");
 }
 

@@ -3,9 +3,13 @@
 namespace tallyhut {
 
 ViewsPart::ViewsPart(Machine& machine, Desk& desk, SupportPart& support, LogPart& log, RigPart& rig)
-    : planForm{desk},
+    : mapForm{desk},
+      planForm{desk},
       graphForm{desk},
       statsForm{desk},
+      sectionMap{
+          mapForm,     log.form1, log.contest, machine.screen, {machine.files, support.directories}, machine.dataFolder,
+          machine.seed},
       privileges{planForm, machine.files, support.directories, rig.rigLine},
       graph{graphForm, log.contest.log, {machine.files, support.directories}},
       bandStats{statsForm, log.contest.log} {
@@ -13,12 +17,26 @@ ViewsPart::ViewsPart(Machine& machine, Desk& desk, SupportPart& support, LogPart
 }
 
 void ViewsPart::Bind(Form1& form1) {
+    form1.mnuMap.Click = [this] { sectionMap.Open(); };
     form1.mnuPrivileges.Click = [this] { planForm.Show(); };
     form1.mnuGraph.Click = [this] { graph.Open(); };
     form1.mnuBandStats.Click = [this] { bandStats.Open(); };
+    BindMap();
     BindPlan();
     BindGraph();
     BindStats();
+}
+
+void ViewsPart::BindMap() {
+    mapForm.Form_Load = [this] { sectionMap.SectionMap_Load(); };
+    mapForm.Form_Unload = [this] { sectionMap.SectionMap_Unload(); };
+    mapForm.Timer1.Elapsed = [this] { sectionMap.Timer1_Timer(); };
+    mapForm.Picture1.MouseMove = [this] { sectionMap.Picture1_MouseMove(); };
+    for (int i = 1; i <= mapForm.lblCounty.Last(); ++i) {
+        mapForm.lblCounty(i).MouseMove = [this, i] { sectionMap.lblCounty_MouseMove(i); };
+    }
+    mapForm.cmdSave.Click = [this] { sectionMap.cmdSave_Click(); };
+    mapForm.cmdDone.Click = [this] { mapForm.Unload(); };
 }
 
 void ViewsPart::BindPlan() {

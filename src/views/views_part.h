@@ -4,6 +4,7 @@
 #include "rig/rig_part.h"
 #include "views/activity_graph.h"
 #include "views/band_stats.h"
+#include "views/map_of_sections.h"
 #include "views/privileges.h"
 
 namespace tallyhut {
@@ -12,10 +13,12 @@ namespace tallyhut {
 struct ViewsPart {
     ViewsPart(Machine& machine, Desk& desk, SupportPart& support, LogPart& log, RigPart& rig);
 
+    SectionMap mapForm;
     frmBandPlan planForm;
     GraphQSO graphForm;
     frmbndstats statsForm;
 
+    MapOfSections sectionMap;
     Privileges privileges;
     ActivityGraph graph;
     BandStats bandStats;
@@ -24,6 +27,7 @@ struct ViewsPart {
 
 private:
     void Bind(Form1& form1);
+    void BindMap();
     void BindPlan();
     void BindGraph();
     void BindStats();

@@ -20,6 +20,7 @@ constexpr std::array kTables{
     NamedTable{"GraphQSO", kGraphQSOTable},
     NamedTable{"PacketSpotfrm", kPacketSpotfrmTable},
     NamedTable{"RigControlfrm", kRigControlfrmTable},
+    NamedTable{"SectionMap", kSectionMapTable},
     NamedTable{"frmBandPlan", kFrmBandPlanTable},
     NamedTable{"frmCWStrings", kFrmCWStringsTable},
     NamedTable{"frmCodePractice", kFrmCodePracticeTable},

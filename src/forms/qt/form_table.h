@@ -128,5 +128,6 @@ extern const FormTable kFrmWinKeyTable;
 extern const FormTable kGraphQSOTable;
 extern const FormTable kPacketSpotfrmTable;
 extern const FormTable kRigControlfrmTable;
+extern const FormTable kSectionMapTable;
 
 }  // namespace tallyhut

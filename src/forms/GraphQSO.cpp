@@ -4,6 +4,8 @@ namespace tallyhut {
 namespace {
 
 constexpr double kTextHeight = 240;
+constexpr double kBelowAxis = 140;
+constexpr double kGap = 20;
 constexpr double kBelow = 6600;
 constexpr Colour kWhite = FromRgb(255, 255, 255);
 constexpr Colour kBlack = FromRgb(0, 0, 0);
@@ -16,8 +18,8 @@ Place InPicture(const Place& place) {
 LabelDesign OfTime(int index, double row) {
     constexpr double kStep = GraphQSO::kPlot.width / GraphQSO::kTimes;
     const double middle = GraphQSO::kPlot.left + index * kStep;
-    const double top = GraphQSO::kPlot.top + GraphQSO::kPlot.height + 60 + row * kTextHeight;
-    return {.place = InPicture({middle - kStep / 2, top, kStep, kTextHeight}), .foreColor = kBlack};
+    const double top = GraphQSO::kPlot.top + GraphQSO::kPlot.height + kBelowAxis + row * kTextHeight;
+    return {.place = InPicture({middle - kStep / 2 + kGap, top, kStep - 2 * kGap, kTextHeight}), .foreColor = kBlack};
 }
 
 LabelDesign OfRate(int index) {

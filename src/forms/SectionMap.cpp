@@ -3,7 +3,7 @@
 namespace tallyhut {
 namespace {
 
-constexpr std::int32_t kPaintAfterMs = 10;
+constexpr std::int32_t kPaintAfterMs = 1;
 constexpr Place kPicture{120, 120, 9360, 5940};
 constexpr double kBelow = 6180;
 constexpr double kButtons = 6600;

@@ -15,12 +15,12 @@ ButtonDesign Choice(int index) {
 
 frmBandPlan::frmBandPlan(Desk& owner)
     : Form{owner, "frmBandPlan", "Frequency Privileges", {.width = 9600, .height = 7200}},
-      Label1{*this, "Label1", "", {.place = {5700, 120, 3420, 270}}},
+      Label1{*this, "Label1", "", {.place = {5700, 480, 3420, 270}}},
       Label2{*this, "Label2", "", {.place = {kLeft, 120, 4680, 270}}},
-      Label5{*this, "Label5", "Privelages", {.place = {kLeft, 480, 1500, 270}}},
+      Label5{*this, "Label5", "Privelages", {.place = {kLeft, 480, 1200, 270}}},
       Label3{*this, "Label3", "CW", {.place = {2220, 480, 900, 270}}},
       Label4{*this, "Label4", "Phone", {.place = {3180, 480, 900, 270}}},
-      lblRadio{*this, "lblRadio", "", {.place = {5700, 480, 3420, 270}}},
+      lblRadio{*this, "lblRadio", "", {.place = {5700, 120, 3420, 270}}},
       Line1{*this, "Line1", kLeft, 810, 9120, 810},
       picPlan{*this, "picPlan", {.place = {kLeft, 900, 8160, 4320}, .toolTip = "The bands and their segments"}},
       blbl{*this, "blbl"},

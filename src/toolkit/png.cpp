@@ -1,5 +1,6 @@
 #include "toolkit/png.h"
 
+#include <algorithm>
 #include <array>
 #include <cstdint>
 
@@ -128,14 +129,33 @@ void AddSymbol(BitWriter& out, std::uint32_t symbol) {
     }
 }
 
-constexpr std::size_t kLongestCopy = 258;
+struct CopyLength {
+    std::uint32_t symbol;
+    std::size_t least;
+    int extraBits;
+};
 
-/// The last byte, as often again as the longest copy is.
-void AddLongestCopy(BitWriter& out) {
-    constexpr std::uint32_t kLongest = 285;
+/// The longest first (RFC 1951, 3.2.5).
+constexpr std::array<CopyLength, 29> kCopyLengths{{
+    {285, 258, 0}, {284, 227, 5}, {283, 195, 5}, {282, 163, 5}, {281, 131, 5}, {280, 115, 4},
+    {279, 99, 4},  {278, 83, 4},  {277, 67, 4},  {276, 59, 3},  {275, 51, 3},  {274, 43, 3},
+    {273, 35, 3},  {272, 31, 2},  {271, 27, 2},  {270, 23, 2},  {269, 19, 2},  {268, 17, 1},
+    {267, 15, 1},  {266, 13, 1},  {265, 11, 1},  {264, 10, 0},  {263, 9, 0},   {262, 8, 0},
+    {261, 7, 0},   {260, 6, 0},   {259, 5, 0},   {258, 4, 0},   {257, 3, 0},
+}};
+constexpr std::size_t kShortestCopy = kCopyLengths.back().least;
+
+/// The last byte again, as often as one copy can, at most `wanted` times; returns how often.
+std::size_t AddCopy(BitWriter& out, std::size_t wanted) {
     constexpr std::uint32_t kDistanceOne = 0;
-    AddSymbol(out, kLongest);
+    const auto* const row =
+        std::ranges::find_if(kCopyLengths, [wanted](const CopyLength& copy) { return copy.least <= wanted; });
+    const std::size_t most = row->least + (std::size_t{1} << row->extraBits) - 1;
+    const std::size_t length = std::min(wanted, most);
+    AddSymbol(out, row->symbol);
+    out.Add(static_cast<std::uint32_t>(length - row->least), row->extraBits);
     out.AddCode(kDistanceOne, 5);
+    return length;
 }
 
 std::string Deflated(const std::string& bytes) {
@@ -146,8 +166,8 @@ std::string Deflated(const std::string& bytes) {
     for (std::size_t i = 0; i < bytes.size();) {
         AddSymbol(out, static_cast<unsigned char>(bytes[i]));
         const std::size_t differs = std::min(bytes.find_first_not_of(bytes[i], i), bytes.size());
-        for (++i; differs - i >= kLongestCopy; i += kLongestCopy) {
-            AddLongestCopy(out);
+        for (++i; differs - i >= kShortestCopy;) {
+            i += AddCopy(out, differs - i);
         }
     }
     AddSymbol(out, kEnd);

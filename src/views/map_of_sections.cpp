@@ -29,9 +29,15 @@ Path Closed(Path ring) {
     return ring;
 }
 
-const MapPart* FirstSeeded(const MapRegion& region) {
-    const auto part = std::ranges::find_if(region.parts, [](const MapPart& one) { return one.seed.has_value(); });
-    return part == region.parts.end() ? nullptr : &*part;
+/// Where a region has its label: the largest of its parts where the map shows it largest, in an inset if there is one.
+const MapPart* LabelledPart(const MapRegion& region) {
+    const MapPart* labelled = nullptr;
+    for (const MapPart& part : region.parts) {
+        if (part.seed && (labelled == nullptr || part.panel > labelled->panel)) {
+            labelled = &part;
+        }
+    }
+    return labelled;
 }
 
 }  // namespace
@@ -73,7 +79,7 @@ void MapOfSections::PlaceCounties() {
     const Place& picture = form.Picture1.State().place;
     for (int i = 1; i <= SectionMap::kLastCounty; ++i) {
         const auto at = static_cast<std::size_t>(i - 1);
-        const MapPart* const part = at < map.regions.size() ? FirstSeeded(map.regions[at]) : nullptr;
+        const MapPart* const part = at < map.regions.size() ? LabelledPart(map.regions[at]) : nullptr;
         Label& county = form.lblCounty(i);
         county.SetVisible(part != nullptr);
         if (part == nullptr) {
@@ -160,7 +166,7 @@ void MapOfSections::ShowPicture(RasterImage image) {
     }
     drawing.shapes.push_back(std::move(land));
     for (const MapRegion& region : map.regions) {
-        const MapPart* const seeded = FirstSeeded(region);
+        const MapPart* const seeded = LabelledPart(region);
         const Colour filled = seeded == nullptr ? kWhite
                                                 : image.At(static_cast<int>(seeded->seed->x * scale),
                                                            static_cast<int>(seeded->seed->y * scale));

@@ -45,6 +45,7 @@ constexpr int kUsualLines = 12;
 
 /// The upper half of a line has the band's caption and its scale, the lower half the segments.
 constexpr double kHalf = 0.5;
+constexpr double kAbove = 0.15;  ///< of a line's height: so far the scale stands in the gap above the line
 constexpr int kScaleParts = 4;
 constexpr double kScaleLabel = 0.08;  ///< of the line's width
 constexpr double kTextSize = 9;
@@ -148,9 +149,9 @@ void Privileges::AddScale(const LicenceBand& band, const Place& line) {
         const double share = static_cast<double>(part) / kScaleParts;
         const bool last = part == kScaleParts;
         const Place place{.left = line.left + share * line.width - (last ? width : width / 2),
-                          .top = line.top,
+                          .top = line.top - line.height * kAbove,
                           .width = width,
-                          .height = line.height * kHalf};
+                          .height = line.height * (kHalf + kAbove)};
         form.bnlb.Make(FormatNumber(low + (high - low) * share, "#,###.##0"),
                        {.place = place, .fontSize = kTextSize * FontRatioOf(form)});
     }

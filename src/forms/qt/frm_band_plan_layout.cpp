@@ -8,10 +8,10 @@ namespace {
 constexpr std::array kRows{
     Column(1),
     Group(),
-    OneLine("", "Label2:* Label1"),
-    OneLine("", "lblRadio:*", RowLook::Reading),
+    OneLine("Label2", "lblRadio:*", RowLook::Reading),
     Sheet("picPlan"),
     OnSheet("Label5", SheetText::Begins),
+    OnSheet("Label1", SheetText::Ends),
     OnSheet("Label3 Label4 Line1 LineRadio"),
     OnSheet("blbl(*)", SheetText::Heads),
     OnSheet("bnlb(*)"),

@@ -9,8 +9,8 @@ constexpr std::array kRows{
     Column(1),
     Group(),
     Sheet("Picture1", true),
-    OnSheet("lblCounty(0-93)"),
-    OneLine("", "lblRegion:* lblWorked lblNeeded", RowLook::Plain),
+    OnSheet("lblCounty(0-93)", SheetText::Within),
+    OneLine("", "lblRegion:* lblWorked lblNeeded", RowLook::Reading),
     Left("cmdSave Label1"),
     Main("cmdDone"),
 };

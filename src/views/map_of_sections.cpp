@@ -43,12 +43,12 @@ const MapPart* LabelledPart(const MapRegion& region) {
 }  // namespace
 
 void MapOfSections::SectionMap_Load() {
+    CentreForm();
     try {
         map = ReadSectionOutlines(pictures.files.Read(dataFolder + kFileName));
     } catch (const ValueError& failure) {
         throw PlatformError{failure.what()};
     }
-    CentreForm();
     PlaceCounties();
     HideCaptions();
     ShowCounts();
@@ -111,6 +111,9 @@ void MapOfSections::ShowCounts() {
 
 void MapOfSections::Timer1_Timer() {
     form.Timer1.SetTimerEnabled(false);
+    if (map.regions.empty()) {
+        return;  // the map could not be read, as was told
+    }
     RasterImage image = form.Picture1.Image();
     PaintWorked(image);
     ShowPicture(std::move(image));

@@ -125,15 +125,18 @@ void TableLayout::Add(ControlWidget& widget) {
     widgets_.push_back(&widget);
     built_ = false;
     stale_ = true;
+    fitted_ = {};
 }
 
 void TableLayout::Remove(ControlWidget& widget) {
     std::erase(widgets_, &widget);
     built_ = false;
     stale_ = true;
+    fitted_ = {};
 }
 
 void TableLayout::Changed(ControlWidget& widget) {
+    fitted_ = {};
     const ControlKind kind = widget.Logical().kind;
     if (kind != ControlKind::Frame && kind != ControlKind::Line) {
         const QSize size = widget.Widget().size();
@@ -628,6 +631,9 @@ QSize TableLayout::Measure(double text, int width) {
 }
 
 void TableLayout::Arrange() {
+    if (fitted_ == window_.size()) {
+        return;
+    }
     stale_ = false;
     if (!built_) {
         Build();
@@ -645,6 +651,7 @@ void TableLayout::Arrange() {
     canvas_.Sheet().resize(need.expandedTo(room));
     Place(canvas_.Sheet().size());
     TellTitles();
+    fitted_ = window_.size();
 }
 
 void TableLayout::Place(const QSize& room) {

@@ -109,6 +109,7 @@ private:
     double text_ = 0;               ///< pixels of plain text
     bool built_ = false;
     bool stale_ = true;
+    QSize fitted_;  ///< of the window, as long as nothing has changed since it was arranged
     bool namesStale_ = false;
 };
 

@@ -242,3 +242,20 @@ def without_spikes(ring):
     while len(lean) > 1 and lean[0] == lean[-1]:
         lean.pop()
     return lean
+
+
+def clipped(ring, box):
+    """The ring within a box (left, top, right, bottom)."""
+    for axis, bound, sign in ((0, box[0], 1), (1, box[1], 1), (0, box[2], -1), (1, box[3], -1)):
+        kept = []
+        for a, b in edges(ring):
+            a_in, b_in = sign * (a[axis] - bound) >= 0, sign * (b[axis] - bound) >= 0
+            if a_in != b_in:
+                at = (bound - a[axis]) / (b[axis] - a[axis])
+                kept.append(tuple(round(a[k] + at * (b[k] - a[k])) for k in (0, 1)))
+            if b_in:
+                kept.append(b)
+        ring = kept
+        if not ring:
+            break
+    return without_spikes(ring)

@@ -94,9 +94,14 @@ class Shore:
         return min(forward, backward, key=lambda way: abs(length(way) - told))
 
 
-def on_shore(ring, shared, shore):
-    """The ring with every run of shared points replaced by the way along the shore."""
+def on_shore(ring, shared, shore, reach):
+    """The ring with every run of shared points replaced by the way along the shore. What follows a run closer to the shore
+    than the reach is counted in: a river that the one outline has as a line and the other as water."""
     is_shared = [p in shared for p in ring]
+    for way in (1, -1):
+        for i in range(len(ring))[::way]:
+            if is_shared[i - way if 0 <= i - way < len(ring) else i] and not is_shared[i]:
+                is_shared[i] = math.dist(shore_point(ring[i], shore), ring[i]) < reach
     if not any(is_shared) or all(is_shared):
         return ring
     start = next(i for i in range(len(ring)) if is_shared[i] and not is_shared[i - 1])

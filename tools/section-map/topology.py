@@ -127,19 +127,21 @@ def shore_point(p, shore):
 
 def split(polygons, line):
     """The polygons, one of them parted by the line from border to border."""
-    number, first, last = min(
-        (
-            (n, *(min(range(len(ring)), key=lambda i: math.dist(ring[i], end)) for end in (line[0], line[-1])))
-            for n, ring in enumerate(polygons)
-        ),
-        key=lambda found: math.dist(polygons[found[0]][found[1]], line[0]) + math.dist(polygons[found[0]][found[2]], line[-1]),
-    )
+    ends = line[0], line[-1]
+
+    def nearest(ring):
+        return [min(range(len(ring)), key=lambda i: math.dist(ring[i], end)) for end in ends]
+
+    def gap(ring):
+        return sum(math.dist(ring[i], end) for i, end in zip(nearest(ring), ends))
+
+    number = min(range(len(polygons)), key=lambda n: gap(polygons[n]))
     ring = polygons[number]
+    first, last = nearest(ring)
     cut = [ring[first]] + line[1:-1] + [ring[last]]
     forward = ring[first : last + 1] if first <= last else ring[first:] + ring[: last + 1]
     backward = ring[last : first + 1] if last <= first else ring[last:] + ring[: first + 1]
     parts = [forward + cut[-2:0:-1], backward + cut[1:-1]]
-    # A later line may end on this one, so its neighbours must know the point too: they do, being made from the same ring.
     return polygons[:number] + parts + polygons[number + 1 :]
 
 

@@ -16,7 +16,7 @@ POSTAL = {
     "34": "NJ", "35": "NM", "36": "NY", "37": "NC", "38": "ND", "39": "OH", "40": "OK", "41": "OR", "42": "PA", "44": "RI",
     "45": "SC", "46": "SD", "47": "TN", "48": "TX", "49": "UT", "50": "VT", "51": "VA", "53": "WA", "54": "WV", "55": "WI",
     "56": "WY", "72": "PR", "78": "VI",
-}  # fmt: skip
+}
 
 PACKAGES = {
     "us-atlas-3.0.1.tgz": "e6daba1800885868303ad3549da62f85a557b8142bb72629ec15651de62f9c5d",
@@ -42,8 +42,7 @@ def point(longitude, latitude):
 
 
 def counties(folder):
-    """(postal code, county, rings) for each county; borders run anticlockwise, holes clockwise, or the other way, but
-    two counties follow their common border in opposite ways."""
+    """(postal code, county, rings) for each county. Two counties follow their common border in opposite ways."""
     with tarfile.open(fileobj=io.BytesIO(packed(folder / "us-atlas-3.0.1.tgz"))) as package:
         topology = json.load(package.extractfile("package/counties-10m.json"))
     scale, translate = topology["transform"]["scale"], topology["transform"]["translate"]

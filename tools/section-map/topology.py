@@ -94,9 +94,14 @@ class Shore:
         return min(forward, backward, key=lambda way: abs(length(way) - told))
 
 
-def on_shore(ring, shared, shore):
-    """The ring with every run of shared points replaced by the way along the shore."""
+def on_shore(ring, shared, shore, reach):
+    """The ring with every run of shared points replaced by the way along the shore. What follows a run closer to the shore
+    than the reach is counted in: a river that the one outline has as a line and the other as water."""
     is_shared = [p in shared for p in ring]
+    for way in (1, -1):
+        for i in range(len(ring))[::way]:
+            if is_shared[i - way if 0 <= i - way < len(ring) else i] and not is_shared[i]:
+                is_shared[i] = math.dist(shore_point(ring[i], shore), ring[i]) < reach
     if not any(is_shared) or all(is_shared):
         return ring
     start = next(i for i in range(len(ring)) if is_shared[i] and not is_shared[i - 1])
@@ -122,19 +127,21 @@ def shore_point(p, shore):
 
 def split(polygons, line):
     """The polygons, one of them parted by the line from border to border."""
-    number, first, last = min(
-        (
-            (n, *(min(range(len(ring)), key=lambda i: math.dist(ring[i], end)) for end in (line[0], line[-1])))
-            for n, ring in enumerate(polygons)
-        ),
-        key=lambda found: math.dist(polygons[found[0]][found[1]], line[0]) + math.dist(polygons[found[0]][found[2]], line[-1]),
-    )
+    ends = line[0], line[-1]
+
+    def nearest(ring):
+        return [min(range(len(ring)), key=lambda i: math.dist(ring[i], end)) for end in ends]
+
+    def gap(ring):
+        return sum(math.dist(ring[i], end) for i, end in zip(nearest(ring), ends))
+
+    number = min(range(len(polygons)), key=lambda n: gap(polygons[n]))
     ring = polygons[number]
+    first, last = nearest(ring)
     cut = [ring[first]] + line[1:-1] + [ring[last]]
     forward = ring[first : last + 1] if first <= last else ring[first:] + ring[: last + 1]
     backward = ring[last : first + 1] if last <= first else ring[last:] + ring[: first + 1]
     parts = [forward + cut[-2:0:-1], backward + cut[1:-1]]
-    # A later line may end on this one, so its neighbours must know the point too: they do, being made from the same ring.
     return polygons[:number] + parts + polygons[number + 1 :]
 
 
@@ -242,3 +249,20 @@ def without_spikes(ring):
     while len(lean) > 1 and lean[0] == lean[-1]:
         lean.pop()
     return lean
+
+
+def clipped(ring, box):
+    """The ring within a box (left, top, right, bottom)."""
+    for axis, bound, sign in ((0, box[0], 1), (1, box[1], 1), (0, box[2], -1), (1, box[3], -1)):
+        kept = []
+        for a, b in edges(ring):
+            a_in, b_in = sign * (a[axis] - bound) >= 0, sign * (b[axis] - bound) >= 0
+            if a_in != b_in:
+                at = (bound - a[axis]) / (b[axis] - a[axis])
+                kept.append(tuple(round(a[k] + at * (b[k] - a[k])) for k in (0, 1)))
+            if b_in:
+                kept.append(b)
+        ring = kept
+        if not ring:
+            break
+    return without_spikes(ring)

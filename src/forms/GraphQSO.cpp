@@ -7,8 +7,6 @@ constexpr double kTextHeight = 240;
 constexpr double kBelowAxis = 140;
 constexpr double kGap = 20;
 constexpr double kBelow = 6600;
-constexpr Colour kWhite = FromRgb(255, 255, 255);
-constexpr Colour kBlack = FromRgb(0, 0, 0);
 
 /// A place in the picture as one on the form.
 Place InPicture(const Place& place) {
@@ -19,14 +17,13 @@ LabelDesign OfTime(int index, double row) {
     constexpr double kStep = GraphQSO::kPlot.width / GraphQSO::kTimes;
     const double middle = GraphQSO::kPlot.left + index * kStep;
     const double top = GraphQSO::kPlot.top + GraphQSO::kPlot.height + kBelowAxis + row * kTextHeight;
-    return {.place = InPicture({middle - kStep / 2 + kGap, top, kStep - 2 * kGap, kTextHeight}), .foreColor = kBlack};
+    return {.place = InPicture({middle - kStep / 2 + kGap, top, kStep - 2 * kGap, kTextHeight})};
 }
 
 LabelDesign OfRate(int index) {
     const double bottom = GraphQSO::kPlot.top + GraphQSO::kPlot.height;
     const double middle = bottom - index * GraphQSO::kPlot.height / GraphQSO::kRates;
-    return {.place = InPicture({0, middle - kTextHeight / 2, GraphQSO::kPlot.left - 80, kTextHeight}),
-            .foreColor = kBlack};
+    return {.place = InPicture({0, middle - kTextHeight / 2, GraphQSO::kPlot.left - 80, kTextHeight})};
 }
 
 LabelDesign OfBand(int index) {
@@ -43,15 +40,14 @@ GraphQSO::GraphQSO(Desk& owner)
            "GraphQSO",
            " Activity Graph - QSOs per Hour Rate   (# QSOs over 10 minutes X 6)",
            {.width = 9600, .height = 7200}},
-      picGraph{*this, "picGraph", {.place = kPicture, .toolTip = "Contacts an hour", .backColor = kWhite}},
+      picGraph{*this, "picGraph", {.place = kPicture, .toolTip = "Contacts an hour", .backColor = kWindowGround}},
       lblY{0, kRates, [this](int i) { return std::make_unique<Label>(*this, "lblY", i, "", OfRate(i)); }},
       lblTime{0, kTimes, [this](int i) { return std::make_unique<Label>(*this, "lblTime", i, "", OfTime(i, 0)); }},
       lblDate{0, kTimes, [this](int i) { return std::make_unique<Label>(*this, "lblDate", i, "", OfTime(i, 1)); }},
-      Label1{
-          *this,
-          "Label1",
-          "Band ",
-          {.place = InPicture({kPlot.left, SampleOf(0).top - kTextHeight / 2, 600, kTextHeight}), .foreColor = kBlack}},
+      Label1{*this,
+             "Label1",
+             "Band ",
+             {.place = InPicture({kPlot.left, SampleOf(0).top - kTextHeight / 2, 600, kTextHeight})}},
       lblBnd{0, static_cast<int>(kGraphBands.size()) - 1,
              [this](int i) {
                  return std::make_unique<Label>(*this, "lblBnd", i, kGraphBands.at(static_cast<std::size_t>(i)).caption,

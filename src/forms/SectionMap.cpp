@@ -7,6 +7,7 @@ constexpr std::int32_t kPaintAfterMs = 1;
 constexpr Place kPicture{120, 120, 9360, 5940};
 constexpr double kBelow = 6180;
 constexpr double kButtons = 6600;
+constexpr Place kPanelTitle{kPicture.left, kPicture.top, 1200, 200};
 constexpr Place kCounty{kPicture.left, kPicture.top, 120, 120};
 
 }  // namespace
@@ -17,6 +18,11 @@ SectionMap::SectionMap(Desk& owner)
       lblCounty{
           0, kLastCounty,
           [this](int i) { return std::make_unique<Label>(*this, "lblCounty", i, "", LabelDesign{.place = kCounty}); }},
+      lblPanel{1, kLastPanel,
+               [this](int i) {
+                   return std::make_unique<Label>(*this, "lblPanel", i, "",
+                                                  LabelDesign{.place = kPanelTitle, .visible = false});
+               }},
       Label1{*this, "Label1", "Sections will change color when worked.", {.place = {120, kButtons, 4200, 300}}},
       lblWorked{*this, "lblWorked", "", {.place = {6000, kBelow, 1700, 300}}},
       lblNeeded{*this, "lblNeeded", "", {.place = {7800, kBelow, 1700, 300}}},

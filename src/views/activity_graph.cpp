@@ -106,13 +106,22 @@ void ActivityGraph::LabelRates() {
     }
 }
 
-bool ActivityGraph::IsWhite() const {
-    return form.picGraph.State().backColor == kWhite;
+/// At first the background is the desktop's.
+Colour ActivityGraph::TextColour() const {
+    switch (form.picGraph.State().backColor) {
+        case kBlack:
+            return kWhite;
+        case kWhite:
+            return kBlack;
+        default:
+            return kWindowText;
+    }
 }
 
 void ActivityGraph::Draw() {
-    Drawing drawing{
-        .width = GraphQSO::kPicture.width, .height = GraphQSO::kPicture.height, .ground = IsWhite() ? kWhite : kBlack};
+    Drawing drawing{.width = GraphQSO::kPicture.width,
+                    .height = GraphQSO::kPicture.height,
+                    .ground = form.picGraph.State().backColor};
     AddLegend(drawing);
     AddAxes(drawing);
     if (isDrawn) {
@@ -135,7 +144,7 @@ void ActivityGraph::AddAxes(Drawing& drawing) const {
     const double right = kPlot.left + kPlot.width;
     const double bottom = kPlot.top + kPlot.height;
     Shape axes{.paths = {{{kPlot.left, kPlot.top}, {kPlot.left, bottom}, {right, bottom}}},
-               .colour = IsWhite() ? kBlack : kWhite,
+               .colour = TextColour(),
                .width = kAxisWidth};
     for (int i = 0; i <= GraphQSO::kTimes; ++i) {
         const double x = kPlot.left + kPlot.width * i / GraphQSO::kTimes;
@@ -229,7 +238,7 @@ void ActivityGraph::picGraph_MouseMove() {
                   : RateText(rate) + " QSOs per hour   " + std::string{BandOf(curve.ColourAt(position))} + " m";
     form.lblHover.SetCaption(FormatDateTime(curve.MomentAt(share), "mm/dd  hh:mm") + "   " + told);
     const double x = place.left + form.picGraph.pointer.x;
-    form.LineHover.SetForeColor(IsWhite() ? kBlack : kWhite);
+    form.LineHover.SetForeColor(TextColour());
     form.LineHover.SetEnds(x, place.top + kPlot.top * down, x, place.top + (kPlot.top + kPlot.height) * down);
 }
 

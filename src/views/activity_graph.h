@@ -33,7 +33,8 @@ struct ActivityGraph {
     int pointedAt = -1;  ///< band of the legend; -1 for none
 
 private:
-    bool IsWhite() const;
+    /// In which axes and texts are drawn on the present background.
+    Colour TextColour() const;
     void MakeCurve();
     void LabelTimes();
     void LabelRates();

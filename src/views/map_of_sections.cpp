@@ -17,6 +17,7 @@ constexpr Colour kWhite = FromRgb(255, 255, 255);
 constexpr double kBrightest = 254;
 constexpr double kOutline = 8;  ///< units of the map
 constexpr double kFrame = 12;
+constexpr double kTitleHeight = 320;
 
 Path Around(const MapPanel& panel) {
     const Point& at = panel.corner;
@@ -51,6 +52,7 @@ void MapOfSections::SectionMap_Load() {
     }
     PlaceCounties();
     HideCaptions();
+    NameInsets();
     ShowCounts();
     ShowPicture(OutlinesOn(map, kPixels));
 }
@@ -97,6 +99,25 @@ void MapOfSections::HideCaptions() {
     for (int i = 1; i <= SectionMap::kLastCounty; ++i) {
         form.lblCounty(i).SetToolTip(form.lblCounty(i).Caption());
         form.lblCounty(i).SetCaption("");
+    }
+}
+
+/// In the upper line of each frame.
+void MapOfSections::NameInsets() {
+    const Place& picture = form.Picture1.State().place;
+    const double across = picture.width / map.width;
+    const double down = picture.height / map.height;
+    for (int i = 1; i <= SectionMap::kLastPanel; ++i) {
+        const auto at = static_cast<std::size_t>(i);
+        form.lblPanel(i).SetVisible(at < map.panels.size());
+        if (at < map.panels.size()) {
+            const MapPanel& panel = map.panels[at];
+            form.lblPanel(i).SetCaption(panel.title);
+            form.lblPanel(i).SetPlace({.left = picture.left + panel.corner.x * across,
+                                       .top = picture.top + panel.corner.y * down,
+                                       .width = panel.size.x * across,
+                                       .height = kTitleHeight * down});
+        }
     }
 }
 

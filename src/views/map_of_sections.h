@@ -39,6 +39,7 @@ private:
     void CentreForm();
     void PlaceCounties();
     void HideCaptions();
+    void NameInsets();
     void ShowCounts();
     void PaintWorked(RasterImage& image);
     Point SeedOf(int county) const;

@@ -36,7 +36,7 @@ TEST_F(ViewsConsoleTest, TheSeriesOfTheGraphAndItsPixelsAreRead) {
     EXPECT_EQ(program.Get("$RateColor(1500)"), "255");
     EXPECT_EQ(program.Get("$RateSmooth(2)"), "0");
     EXPECT_EQ(program.Get("$RateMin"), "0");
-    EXPECT_EQ(program.Get("picGraph.pixel(10,10)"), "16777215");
+    EXPECT_EQ(program.Get("picGraph.pixel(10,10)"), "-2147483643") << "the ground of fields";
     program.Do("click Command1");
     EXPECT_EQ(program.Get("picGraph.pixel(10,10)"), "0");
 }

@@ -41,7 +41,7 @@ std::vector<ControlWidget*> ShownControls(const QWidget& window) {
 /// others have their full room.
 bool MayShrink(const Control& control) {
     return control.name == "lblDialog" || control.name == "lblDupe" || control.name == "lblCounty" ||
-           control.name == "priv";
+           control.name == "priv" || control.name == "lblPanel";
 }
 
 bool LiesUnderOthers(const Control& control) {

@@ -139,7 +139,7 @@ TEST_F(ActivityGraphTest, APauseIsNoLine) {
 
 TEST_F(ActivityGraphTest, AClickGivesTheBackgroundThatTheCaptionNames) {
     OpenGraph(Minutes(7));
-    EXPECT_EQ(Graph().picGraph.State().backColor, kWhite);
+    EXPECT_EQ(Graph().picGraph.State().backColor, kWindowGround) << "at first the desktop's";
     Click(Graph().Command1);
     EXPECT_EQ(Graph().Command1.Caption(), "White Background");
     EXPECT_EQ(Graph().picGraph.State().backColor, kBlack);

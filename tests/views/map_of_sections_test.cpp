@@ -79,6 +79,15 @@ TEST_F(MapOfSectionsTest, ALabelTellsItsCodeAsAHintAndNotOnThePicture) {
     EXPECT_LT(Map().lblCounty(4).State().backColor, 0) << "no ground of its own";
 }
 
+TEST_F(MapOfSectionsTest, AnInsetBearsItsName) {
+    OpenMap({});
+    EXPECT_EQ(Map().lblPanel(1).Caption(), "Inset");
+    EXPECT_TRUE(Map().lblPanel(1).State().visible);
+    EXPECT_FALSE(Map().lblPanel(2).State().visible);
+    const Place& picture = Map().Picture1.State().place;
+    EXPECT_DOUBLE_EQ(Map().lblPanel(1).State().place.left, picture.left + 0.6 * picture.width);
+}
+
 TEST_F(MapOfSectionsTest, AnEmptyLogPaintsNothing) {
     OpenMap({});
     Paint();

@@ -9,7 +9,7 @@ constexpr std::array kRows{
     Column(1),
     Group(),
     Sheet("Picture1", true),
-    OnSheet("lblCounty(0-93)", SheetText::Within),
+    OnSheet("lblPanel(1-6) lblCounty(0-93)", SheetText::Within),
     OneLine("", "lblRegion:* lblWorked lblNeeded", RowLook::Reading),
     Left("cmdSave Label1"),
     Main("cmdDone"),

@@ -42,6 +42,17 @@ TEST_F(ViewPicturesTest, ThePointerStandsForTheSameMomentWhateverTheSizeOfTheWin
     EXPECT_EQ(views.graphForm.lblHover.Caption(), told);
 }
 
+TEST_F(ViewPicturesTest, ALineStandsUnderThePointer) {
+    QWidget& picture = Widget(views.graphForm, "picGraph");
+    const auto* line = shown.WindowOf(views.graphForm).findChild<QWidget*>("LineHover");
+    for (const double share : {0.2, 0.7}) {
+        PointAt(picture, OnGraph(share), 0.5);
+        EXPECT_TRUE(line->isVisible());
+        EXPECT_NEAR(line->geometry().center().x(), picture.x() + picture.width() * OnGraph(share), 2);
+        EXPECT_GT(line->height(), picture.height() / 2);
+    }
+}
+
 TEST_F(ViewPicturesTest, TheAxisStaysBesideThePlotWhateverTheSizeOfTheWindow) {
     QWidget& picture = Widget(views.graphForm, "picGraph");
     QWidget& window = shown.WindowOf(views.graphForm);

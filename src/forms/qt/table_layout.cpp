@@ -74,6 +74,23 @@ QString DeviceIn(const std::string& toolTip) {
     return toolTip.starts_with('/') ? ToQt(toolTip).section(',', 0, 0).section('/', -1) : QString{};
 }
 
+/// A line of a sheet, over all else.
+void PlaceBesidePicture(ControlWidget& line, ControlWidget& picture) {
+    const QRectF inPixels = picture.Widget().geometry();
+    const QRectF onForm = OnForm(picture.Logical());
+    const QRectF place = OnForm(line.Logical());
+    if (onForm.isEmpty()) {
+        return;
+    }
+    const auto toPixels = [&](const QPointF& at) {
+        return QPoint{qRound(inPixels.left() + (at.x() - onForm.left()) * inPixels.width() / onForm.width()),
+                      qRound(inPixels.top() + (at.y() - onForm.top()) * inPixels.height() / onForm.height())};
+    };
+    line.Widget().setGeometry(
+        QRect{toPixels(place.topLeft()), toPixels(place.bottomRight()) - QPoint{1, 1}}.adjusted(-1, -1, 1, 1));
+    line.Widget().raise();
+}
+
 int ShareOfHeight(const TableRow& row) {
     return row.kind == Kind::Fill ? row.number : row.kind == Kind::Sheet ? 1 : 0;
 }
@@ -142,6 +159,8 @@ void TableLayout::Changed(ControlWidget& widget) {
         const QSize size = widget.Widget().size();
         const QSize need = widget.Needed(size.width());
         stale_ = stale_ || need.width() > size.width() || need.height() > size.height() + 1;
+    } else if (kind == ControlKind::Line && built_) {
+        FollowLine(widget);
     }
     namesStale_ = true;
 }
@@ -746,7 +765,19 @@ void TableLayout::PlaceLine(const PlacedLine& line, const QRect& room, const Pla
     }
 }
 
-/// Lines are drawn over all else.
+void TableLayout::FollowLine(const ControlWidget& widget) {
+    for (const PlacedColumn& column : columns_) {
+        for (const PlacedPanel& panel : column.panels) {
+            for (const PlacedLine& line : panel.lines) {
+                const auto piece = std::ranges::find(line.pieces, &widget, &Piece::widget);
+                if (line.row.kind == Kind::Sheet && piece != line.pieces.end()) {
+                    PlaceBesidePicture(*piece->widget, *line.pieces.front().widget);
+                }
+            }
+        }
+    }
+}
+
 void TableLayout::PlaceSheet(const PlacedLine& line, const QRect& room) {
     const QRectF whole = SheetOnForm(line.pieces);
     QSizeF size = room.size();
@@ -765,8 +796,7 @@ void TableLayout::PlaceSheet(const PlacedLine& line, const QRect& room) {
                         qRound(top + (place.bottom() - whole.top()) * down)};
         QWidget& widget = piece.widget->Widget();
         if (piece.widget->Logical().kind == ControlKind::Line) {
-            widget.setGeometry(QRect{from, to - QPoint{1, 1}}.adjusted(-1, -1, 1, 1));
-            widget.raise();
+            PlaceBesidePicture(*piece.widget, *line.pieces.front().widget);
         } else {
             widget.setGeometry(QRect{from, to - QPoint{1, 1}});
         }

@@ -93,6 +93,8 @@ private:
     void PlaceLine(const PlacedLine& line, const QRect& room, const PlacedColumn& column);
     void PlacePieces(const PlacedLine& line, const QRect& room);
     void PlaceCells(const PlacedLine& line, const QRect& room);
+    /// A line that has moved follows at once, beside the picture of its sheet.
+    void FollowLine(const ControlWidget& widget);
     static void PlaceSheet(const PlacedLine& line, const QRect& room);
     void PlaceBar(const QRect& room);
 

@@ -208,7 +208,7 @@ void MapOfSections::ShowPicture(RasterImage image) {
     form.Picture1.Show(std::move(drawing), std::move(image));
 }
 
-void MapOfSections::cmdSave_Click() {
+void MapOfSections::cmdSave_Click() const {
     pictures.Save(form.Picture1, "Sections.png");
 }
 

@@ -28,7 +28,7 @@ struct MapOfSections {
     void SectionMap_Load();
     void SectionMap_Unload();
     void Timer1_Timer();
-    void cmdSave_Click();
+    void cmdSave_Click() const;
     void Picture1_MouseMove();
     void lblCounty_MouseMove(int index);
 

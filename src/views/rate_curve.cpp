@@ -87,15 +87,16 @@ void TakeRates(RateCurve& curve, const ContactLog& log, int presentYear) {
 
 void FillGaps(RateCurve& curve) {
     for (int i = 1; i <= RateCurve::kPositions; ++i) {
-        const auto here = curve.RateRaw.begin() + i;
+        float* const here = curve.RateRaw.data() + i;
         if (*here == 0) {
-            const auto ahead = std::find_if(here + 1, here + 1 + kFarthestGap, [](float rate) { return rate > 0; });
+            const float* const ahead =
+                std::find_if(here + 1, here + 1 + kFarthestGap, [](float rate) { return rate > 0; });
             if (ahead == here + 1 + kFarthestGap) {
                 continue;
             }
             const float before = *(here - 1);
             const float step = (*ahead - before) / static_cast<float>(ahead - here + 1);
-            for (auto gap = here; gap != ahead; ++gap) {
+            for (float* gap = here; gap != ahead; ++gap) {
                 *gap = before + step * static_cast<float>(gap - here + 1);
             }
         }
@@ -105,8 +106,8 @@ void FillGaps(RateCurve& curve) {
 
 void Average(RateCurve& curve) {
     for (int i = kMeanOver; i <= RateCurve::kPositions; ++i) {
-        const auto last = curve.RateRaw.begin() + i + 1;
-        const auto first = last - kMeanOver;
+        const float* const last = curve.RateRaw.data() + i + 1;
+        const float* const first = last - kMeanOver;
         const auto count = std::count_if(first, last, [](float rate) { return rate > 0; });
         if (count > 0) {
             curve.RateSmooth.at(At(i)) = std::accumulate(first, last, 0.0F) / static_cast<float>(count);

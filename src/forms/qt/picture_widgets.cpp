@@ -116,7 +116,7 @@ void RasterWidget::TakeShapes() {
             }
             whole.addPolygon(points);
         }
-        shapes_.push_back({std::move(whole), shape.kind, shape.colour, shape.width});
+        shapes_.push_back({whole, shape.kind, shape.colour, shape.width});
     }
 }
 

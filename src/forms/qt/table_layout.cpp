@@ -190,12 +190,12 @@ std::vector<TableLayout::Piece> TableLayout::TakeAll(std::string_view controls, 
     for (const ToldControl& told : ControlsIn(controls)) {
         if (told.name.ends_with(kAll)) {
             const std::string_view family = std::string_view{told.name}.substr(0, told.name.size() - kAll.size());
-            const auto others = std::ranges::stable_partition(
-                rest, [family](const ControlWidget* widget) { return widget->Logical().name != family; });
-            for (ControlWidget* widget : others) {
-                pieces.push_back({.widget = widget});
-            }
-            rest.erase(others.begin(), others.end());
+            const auto first = std::stable_partition(rest.begin(), rest.end(), [family](const ControlWidget* widget) {
+                return widget->Logical().name != family;
+            });
+            std::for_each(first, rest.end(),
+                          [&pieces](ControlWidget* widget) { pieces.push_back({.widget = widget}); });
+            rest.erase(first, rest.end());
         } else if (ControlWidget* widget = Take(told.name, rest)) {
             pieces.push_back({widget, told.characters, told.fills});
         }

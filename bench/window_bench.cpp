@@ -12,6 +12,7 @@
 #include <string_view>
 #include <vector>
 
+#include "bench/data_file.h"
 #include "bench/full_log.h"
 #include "forms/qt/program_style.h"
 #include "forms/qt/qt_clipboard.h"
@@ -227,6 +228,51 @@ void RedrawOfTheMapToPixels(benchmark::State& state) {
     times.Tell(state);
 }
 BENCHMARK(RedrawOfTheMapToPixels)->ArgName("bothMaps")->Arg(0)->Arg(1)->Iterations(300)->Unit(benchmark::kMillisecond);
+
+/// From the call for a form to the last of its pixels, those of the map that its timer paints included.
+template <typename FormKind>
+void OpenToPixels(benchmark::State& state, FormKind ViewsPart::*which) {
+    WindowProgram window;
+    window.files.Put("/contest/BandPlan.txt", DataFile("BandPlan.txt"));
+    window.files.Put("/data/section_map.txt", DataFile("section_map.txt"));
+    Form& form = window.program.viewsPart.*which;
+    Times times;
+    for (auto _ : state) {
+        times.Take([&] {
+            form.Show();
+            do {
+                window.program.desk.RunPending();
+                window.pump.Collect();
+            } while (window.program.viewsPart.mapForm.IsVisible() && window.program.viewsPart.mapForm.Timer1.Enabled());
+            window.host.WindowOf(form)->repaint();
+        });
+        state.PauseTiming();
+        form.Unload();
+        window.Settle();
+        state.ResumeTiming();
+    }
+    times.Tell(state);
+}
+
+void StatisticsToPixels(benchmark::State& state) {
+    OpenToPixels(state, &ViewsPart::statsForm);
+}
+BENCHMARK(StatisticsToPixels)->Iterations(50)->Unit(benchmark::kMillisecond);
+
+void PrivilegesToPixels(benchmark::State& state) {
+    OpenToPixels(state, &ViewsPart::planForm);
+}
+BENCHMARK(PrivilegesToPixels)->Iterations(50)->Unit(benchmark::kMillisecond);
+
+void GraphToPixels(benchmark::State& state) {
+    OpenToPixels(state, &ViewsPart::graphForm);
+}
+BENCHMARK(GraphToPixels)->Iterations(50)->Unit(benchmark::kMillisecond);
+
+void MapToPixels(benchmark::State& state) {
+    OpenToPixels(state, &ViewsPart::mapForm);
+}
+BENCHMARK(MapToPixels)->Iterations(50)->Unit(benchmark::kMillisecond);
 
 }  // namespace
 }  // namespace tallyhut

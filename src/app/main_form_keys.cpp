@@ -72,6 +72,8 @@ constexpr std::array kKeys{
     CtrlKey(
         'D', [](MainFormKeys& keys, int&) { keys.spots.form.Show(); }, true),
     CtrlKey(
+        'F', [](MainFormKeys& keys, int&) { keys.views.planForm.Show(); }, true),
+    CtrlKey(
         'G', [](MainFormKeys& keys, int&) { keys.rig.tuneForm.Show(); }, false),
     CtrlKey(
         'P', [](MainFormKeys& keys, int&) { keys.voice.form.Show(); }, true),

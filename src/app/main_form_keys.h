@@ -4,6 +4,7 @@
 #include "log/log_part.h"
 #include "rig/rig_part.h"
 #include "spots/spots_part.h"
+#include "views/views_part.h"
 #include "voice/voice_part.h"
 
 namespace tallyhut {
@@ -15,6 +16,7 @@ struct MainFormKeys {
     KeyingPart& keying;
     VoicePart& voice;
     SpotsPart& spots;
+    ViewsPart& views;
 
     bool gCtrlKeyTaken = false;  ///< the press that goes with this key is swallowed
 

@@ -15,10 +15,11 @@ constexpr const char* kProgramTitle = "Tallyhut Log";
 constexpr const char* kTimeNotSaved = "Not all of the operating time could be saved. ";
 
 /// In which order the forms are listed, and unloaded at the end.
-constexpr std::array<std::string_view, 18> kFormOrder{
-    "Form1",    "frmSplash", "frmQ7ZZQLogo", "frmEditCon",    "frmStationID",  "Form2",
-    "frmPorts", "Form5",     "Form6",        "RigControlfrm", "frmRigTune",    "frmFrequencyTest",
-    "PhoneFrm", "CWFrm",     "frmCWStrings", "BlindFrm",      "PacketSpotfrm", "SpectrumMap",
+constexpr std::array<std::string_view, 22> kFormOrder{
+    "Form1",      "frmSplash",   "frmQ7ZZQLogo", "frmEditCon",    "frmStationID",  "Form2",
+    "frmPorts",   "Form5",       "Form6",        "RigControlfrm", "frmRigTune",    "frmFrequencyTest",
+    "PhoneFrm",   "CWFrm",       "frmCWStrings", "BlindFrm",      "PacketSpotfrm", "SpectrumMap",
+    "SectionMap", "frmBandPlan", "GraphQSO",     "frmbndstats",
 };
 
 std::string AlreadyRunning(const std::string& folder) {
@@ -39,10 +40,11 @@ Program::Program(const Machine& lent, const std::string& workingDirectory)
       keyingPart{machine, desk, supportPart, logPart},
       voicePart{machine, desk, supportPart, logPart},
       spotsPart{machine, desk, supportPart, logPart, rigPart},
+      viewsPart{machine, desk, supportPart, logPart, rigPart},
       layout{logPart.form1, lent.screen, logPart.contest.preferences, logPart.preferencesFile},
       look{logPart.form1, lent.settings},
       folderChoice{lent.files, lent.dialogs, lent.settings, lent.environment},
-      keys{logPart, rigPart, keyingPart, voicePart, spotsPart},
+      keys{logPart, rigPart, keyingPart, voicePart, spotsPart, viewsPart},
       startUp{machine, supportPart, logPart, layout} {
     desk.ArrangeForms(kFormOrder);
     Connect();
@@ -57,6 +59,7 @@ Program::Program(const Machine& lent, const std::string& workingDirectory)
     keyingPart.AddTo(told);
     voicePart.AddTo(told);
     spotsPart.AddTo(told);
+    viewsPart.AddTo(told);
     told.Add("gCtrlKeyTaken", keys.gCtrlKeyTaken);
 }
 

@@ -13,6 +13,7 @@
 #include "reports/reports_part.h"
 #include "rig/rig_part.h"
 #include "spots/spots_part.h"
+#include "views/views_part.h"
 #include "voice/voice_part.h"
 
 namespace tallyhut {
@@ -35,6 +36,7 @@ struct Program {
     KeyingPart keyingPart;
     VoicePart voicePart;
     SpotsPart spotsPart;
+    ViewsPart viewsPart;
 
     MainFormLayout layout;
     LookMenu look;

@@ -212,8 +212,18 @@ void Commands::Click(CommandWords& words) {
 
 void Commands::Hover(CommandWords& words) {
     Control& control = ActableControl(program.desk, words.Take("target").text);
+    std::optional<Point> pointer;
+    if (control.kind == ControlKind::Raster && !words.AtEnd()) {
+        const int x = words.TakeNumber("x");
+        pointer = {static_cast<double>(x), static_cast<double>(words.TakeNumber("y"))};
+    }
     words.CheckEnd();
-    program.desk.PostAction([this, &control] { program.desk.Call(control.MouseMove); });
+    program.desk.PostAction([this, &control, pointer] {
+        if (pointer) {
+            static_cast<Raster&>(control).pointer = *pointer;
+        }
+        program.desk.Call(control.MouseMove);
+    });
 }
 
 void Commands::Focus(CommandWords& words) {

@@ -140,7 +140,11 @@ struct Form1 : Form {
     MenuEntry mnuLookLight;
     MenuEntry mnuLookDark;
     MenuEntry mnuView;
+    MenuEntry mnuMap;
+    MenuEntry mnuPrivileges;
     MenuEntry mnuViewSpectrumMap;
+    MenuEntry mnuGraph;
+    MenuEntry mnuBandStats;
     MenuEntry mnuCWStrings;
     MenuEntry mnuRigTune;
     MenuEntry mnuReports;

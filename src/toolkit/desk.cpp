@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <utility>
 
+#include "toolkit/png.h"
+
 namespace tallyhut {
 
 using FormEvent = DeskOutlets::FormEvent;
@@ -112,6 +114,10 @@ void Desk::Announce(std::string_view words) const {
     if (outlets.announced) {
         outlets.announced(words);
     }
+}
+
+std::string Desk::PngOf(const Raster& picture) const {
+    return outlets.png ? outlets.png(picture) : tallyhut::PngOf(picture.Image());
 }
 
 void Desk::MoveFocus(Control& to) {

@@ -18,6 +18,8 @@ namespace tallyhut {
 
 /// The whole program in real time, with the call W1AW, a running clock and a source of spots that a test makes.
 struct SpotsProgram : testing::Test {
+    static constexpr const char* kNoWaves =
+        "\"\"\r\n\"\"\r\n\"\"\r\n\"\"\r\n\"\"\r\n\"\"\r\n\"\"\r\n\"\"\r\n\"\"\r\n\"0\"\r\n0\r\n\"0\"\r\n\"&H378\"\r\n";
     static constexpr auto kPatience = std::chrono::seconds{30};
     static constexpr int kTnc = 1;  // rows of the sources
     static constexpr int kCluster = 2;
@@ -32,6 +34,7 @@ struct SpotsProgram : testing::Test {
         preferences.gOwnCall = "W1AW";
         preferences.gBand = "20";
         folder.Write("nspref.txt", WritePreferences(preferences));
+        folder.Write("wave2.txt", kNoWaves);  // the start reads it before the spots' settings
         program = std::make_unique<ConsoleDriver>(folder.Path(), options);
         Do("click cmdLogOn");
     }

@@ -218,9 +218,9 @@ QRect BoxInPicture(const Control& control, const Place& frame, const QRect& room
         .toAlignedRect();
 }
 
-Sheet::Sheet(const QColor& ground, QWidget* parent) : QWidget{parent}, ground_{ground} {}
+PictureGround::PictureGround(const QColor& ground, QWidget* parent) : QWidget{parent}, ground_{ground} {}
 
-void Sheet::paintEvent(QPaintEvent* /*event*/) {
+void PictureGround::paintEvent(QPaintEvent* /*event*/) {
     QPainter{this}.fillRect(rect(), ground_);
 }
 

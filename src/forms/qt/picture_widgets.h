@@ -72,9 +72,9 @@ protected:
 QRect BoxInPicture(const Control& control, const Place& frame, const QRect& room);
 
 /// Lies under the controls of a picture, in one colour.
-class Sheet : public QWidget {
+class PictureGround : public QWidget {
 public:
-    Sheet(const QColor& ground, QWidget* parent);
+    PictureGround(const QColor& ground, QWidget* parent);
 
 protected:
     void paintEvent(QPaintEvent* event) override;

@@ -168,8 +168,8 @@ void MainFormKeys::Form_KeyPress(int& KeyAscii) {
         keying.messages.SendTyped(KeyAscii);
         return;
     }
-    KeyAscii = 0;  // no field may take it for the end of a duplicate's red line
-    const bool stopsVoice = IsPhone(log.contest.preferences) && voice.messages.StopsAtEsc();
+    KeyAscii = 0;                                         // no field may take it for the end of a duplicate's red line
+    const bool stopsVoice = voice.messages.StopsAtEsc();  // a test plays in a CW contest, too
     const bool stopsKeyer = keying.messages.StopsAtEsc();
     if (!stopsVoice && !stopsKeyer) {
         log.entry.cmdClear_Click();

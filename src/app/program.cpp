@@ -88,6 +88,10 @@ void Program::Connect() {
 }
 
 void Program::ConnectKeying() {
+    // What is on the air ends when the operator says so, and not when a duplicate's red line goes.
+    desk.isUrgent = [this](const Key& key) {
+        return key.code == kKeyEsc && (voicePart.messages.IsOnTheAir() || keyingPart.sender.gCWSending != 0);
+    };
     startUp.readCwMessages = [this] { keyingPart.ReadMessages(); };
     logPart.form1.Form_QueryUnload = [this](bool& Cancel) { Cancel = !keyingPart.MayClose(); };
     keyingPart.sender.over = [this] {

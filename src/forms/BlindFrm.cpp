@@ -12,8 +12,8 @@ constexpr double kButtonsTop = 3960;
 constexpr double kSmallText = 8;
 
 constexpr std::string_view kAlways =
-    "The warning of a duplicate is spoken at every level; that of a needed section follows Appearance, Audio Alert of "
-    "Needed Spots.";
+    "The warning of a duplicate is spoken at every level; that of a needed section where Appearance, Color "
+    "Needed DX Spots Green and Audio Alert of Needed Spots are both on.";
 constexpr std::string_view kFiles =
     "The navigation audio wave files must be added to the working directory of this program.";
 constexpr std::string_view kShipped =

@@ -26,7 +26,8 @@ struct WavePlayer {
     /// Silence, and no file is open.
     virtual void Close() = 0;
     /// kPlaying from Play to the last sample's way out of the loudspeaker, unless something ended the playing before;
-    /// at the latest a second longer than the file, whatever the sound system does. Else 0.
+    /// at the latest a second longer than the file, counted from its first sample on, or from Play until that is
+    /// asked for. Else 0.
     virtual int Mode() const = 0;
     /// Of the open file, the last millisecond counted whole; 0 if there is none.
     virtual std::chrono::milliseconds Length() const = 0;

@@ -414,7 +414,9 @@ bool Desk::RunOperatorEvent() {
     }
     auto next = operatorEvents_.begin();
     if (HeldUntil()) {  // only keys wait; what the mouse does acts at once
-        next = std::ranges::find_if(operatorEvents_, [](const OperatorEvent& event) { return !event.key; });
+        next = std::ranges::find_if(operatorEvents_, [this](const OperatorEvent& event) {
+            return !event.key || (isUrgent && isUrgent(*event.key));
+        });
     }
     if (next == operatorEvents_.end()) {
         return false;

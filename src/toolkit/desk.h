@@ -59,6 +59,8 @@ struct Desk {
     std::function<void(const std::exception&)> onFatal;
     /// Tells the operator of what the machine refused; the program goes on as it was.
     std::function<void(const PlatformError&)> onFailure;
+    /// Whether the key is delivered at once, also where a key before it is held back.
+    std::function<bool(const Key&)> isUrgent;
 
     const std::vector<Form*>& Forms() const { return forms_; }
     Form* FindForm(std::string_view name) const;

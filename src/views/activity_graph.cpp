@@ -228,7 +228,7 @@ void ActivityGraph::picGraph_MouseMove() {
     const bool within = isDrawn && share >= 0 && share <= 1;
     form.LineHover.SetVisible(within);
     if (!within) {
-        form.lblHover.SetCaption("");
+        form.lblHover.SetCaption(isDrawn ? "" : form.lblHover.Caption());  // why there is no curve stays told
         return;
     }
     const int position = std::max(static_cast<int>(std::lround(share * RateCurve::kPositions)), 1);

@@ -221,6 +221,7 @@ void MapOfSections::lblCounty_MouseMove(int index) {
 }
 
 void MapOfSections::TellRegion(const MapRegion* region) {
+    ShowCounts();  // contacts may have been logged since
     std::string told;
     if (region != nullptr) {
         const int section = contest.sections.Find(region->code);

@@ -59,9 +59,12 @@ Colour GroundOf(std::string_view word) {
     return word == kCw ? kCwGround : kPhoneGround;
 }
 
-/// What is allowed on a frequency of a band that the class may use some of.
-std::string WordAt(const LicenceBand& band, float frequency) {
+/// What is allowed on a frequency of a band that the class may use some of. On a channel for upper sideband the radio
+/// shows the carrier, which lies below all of the signal. Source: 47 CFR 97.303(h), the dial 1.5 kHz below the middle.
+std::string WordAt(const LicenceBand& band, float dial) {
+    constexpr float kToTheMiddle = 0.0015F;
     for (const LicenceSegment& segment : band.segments) {
+        const float frequency = segment.word == "USB" ? dial + kToTheMiddle : dial;
         if (frequency >= std::min(segment.Low, segment.High) && frequency <= std::max(segment.Low, segment.High)) {
             return segment.word;
         }

@@ -40,6 +40,8 @@ struct PhoneMessages {
     void tmrRepeat_Elapsed();
     /// Lets the transmitter go where nothing plays any more; for waits in which no timer runs.
     void LetGoWhenOver();
+    /// A message is playing.
+    bool IsOnTheAir() const { return player.Mode() == WavePlayer::kPlaying; }
     /// Nothing is played or keyed any more, at once.
     void Silence();
     /// The path of a key's file; empty where it has none.

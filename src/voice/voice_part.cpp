@@ -55,11 +55,15 @@ void VoicePart::BindMessages() {
     for (const PhoneKey& key : kPhoneKeys) {
         (form.*key.browse).Click = [this, &key] { selections.Browse_Click(key); };
         TextBox& file = form.*key.file;
+        file.KeyPress = WaveSelections::File_KeyPress;
         file.Change = [&file] { file.SetToolTip(file.Text()); };  // a path is longer than its field
     }
     form.Timer1.Elapsed = [this] { messages.Timer1_Elapsed(); };
     form.tmrRepeat.Elapsed = [this] { messages.tmrRepeat_Elapsed(); };
-    form.Command11.Click = [this] { selections.Command11_Click(); };
+    form.Command11.Click = [this] {
+        recording.Stop();  // it would record the message
+        selections.Command11_Click();
+    };
     form.Command12.Click = [this] { selections.Command12_Click(); };
     form.Command1.Click = [this] {
         recording.Stop();
@@ -84,7 +88,12 @@ void VoicePart::BindRecording() {
     form.cmdStopRecord.Click = [this] { recording.cmdStopRecord_Click(); };
     form.cmdPlayBack.Click = [this] { recording.cmdPlayBack_Click(); };
     form.tmrLevel.Elapsed = [this] { recording.tmrLevel_Elapsed(); };
-    form.Form_KeyPress = [this](int& KeyAscii) { recording.PhoneFrm_KeyPress(KeyAscii); };
+    form.Form_KeyPress = [this](int& KeyAscii) {
+        recording.PhoneFrm_KeyPress(KeyAscii);
+        if (KeyAscii == kKeyEsc && messages.StopsAtEsc()) {
+            KeyAscii = 0;  // a second one closes the form
+        }
+    };
 }
 
 void VoicePart::BindPrompts(LogPart& log) {

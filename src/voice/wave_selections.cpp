@@ -12,6 +12,10 @@ namespace tallyhut {
 namespace {
 
 constexpr const char* kFileName = "wave2.txt";
+const MessageBox kQuoteBox{.title = "Browse",
+                           .text = "A file whose name holds a quote cannot be chosen. Please rename it first.",
+                           .buttons = Buttons::OK,
+                           .icon = Icon::Exclamation};
 constexpr double kRepeatLimit = 60;           // seconds, of what is typed
 constexpr double kLongestRepeat = 2'000'000;  // of what stands in the file: as long as a timer counts
 constexpr double kMsASecond = 1000;
@@ -95,10 +99,15 @@ void WaveSelections::ShowPorts() {
 void WaveSelections::Browse_Click(const PhoneKey& key) {
     const FileRequest request{.filter = "(*.wav)|*.wav", .folder = directories.WorkingDirectory};
     const std::optional<std::string> chosen = messages.dialogs.OpenFile(request);
-    if (chosen) {
-        (form.*key.file).SetText(*chosen);
-        form.Command1.SetFocus();
+    if (!chosen) {
+        return;
     }
+    if (chosen->find('"') != std::string::npos) {
+        messages.dialogs.Show(kQuoteBox);
+        return;
+    }
+    (form.*key.file).SetText(*chosen);
+    form.Command1.SetFocus();
 }
 
 void WaveSelections::Command11_Click() {
@@ -127,6 +136,12 @@ void WaveSelections::Text10_LostFocus() {
     }
     messages.PhoneSetup();
     ShowPorts();
+}
+
+void WaveSelections::File_KeyPress(int& KeyAscii) {
+    if (KeyAscii == '"') {
+        KeyAscii = 0;
+    }
 }
 
 void WaveSelections::txtPHLoop_KeyPress(int& KeyAscii) {

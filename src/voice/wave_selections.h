@@ -31,6 +31,8 @@ struct WaveSelections {
     void Command1_Click();
 
     void Text10_LostFocus();
+    /// A quote would not come through the file.
+    static void File_KeyPress(int& KeyAscii);
     static void txtPHLoop_KeyPress(int& KeyAscii);
     void txtPHLoop_LostFocus();
 

@@ -1,5 +1,8 @@
 #include "views/privileges.h"
 
+#include <fstream>
+#include <sstream>
+
 #include "tests/views/views_fixture.h"
 
 namespace tallyhut {
@@ -206,6 +209,19 @@ TEST_F(PrivilegesTest, CtrlFOpensItAndTypesNothing) {
     Press("Ctrl+F");
     EXPECT_TRUE(Plan().IsActive());
     EXPECT_EQ(Fields(), "||||");
+}
+
+TEST_F(PrivilegesTest, AChannelOfUpperSidebandIsKnownByItsDial) {
+    std::ifstream file{TALLYHUT_DATA "/BandPlan.txt"};
+    std::stringstream text;
+    text << file.rdbuf();
+    OpenPlan(text.str());
+    for (const float dial : {5.3305F, 5.3465F, 5.3715F, 5.4035F}) {
+        TellRadio(dial);
+        EXPECT_TRUE(Plan().lblRadio.Caption().ends_with("  USB")) << Plan().lblRadio.Caption();
+    }
+    TellRadio(5.34F);
+    EXPECT_TRUE(Plan().lblRadio.Caption().ends_with("  no privilege")) << Plan().lblRadio.Caption();
 }
 
 TEST_F(PrivilegesTest, ThePresentFrequencyIsMarkedOnItsBandWhileARadioIsPolled) {

@@ -494,6 +494,40 @@ TEST_F(PhoneMessagesTest, EscAtEveryMomentLeavesNothingDown) {
     }
 }
 
+TEST_F(PhoneMessagesTest, EscIsNotHeldBackBehindALetterOfADuplicate) {
+    StartKeyed();
+    Type("88aw1xx72mdc");
+    Press("Enter");
+    Type("5bw1xx");
+    Press("Tab");
+    ASSERT_EQ(program->duplicates.gIsDupe, 1);
+    Press("F1");
+    Type("x");
+    ASSERT_TRUE(IsPlaying());
+    Press("Esc");
+    EXPECT_FALSE(IsPlaying());
+    Pass(60);
+    EXPECT_FALSE(IsKeyDown());
+}
+
+TEST_F(PhoneMessagesTest, EscEndsATestInACwContestToo) {
+    stored.gContestMode = 0;
+    StartKeyed();
+    Phone().Show();
+    Click(Phone().Command11);
+    ASSERT_TRUE(IsPlaying());
+    Press("Esc");
+    EXPECT_FALSE(IsPlaying());
+    EXPECT_TRUE(Phone().IsVisible()) << "a second Esc closes the form";
+    Click(Phone().Command11);
+    Phone().Hide();
+    ASSERT_TRUE(IsPlaying());
+    Press("Esc");
+    EXPECT_FALSE(IsPlaying());
+    Pass(60);
+    EXPECT_FALSE(IsKeyDown());
+}
+
 TEST_F(PhoneMessagesTest, ThousandFunctionKeysInAMinute) {
     StartKeyed();
     RepeatEvery("0.02");

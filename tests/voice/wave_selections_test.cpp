@@ -297,5 +297,17 @@ TEST_F(StopTest, InThePauseTheCycleGoesOn) {
     EXPECT_EQ(Messages().gPhoneRepeat, 1);
 }
 
+TEST_F(WaveSelectionsTest, QuoteComesIntoNoFileName) {
+    StartPhone();
+    Phone().Show();
+    Phone().Text4.SetFocus();
+    Type("\"");
+    EXPECT_EQ(Phone().Text4.Text(), "");
+    dialogs.files = {"/contest/a\"b.wav"};
+    Click(Phone().Command5);
+    EXPECT_EQ(Phone().Text4.Text(), "");
+    EXPECT_FALSE(dialogs.boxes.empty());
+}
+
 }  // namespace
 }  // namespace tallyhut

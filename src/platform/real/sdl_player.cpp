@@ -39,7 +39,7 @@ struct Take {
         : samples{std::move(waveSamples)}, begun{now}, lastAsked{now} {}
 
     const std::shared_ptr<const WaveSamples> samples;
-    const Moment begun;
+    Moment begun;             // of Play, then of the first sample that the device asked for
     std::uint64_t given = 0;  // bytes; the device's thread's own
     Moment lastAsked;
     std::optional<Moment> spent = {};  // when the device had all
@@ -81,6 +81,7 @@ void SdlPlayer::Playback::Give(const SampleFormat& format, Uint8* samples, std::
         const Moment now = SteadyClock::now();
         if (take != nullptr && !take->spent && take->samples->format == format && GoesOn(*take, now)) {
             playing = take;
+            playing->begun = playing->given == 0 ? now : playing->begun;
             playing->lastAsked = now;
         }
     }

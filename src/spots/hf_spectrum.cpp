@@ -150,14 +150,7 @@ void HfSpectrum::DrawQuarter(const std::vector<Mark>& marks, int band, double fr
 }
 
 void HfSpectrum::lblDXSpot_MouseDown(int Index, MouseButton Button) {
-    Spot& spot = table.Row(Index);
-    if (Button == kRightButton) {
-        float frequency = spot.SpotFreq;
-        const std::string call = spot.SpotCall;
-        rig.ChangeFrequency(frequency);
-        WorkSpot(panel, call);
-    } else {
-        spot.SpotFreq = 0;
+    if (!Worked(table.Row(Index), Button, panel, rig)) {
         BandMapLabelDisplay();
     }
 }

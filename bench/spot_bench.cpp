@@ -36,8 +36,8 @@ struct Spotting : LoadedProgram {
         const int n = count_++;
         const double kilohertz = kBands.at(static_cast<std::size_t>(n / 8) % kBands.size()) + n * 7 % 200;
         const std::string section = n % 3 == 0 ? std::string{SectionTable::SectionCode(n % 83 + 1)} : "";
-        return "DX de K3LR:" + PadLeft(FormatNumber(kilohertz, "####0.0"), 13) + "  " + PadRight("W9" + CallOf(n).substr(2), 13) +
-               PadRight("CQ SS " + section, 31) + "2104Z FN31\r\n";
+        return "DX de K3LR:" + PadLeft(FormatNumber(kilohertz, "####0.0"), 13) + "  " +
+               PadRight("W9" + CallOf(n).substr(2), 13) + PadRight("CQ SS " + section, 31) + "2104Z FN31\r\n";
     }
     void Post() { spots.transports.received(NextLine()); }
 
@@ -58,6 +58,16 @@ void PostToTableMapsAndMarks(benchmark::State& state) {
     state.counters["listed"] = static_cast<double>(spotting.spots.posts.listed.size());
 }
 BENCHMARK(PostToTableMapsAndMarks)->ArgName("contacts")->Arg(0)->Arg(kFull)->Unit(benchmark::kMicrosecond);
+
+/// The first post behind a logged contact: all calls of the map are asked about anew.
+void PostBehindAContact(benchmark::State& state) {
+    Spotting spotting{kFull};
+    for (auto _ : state) {
+        spotting.program.log.Row(1).Call = "W1AW";
+        spotting.Post();
+    }
+}
+BENCHMARK(PostBehindAContact)->Unit(benchmark::kMicrosecond);
 
 void MarksOfNeededSections(benchmark::State& state) {
     Spotting spotting{0};

@@ -12,6 +12,7 @@
 #include <string_view>
 #include <vector>
 
+#include "bench/data_file.h"
 #include "bench/full_log.h"
 #include "forms/qt/program_style.h"
 #include "forms/qt/qt_clipboard.h"
@@ -157,6 +158,121 @@ void FunctionKeyToKeyDown(benchmark::State& state) {
     state.counters["marks"] = static_cast<double>(times.taken.size());
 }
 BENCHMARK(FunctionKeyToKeyDown)->Iterations(300)->Unit(benchmark::kMillisecond);
+
+/// The window on 20 metres with a source of spots, the map of all bands shown beside it or not, and a full table.
+struct SpottingWindow : WindowProgram {
+    explicit SpottingWindow(bool bothMaps) {
+        program.preferences.gBand = "20";
+        program.preferences.gColorNeededSpots = 1;
+        spots.form.Load();
+        spots.link.type = kTelnet;
+        spots.PacketResize();
+        if (bothMaps) {
+            spots.spectrumForm.Show();
+        }
+        for (int i = 0; i <= SpotTable::kNewest; ++i) {
+            Post();
+        }
+        Settle();
+    }
+    /// Of a call that is in no log, every third with a section.
+    void Post() {
+        const int n = count_++;
+        const std::string section = n % 3 == 0 ? std::string{SectionTable::SectionCode(n % 83 + 1)} : "";
+        const std::string call = "W9" + CallOf(n).substr(2);
+        const std::string kilohertz = std::to_string(14'000 + n * 7 % 350);
+        spots.transports.received("DX de K3LR:      " + kilohertz + ".0  " + call + std::string(8, ' ') + "CQ SS " +
+                                  section + std::string(40 - section.size() - 9, ' ') + "2104Z FN31\r\n");
+    }
+    /// Shows what has changed and paints it, and nothing else.
+    void Paint() {
+        program.desk.RunPending();
+        pump.Collect();
+    }
+
+    SpotsPart& spots = program.spotsPart;
+
+private:
+    int count_ = 0;
+};
+
+void PostToPixels(benchmark::State& state) {
+    SpottingWindow window{state.range(0) == 1};
+    Times times;
+    for (auto _ : state) {
+        times.Take([&window] {
+            window.Post();
+            window.Paint();
+        });
+    }
+    times.Tell(state);
+}
+BENCHMARK(PostToPixels)->ArgName("bothMaps")->Arg(0)->Arg(1)->Iterations(300)->Unit(benchmark::kMillisecond);
+
+/// Every label of the map of the band moves on by one spot.
+void RedrawOfTheMapToPixels(benchmark::State& state) {
+    SpottingWindow window{state.range(0) == 1};
+    Times times;
+    for (auto _ : state) {
+        const Spot oldest = window.spots.table.Row(0);
+        window.spots.table.Shift();
+        window.spots.table.Newest() = oldest;
+        times.Take([&window] {
+            window.spots.bandMap.DisplayBandMapLabels();
+            if (window.spots.spectrumForm.IsVisible()) {
+                window.spots.spectrum.BandMapLabelDisplay();
+            }
+            window.Paint();
+        });
+    }
+    times.Tell(state);
+}
+BENCHMARK(RedrawOfTheMapToPixels)->ArgName("bothMaps")->Arg(0)->Arg(1)->Iterations(300)->Unit(benchmark::kMillisecond);
+
+/// From the call for a form to the last of its pixels, those of the map that its timer paints included.
+template <typename FormKind>
+void OpenToPixels(benchmark::State& state, FormKind ViewsPart::*which) {
+    WindowProgram window;
+    window.files.Put("/contest/BandPlan.txt", DataFile("BandPlan.txt"));
+    window.files.Put("/data/section_map.txt", DataFile("section_map.txt"));
+    Form& form = window.program.viewsPart.*which;
+    Times times;
+    for (auto _ : state) {
+        times.Take([&] {
+            form.Show();
+            do {
+                window.program.desk.RunPending();
+                window.pump.Collect();
+            } while (window.program.viewsPart.mapForm.IsVisible() && window.program.viewsPart.mapForm.Timer1.Enabled());
+            window.host.WindowOf(form)->repaint();
+        });
+        state.PauseTiming();
+        form.Unload();
+        window.Settle();
+        state.ResumeTiming();
+    }
+    times.Tell(state);
+}
+
+void StatisticsToPixels(benchmark::State& state) {
+    OpenToPixels(state, &ViewsPart::statsForm);
+}
+BENCHMARK(StatisticsToPixels)->Iterations(50)->Unit(benchmark::kMillisecond);
+
+void PrivilegesToPixels(benchmark::State& state) {
+    OpenToPixels(state, &ViewsPart::planForm);
+}
+BENCHMARK(PrivilegesToPixels)->Iterations(50)->Unit(benchmark::kMillisecond);
+
+void GraphToPixels(benchmark::State& state) {
+    OpenToPixels(state, &ViewsPart::graphForm);
+}
+BENCHMARK(GraphToPixels)->Iterations(50)->Unit(benchmark::kMillisecond);
+
+void MapToPixels(benchmark::State& state) {
+    OpenToPixels(state, &ViewsPart::mapForm);
+}
+BENCHMARK(MapToPixels)->Iterations(50)->Unit(benchmark::kMillisecond);
 
 }  // namespace
 }  // namespace tallyhut

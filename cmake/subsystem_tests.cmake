@@ -3,7 +3,7 @@ include(GoogleTest)
 # add_subsystem_tests(<target> <source>... [LIBRARIES <target>...])
 # One test program <target>_tests.
 # LABEL <label>: what ctest selects its tests by: unit, which is what they are if nothing is said; realtime where they take
-# their time; screen where they draw windows.
+# their time; threads where they do and the thread sanitizer looks at them too; screen where they draw windows.
 # LOCK <name>: tests of one name run one at a time.
 function(add_subsystem_tests target)
     cmake_parse_arguments(PARSE_ARGV 1 arg "" "LABEL;LOCK" "LIBRARIES")

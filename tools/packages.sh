@@ -1,10 +1,11 @@
-# What the machine must have, by Debian package. Sourced by ./run, ./test and tools/package.
+# What the machine must have, by Debian package. Sourced by ./run, ./test and the scripts beside.
 
-build_packages="g++ cmake ninja-build ccache qt6-base-dev qt6-svg-dev libgl-dev nlohmann-json3-dev"
+build_packages="g++ cmake ninja-build ccache qt6-base-dev qt6-svg-dev libgl-dev nlohmann-json3-dev libsdl2-dev libpng-dev"
 run_packages="qt6-qpa-plugins fonts-dejavu-core xdg-utils"
 package_packages="dpkg-dev"
 test_packages="libgtest-dev qt6-base-private-dev libx11-dev xvfb xauth xdotool x11-utils imagemagick strace poppler-utils sox multimon-ng direwolf dbus-daemon at-spi2-core orca"
 check_packages="clang-format-14 clang-tidy-14"
+prompt_packages="espeak-ng sox"
 
 # Installs what is missing of the named packages, as root or through sudo; says nothing when all are there.
 install_packages() {

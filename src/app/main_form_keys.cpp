@@ -13,6 +13,7 @@ enum class Where {
     Anywhere,
     Keyed,     ///< in a CW contest whose messages are keyed
     Keyboard,  ///< where what is typed is sent
+    Spoken,    ///< in a phone contest
 };
 
 constexpr int kWithoutCtrl = -1;  ///< any Shift state but with Ctrl
@@ -34,6 +35,15 @@ constexpr KeyRow KeyerKeys(int first, int last, void (*action)(MainFormKeys& key
     return {first, last, kWithoutCtrl, Where::Keyed, action, goesOn};
 }
 
+constexpr KeyRow MessageKeys(int first, int last, bool goesOn) {
+    return {first,
+            last,
+            kWithoutCtrl,
+            Where::Spoken,
+            [](MainFormKeys& keys, int& KeyCode) { keys.voice.messages.FKeyPhone(KeyCode); },
+            goesOn};
+}
+
 /// A button with the focus would take these two for itself.
 constexpr KeyRow TypedKey(int code) {
     return {code,
@@ -52,6 +62,8 @@ void ShowMessages(MainFormKeys& keys, int& /*KeyCode*/) {
 }
 
 constexpr std::array kKeys{
+    MessageKeys(kKeyF1, kKeyF10 - 1, true),
+    MessageKeys(kKeyF10, kKeyF10, false),
     TypedKey(kKeySpace),
     TypedKey(kKeyEnter),
     CtrlKey(
@@ -60,7 +72,11 @@ constexpr std::array kKeys{
     CtrlKey(
         'D', [](MainFormKeys& keys, int&) { keys.spots.form.Show(); }, true),
     CtrlKey(
+        'F', [](MainFormKeys& keys, int&) { keys.views.planForm.Show(); }, true),
+    CtrlKey(
         'G', [](MainFormKeys& keys, int&) { keys.rig.tuneForm.Show(); }, false),
+    CtrlKey(
+        'P', [](MainFormKeys& keys, int&) { keys.voice.form.Show(); }, true),
     CtrlKey(
         'R', [](MainFormKeys& keys, int&) { keys.rig.rigForm.Show(); }, true),
     CtrlKey('S', ShowMessages, true),
@@ -113,6 +129,8 @@ bool Counts(Where where, const CwMessages& messages) {
             return messages.TakesKeys();
         case Where::Keyboard:
             return messages.TakesTyping();
+        case Where::Spoken:
+            return IsPhone(messages.preferences);
         case Where::Anywhere:
             break;
     }
@@ -125,7 +143,7 @@ bool Counts(Where where, const CwMessages& messages) {
 /// be swallowed.
 void MainFormKeys::Form_KeyDown(int& KeyCode, int Shift) {
     gCtrlKeyTaken = Shift == kCtrl && KeyCode >= 'A' && KeyCode <= 'Z';
-    keying.messages.EndRepeat();
+    EndRepeats();
     for (const KeyRow& row : kKeys) {
         if (Fits(row, KeyCode, Shift) && Counts(row.where, keying.messages)) {
             row.action(*this, KeyCode);
@@ -133,6 +151,11 @@ void MainFormKeys::Form_KeyDown(int& KeyCode, int Shift) {
             return;
         }
     }
+}
+
+void MainFormKeys::EndRepeats() {
+    keying.messages.EndRepeat();
+    voice.messages.EndRepeat();
 }
 
 void MainFormKeys::Form_KeyPress(int& KeyAscii) {
@@ -145,8 +168,10 @@ void MainFormKeys::Form_KeyPress(int& KeyAscii) {
         keying.messages.SendTyped(KeyAscii);
         return;
     }
-    KeyAscii = 0;  // no field may take it for the end of a duplicate's red line
-    if (!keying.messages.StopsAtEsc() && !IsPhone(log.contest.preferences)) {
+    KeyAscii = 0;                                         // no field may take it for the end of a duplicate's red line
+    const bool stopsVoice = voice.messages.StopsAtEsc();  // a test plays in a CW contest, too
+    const bool stopsKeyer = keying.messages.StopsAtEsc();
+    if (!stopsVoice && !stopsKeyer) {
         log.entry.cmdClear_Click();
     }
 }

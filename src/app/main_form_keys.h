@@ -4,6 +4,8 @@
 #include "log/log_part.h"
 #include "rig/rig_part.h"
 #include "spots/spots_part.h"
+#include "views/views_part.h"
+#include "voice/voice_part.h"
 
 namespace tallyhut {
 
@@ -12,10 +14,14 @@ struct MainFormKeys {
     LogPart& log;
     RigPart& rig;
     KeyingPart& keying;
+    VoicePart& voice;
     SpotsPart& spots;
+    ViewsPart& views;
 
     bool gCtrlKeyTaken = false;  ///< the press that goes with this key is swallowed
 
+    /// Any key ends the repeat of a message.
+    void EndRepeats();
     void Form_KeyDown(int& KeyCode, int Shift);
     void Form_KeyPress(int& KeyAscii);
 };

@@ -14,7 +14,8 @@ constexpr std::string_view kUsage = R"(usage: tallyhut [--directory DIR | --choo
                 [--port N=DEVICE] [--agw HOST:PORT]
        tallyhut --console [--directory DIR] [--clock 2026-11-07T21:04:33]
                 [--utc-offset HOURS] [--screen WxH[,WORKxAREA]]
-                [--port N=DEVICE|sim] [--parallel sim] [--agw HOST:PORT]
+                [--port N=DEVICE|sim] [--parallel sim] [--sound sim]
+                [--agw HOST:PORT] [--seed N]
 
 Tallyhut Log, a contest logger for the ARRL November Sweepstakes.
 
@@ -31,8 +32,8 @@ Tallyhut Log, a contest logger for the ARRL November Sweepstakes.
                      for this run; (console) N=sim is a simulated one
   --agw HOST:PORT    the packet engine that spots come from, for this run
   --parallel sim     (console) simulated parallel ports at every address
-  --sound sim, --seed N
-                     devices of scripted runs
+  --sound sim        (console) sound that nobody hears, as long as its files
+  --seed N           (console) the same random numbers in each run
   --help, --version
 )";
 
@@ -92,6 +93,13 @@ void TakeParallel(Options& options, const std::string& text) {
     options.simulatesParallel = true;
 }
 
+void TakeSound(Options& options, const std::string& text) {
+    if (text != "sim") {
+        throw ValueError{"--sound wants sim, not " + text};
+    }
+    options.simulatesSound = true;
+}
+
 void TakeAgwEngine(Options& options, const std::string& text) {
     constexpr int kHighestPort = 65'535;
     const std::size_t colon = text.rfind(':');
@@ -127,9 +135,6 @@ struct ValueOption {
     void (*take)(Options&, const std::string&);
 };
 
-/// The devices of scripted runs are taken by the parts that drive them; a run without those parts has no use for them.
-constexpr auto kNoUse = [](Options& /*options*/, const std::string& /*value*/) {};
-
 constexpr std::array kValueOptions{
     ValueOption{"--directory", [](Options& options, const std::string& value) { options.directory = value; }},
     ValueOption{"--clock", [](Options& options, const std::string& value) { options.clock = ParseClock(value); }},
@@ -138,7 +143,7 @@ constexpr std::array kValueOptions{
     ValueOption{"--screen", TakeScreen},
     ValueOption{"--port", TakePort},
     ValueOption{"--parallel", TakeParallel},
-    ValueOption{"--sound", kNoUse},
+    ValueOption{"--sound", TakeSound},
     ValueOption{"--agw", TakeAgwEngine},
     ValueOption{"--seed", TakeSeed},
 };

@@ -23,9 +23,10 @@ struct Options {
     std::map<int, std::string> ports;      ///< the device of a serial port by its number, or "sim"
     std::optional<std::string> agwEngine;  ///< HOST:PORT
     bool simulatesParallel = false;        ///< parallel ports
-    std::optional<std::uint32_t> seed;     ///< of random numbers
-    std::optional<ScreenSize> screen;      ///< pixels of the simulated screen
-    std::optional<ScreenSize> workArea;    ///< likewise
+    bool simulatesSound = false;
+    std::optional<std::uint32_t> seed;   ///< of random numbers
+    std::optional<ScreenSize> screen;    ///< pixels of the simulated screen
+    std::optional<ScreenSize> workArea;  ///< likewise
 };
 
 /// Throws ValueError, saying which argument cannot be taken and why. The program's own name is not among the arguments.

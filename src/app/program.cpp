@@ -15,10 +15,11 @@ constexpr const char* kProgramTitle = "Tallyhut Log";
 constexpr const char* kTimeNotSaved = "Not all of the operating time could be saved. ";
 
 /// In which order the forms are listed, and unloaded at the end.
-constexpr std::array<std::string_view, 16> kFormOrder{
-    "Form1",    "frmSplash",    "frmQ7ZZQLogo",  "frmEditCon",    "frmStationID", "Form2",
-    "frmPorts", "Form5",        "Form6",         "RigControlfrm", "frmRigTune",   "frmFrequencyTest",
-    "CWFrm",    "frmCWStrings", "PacketSpotfrm", "SpectrumMap",
+constexpr std::array<std::string_view, 22> kFormOrder{
+    "Form1",      "frmSplash",   "frmQ7ZZQLogo", "frmEditCon",    "frmStationID",  "Form2",
+    "frmPorts",   "Form5",       "Form6",        "RigControlfrm", "frmRigTune",    "frmFrequencyTest",
+    "PhoneFrm",   "CWFrm",       "frmCWStrings", "BlindFrm",      "PacketSpotfrm", "SpectrumMap",
+    "SectionMap", "frmBandPlan", "GraphQSO",     "frmbndstats",
 };
 
 std::string AlreadyRunning(const std::string& folder) {
@@ -37,11 +38,13 @@ Program::Program(const Machine& lent, const std::string& workingDirectory)
       reportsPart{machine, desk, supportPart, logPart},
       rigPart{machine, desk, supportPart, logPart},
       keyingPart{machine, desk, supportPart, logPart},
+      voicePart{machine, desk, supportPart, logPart},
       spotsPart{machine, desk, supportPart, logPart, rigPart},
+      viewsPart{machine, desk, supportPart, logPart, rigPart},
       layout{logPart.form1, lent.screen, logPart.contest.preferences, logPart.preferencesFile},
       look{logPart.form1, lent.settings},
       folderChoice{lent.files, lent.dialogs, lent.settings, lent.environment},
-      keys{logPart, rigPart, keyingPart, spotsPart},
+      keys{logPart, rigPart, keyingPart, voicePart, spotsPart, viewsPart},
       startUp{machine, supportPart, logPart, layout} {
     desk.ArrangeForms(kFormOrder);
     Connect();
@@ -54,7 +57,9 @@ Program::Program(const Machine& lent, const std::string& workingDirectory)
     logPart.AddTo(told);
     rigPart.AddTo(told);
     keyingPart.AddTo(told);
+    voicePart.AddTo(told);
     spotsPart.AddTo(told);
+    viewsPart.AddTo(told);
     told.Add("gCtrlKeyTaken", keys.gCtrlKeyTaken);
 }
 
@@ -79,9 +84,14 @@ void Program::Connect() {
     layout.PacketResize = [this] { spotsPart.PacketResize(); };
     startUp.openRigPort = [this] { rigPart.OpenPort(); };
     ConnectKeying();
+    ConnectVoice();
 }
 
 void Program::ConnectKeying() {
+    // What is on the air ends when the operator says so, and not when a duplicate's red line goes.
+    desk.isUrgent = [this](const Key& key) {
+        return key.code == kKeyEsc && (voicePart.messages.IsOnTheAir() || keyingPart.sender.gCWSending != 0);
+    };
     startUp.readCwMessages = [this] { keyingPart.ReadMessages(); };
     logPart.form1.Form_QueryUnload = [this](bool& Cancel) { Cancel = !keyingPart.MayClose(); };
     keyingPart.sender.over = [this] {
@@ -89,24 +99,44 @@ void Program::ConnectKeying() {
             RequestClose();
         }
     };
-    logPart.form1.Form_AnyKey = [this] { keyingPart.messages.EndRepeat(); };
+    logPart.form1.Form_AnyKey = [this] { keys.EndRepeats(); };
     logPart.duplicates.typingIsSent = [this] { return keyingPart.messages.TakesTyping(); };
     keyingPart.stringsForm.Form_KeyDown = [this](int& KeyCode, int Shift) { keys.Form_KeyDown(KeyCode, Shift); };
     keyingPart.stringsForm.Form_KeyPress = [this](int& KeyAscii) { keys.Form_KeyPress(KeyAscii); };
-    // Rig and keyer often share one cable.
-    keyingPart.line.lentPort = [this](int number) -> std::optional<LentPort> {
-        const RigSetup& rig = rigPart.rigSetup;
-        if (!rigPart.comComm1->IsOpen() || !AreOneDevice(machine, rig.openNumber, number)) {
-            return std::nullopt;
-        }
-        return LentPort{.port = *rigPart.comComm1, .dtrIsTaken = rig.TakesDtr(), .rtsIsTaken = rig.TakesRts()};
-    };
     rigPart.rigSetup.portIsTaken = [this](int number) {
-        KeyLine& line = keyingPart.line;
-        if (line.lent || (line.IsOpen() && AreOneDevice(machine, line.openNumber, number))) {
-            line.Close();
+        FreePort(keyingPart.line, number);
+        FreePort(voicePart.line, number);
+    };
+    keyingPart.line.lentPort = [this](int number) { return RadioPort(number); };
+    keyingPart.line.closeOther = [this] { voicePart.line.Close(); };
+    keyingPart.winKey.closePhonePort = [this] { voicePart.line.Close(); };
+}
+
+void Program::ConnectVoice() {
+    startUp.readVoiceSettings = [this] { voicePart.selections.ReadSettings(); };
+    voicePart.line.lentPort = [this](int number) { return RadioPort(number); };
+    voicePart.line.closeOther = [this] { keyingPart.line.Close(); };
+    voicePart.line.closeKeyer = [this](int /*number*/) {
+        if (keyingPart.messages.gWKVersion > 0) {
+            keyingPart.winKey.cmdCloseWinkey_Click();
         }
     };
+}
+
+/// Rig and keys often share one cable: the radio's port, where it is the device of the number.
+std::optional<LentPort> Program::RadioPort(int number) const {
+    const RigSetup& rig = rigPart.rigSetup;
+    if (!rigPart.comComm1->IsOpen() || !AreOneDevice(machine, rig.openNumber, number)) {
+        return std::nullopt;
+    }
+    return LentPort{.port = *rigPart.comComm1, .dtrIsTaken = rig.TakesDtr(), .rtsIsTaken = rig.TakesRts()};
+}
+
+/// The radio is about to take the port.
+void Program::FreePort(KeyLine& line, int number) const {
+    if (line.lent || (line.IsOpen() && AreOneDevice(machine, line.openNumber, number))) {
+        line.Close();
+    }
 }
 
 /// The first step of a form's load, whatever else it does: to be called when the form's own is bound.
@@ -175,6 +205,7 @@ void Program::Form1_Unload() {
 
 /// Who wants to leave is not kept here by a disk that is full, but hears what it has cost.
 void Program::EndWithTime(bool withTotal) {
+    voicePart.messages.Silence();
     try {
         logPart.time.CloseAtExit(withTotal);
     } catch (const PlatformError& failure) {
@@ -224,6 +255,7 @@ void Program::EndForFailure(const std::string& text) {
 
 /// The operating time first, as far as that can be done, so that one box says all.
 void Program::TellFatal(const std::exception& failure) {
+    voicePart.messages.Silence();  // no timer will let the transmitter go while the box stands
     std::string text = std::string{"The program must end.\n\n"} + failure.what();
     try {
         logPart.time.CloseAtExit(false);

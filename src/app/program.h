@@ -13,6 +13,8 @@
 #include "reports/reports_part.h"
 #include "rig/rig_part.h"
 #include "spots/spots_part.h"
+#include "views/views_part.h"
+#include "voice/voice_part.h"
 
 namespace tallyhut {
 
@@ -32,7 +34,9 @@ struct Program {
     ReportsPart reportsPart;
     RigPart rigPart;
     KeyingPart keyingPart;
+    VoicePart voicePart;
     SpotsPart spotsPart;
+    ViewsPart viewsPart;
 
     MainFormLayout layout;
     LookMenu look;
@@ -53,6 +57,9 @@ struct Program {
 private:
     void Connect();
     void ConnectKeying();
+    void ConnectVoice();
+    std::optional<LentPort> RadioPort(int number) const;
+    void FreePort(KeyLine& line, int number) const;
     void ScaleAtLoad(Form& form);
     void ClaimFolder();
     void HoldFolder();

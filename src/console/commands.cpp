@@ -10,6 +10,7 @@
 #include "console/text_encoding.h"
 #include "support/told_names.h"
 #include "values/format.h"
+#include "values/utf8.h"
 #include "values/value_error.h"
 
 namespace tallyhut {
@@ -212,8 +213,18 @@ void Commands::Click(CommandWords& words) {
 
 void Commands::Hover(CommandWords& words) {
     Control& control = ActableControl(program.desk, words.Take("target").text);
+    std::optional<Point> pointer;
+    if (control.kind == ControlKind::Raster && !words.AtEnd()) {
+        const int x = words.TakeNumber("x");
+        pointer = {static_cast<double>(x), static_cast<double>(words.TakeNumber("y"))};
+    }
     words.CheckEnd();
-    program.desk.PostAction([this, &control] { program.desk.Call(control.MouseMove); });
+    program.desk.PostAction([this, &control, pointer] {
+        if (pointer) {
+            static_cast<Raster&>(control).pointer = *pointer;
+        }
+        program.desk.Call(control.MouseMove);
+    });
 }
 
 void Commands::Focus(CommandWords& words) {
@@ -333,10 +344,7 @@ void Commands::Get(CommandWords& words) {
             throw ConsoleError{"unknown name " + text};
         }
         const auto* number = std::get_if<double>(&*value);
-        const bool whole = number != nullptr && *number == RoundHalfEven(*number);
-        out.Result({{"value", whole               ? Json(static_cast<std::int64_t>(*number))
-                              : number != nullptr ? Json(*number)
-                                                  : Json(ToUtf8(std::get<std::string>(*value)))}});
+        out.Result({{"value", number != nullptr ? NumberJson(*number) : Json(ToUtf8(std::get<std::string>(*value)))}});
     } else {
         out.Result({{"value", PropertyOf(FindTarget(program.desk, text, true))}});
     }

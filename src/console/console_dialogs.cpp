@@ -5,6 +5,7 @@
 #include "console/console_error.h"
 #include "console/text_encoding.h"
 #include "values/number.h"
+#include "values/utf8.h"
 
 namespace tallyhut {
 namespace {

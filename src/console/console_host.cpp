@@ -13,6 +13,9 @@
 #include "platform/sim/clipboard.h"
 #include "platform/sim/parallel_port.h"
 #include "platform/sim/screen.h"
+#include "platform/sim/sound.h"
+#include "values/text.h"
+#include "values/utf8.h"
 
 namespace tallyhut {
 namespace {
@@ -138,6 +141,13 @@ int RunConsole(const Options& options, const std::string& workingDirectory, cons
     parallelPorts.onOut = [&output](int address, unsigned char value) {
         output.Event({{"event", "out"}, {"address", address}, {"value", value}});
     };
+    sim::Sound sound{clock, machine.files};
+    sound.onCommand = [&output](const sim::Sound::Command& command) {
+        output.Event({{"event", "media"},
+                      {"player", command.player},
+                      {"command", command.command},
+                      {"file", ToUtf8(command.file)}});
+    };
     DeviceCommands devices;
     ports.AddTo(devices);
     clipboard.AddTo(devices);
@@ -152,6 +162,7 @@ int RunConsole(const Options& options, const std::string& workingDirectory, cons
                                       .clock = &clock,
                                       .serialPorts = &ports,
                                       .parallelPorts = options.simulatesParallel ? &parallelPorts : nullptr,
+                                      .sound = options.simulatesSound ? &sound : nullptr,
                                       .seed = options.seed,
                                       .agwEngine = options.agwEngine.value_or("")}),
                         workingDirectory};

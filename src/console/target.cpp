@@ -17,14 +17,6 @@ std::string_view KindName(ControlKind kind) {
     return kNames.at(static_cast<std::size_t>(kind));
 }
 
-/// A whole number prints without a point.
-Json NumberJson(double value) {
-    if (value == std::floor(value) && std::abs(value) < 9e15) {
-        return static_cast<std::int64_t>(value);
-    }
-    return value;
-}
-
 Json TextJson(std::string_view text) {
     return ToUtf8(text);
 }
@@ -136,6 +128,13 @@ bool IsRow(ControlKind kind) {
 }
 
 }  // namespace
+
+Json NumberJson(double value) {
+    if (value == std::floor(value) && std::abs(value) < 9e15) {
+        return static_cast<std::int64_t>(value);
+    }
+    return value;
+}
 
 Form& LoadedForm(const Desk& desk, std::string_view name) {
     Form* form = desk.FindForm(name);

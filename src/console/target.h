@@ -28,6 +28,8 @@ Form& LoadedForm(const Desk& desk, std::string_view name);
 
 /// The value of a target's property. Throws ConsoleError for a property that it does not have.
 Json PropertyOf(const Target& target);
+/// A whole number prints without a point.
+Json NumberJson(double value);
 
 Json RowsOf(const Control& control);
 Json FormsOf(const Desk& desk);

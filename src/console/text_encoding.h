@@ -3,14 +3,9 @@
 #include <string>
 #include <string_view>
 
-#include "values/utf8.h"
-
 namespace tallyhut {
 
 /// 8-bit text of the program as UTF-8. A text that is valid UTF-8 with characters beyond ASCII is one already: a path.
 std::string ToUtf8(std::string_view text);
-
-/// Each byte as the Latin-1 character that it is.
-std::string Latin1ToUtf8(std::string_view text);
 
 }  // namespace tallyhut

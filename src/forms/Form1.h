@@ -114,7 +114,9 @@ struct Form1 : Form {
     MenuEntry mnuSetup;
     MenuEntry mnuRig;
     MenuEntry mnuCW;
+    MenuEntry mnuPhone;
     MenuEntry mnuPacket;
+    MenuEntry mnuBlind;
     MenuEntry mnuPorts;
     MenuEntry mnuBand;
     MenuEntry mnu160;
@@ -138,7 +140,11 @@ struct Form1 : Form {
     MenuEntry mnuLookLight;
     MenuEntry mnuLookDark;
     MenuEntry mnuView;
+    MenuEntry mnuMap;
+    MenuEntry mnuPrivileges;
     MenuEntry mnuViewSpectrumMap;
+    MenuEntry mnuGraph;
+    MenuEntry mnuBandStats;
     MenuEntry mnuCWStrings;
     MenuEntry mnuRigTune;
     MenuEntry mnuReports;

@@ -3,9 +3,9 @@
 #include <algorithm>
 #include <array>
 
+#include "keying/key_line_texts.h"
 #include "keying/message_keys.h"
 #include "platform/platform_error.h"
-#include "support/port_texts.h"
 #include "values/number.h"
 #include "values/text.h"
 #include "values/value_error.h"
@@ -20,11 +20,6 @@ constexpr const char* kLoopOffset = "UserCWLoopOffset";
 constexpr double kSmallestSpace = -8;
 constexpr double kRepeatLimit = 60;  // seconds
 constexpr double kMsASecond = 1000;
-constexpr double kHighestAddress = 0xFFFF;
-constexpr std::string_view kRadioTakesLine =
-    "The radio's connection over this port uses this line. Choose the other one, or another setting of the radio.";
-constexpr std::string_view kNoDevice = "Settings, Serial Ports gives the number a device.";
-constexpr std::string_view kShared = "The radio is polled over the same port; the keyer uses its line there.";
 
 struct OutputOption {
     KeyingOutput output;
@@ -257,34 +252,10 @@ void CwSetup::ShowPorts() {
     if (!form.IsVisible()) {
         return;  // looking for devices takes time
     }
-    const double number = ParseNumber(form.Text10.Text()).value_or(0);
-    const bool isPort = number >= kFirstPort && number <= kLastPort;
-    form.lblDevice.SetCaption(number <= 0 ? "none"
-                              : isPort    ? PortToolTip(serialPorts.MeaningOf(ToInt32(number)))
-                                          : "no such port");
-    const std::optional<double> base = ParseNumber(form.Text14.Text());
-    const bool isAddress = base && *base >= 0 && *base <= kHighestAddress;
-    form.lblRegister.SetCaption(isAddress ? parallelPorts.Meaning(ToInt32(*base)) : "no address");
-    form.lblLines.SetCaption(LinesNote());
-}
-
-std::string CwSetup::LinesNote() const {
-    if (sender.gCWKeying == kKeyPrinter) {
-        const std::string& meaning = form.lblRegister.Caption();
-        const bool advises = meaning.find(": ") != std::string::npos;
-        return advises ? meaning : "";  // whole: there may not be room for it beside the address
-    }
-    const bool isSerial = sender.gCWKeying == kKeyRts || sender.gCWKeying == kKeyDtr;
-    const double number = ParseNumber(form.Text10.Text()).value_or(0);
-    if (!isSerial || number < kFirstPort || number > kLastPort) {
-        return "";
-    }
-    if (const std::optional<LentPort> lent = sender.line.lentPort(ToInt32(number))) {
-        const bool taken = sender.gCWKeying == kKeyRts ? lent->rtsIsTaken : lent->dtrIsTaken;
-        return std::string{taken ? kRadioTakesLine : kShared};
-    }
-    const PortMeaning meaning = serialPorts.MeaningOf(ToInt32(number));
-    return meaning.source == PortMeaning::Source::Nothing ? std::string{kNoDevice} : NoteOn(meaning);
+    const KeyLineTexts texts = TextsOf(sender.line, serialPorts, parallelPorts);
+    form.lblDevice.SetCaption(texts.device);
+    form.lblRegister.SetCaption(texts.parallel);
+    form.lblLines.SetCaption(texts.note);
 }
 
 void CwSetup::Number_KeyPress(int& KeyAscii) {

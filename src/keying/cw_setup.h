@@ -89,7 +89,6 @@ private:
     void SetRepeatInterval(double seconds);
     void ChooseOutput();
     void ShowLoop(bool on);
-    std::string LinesNote() const;
 };
 
 }  // namespace tallyhut

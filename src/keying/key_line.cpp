@@ -7,18 +7,18 @@ namespace tallyhut {
 
 void KeyLine::Open() {
     Close();
-    const std::int32_t number = ToInt32(TrimmedNumber(form.Text10.Text()));
-    if (number <= 0) {
+    const std::int32_t port = ToInt32(TrimmedNumber(number.Text()));
+    if (port <= 0) {
         return;
     }
-    closePhonePort();
-    closeKeyer(number);
-    openNumber = number;
-    if (auto shared = lentPort(number)) {
+    closeOther();
+    closeKeyer(port);
+    openNumber = port;
+    if (auto shared = lentPort(port)) {
         lent.emplace(*shared);
         return;
     }
-    comm.SetNumber(number);
+    comm.SetNumber(port);
     comm.SetDtr(false);
     comm.SetRts(false);
     comm.Open();
@@ -31,16 +31,20 @@ void KeyLine::Close() {
 }
 
 void KeyLine::Set(bool down) {
-    if (form.Option2.Value()) {
+    const KeyOutputs outputs = chosen();
+    if (outputs.dtr) {
         SetDtr(down);
     }
-    if (form.Option1.Value()) {
+    if (outputs.rts) {
         SetRts(down);
     }
-    if (form.Option3.Value()) {
-        const int address = Register();
-        registerDown = down ? std::optional{address} : std::nullopt;
-        parallelPorts.Out(address, down ? kParallelKeyDown : kParallelKeyUp);
+    if (outputs.parallel) {
+        const int keyed = Register();
+        if (registerDown && *registerDown != keyed) {
+            parallelPorts.Out(*registerDown, kParallelKeyUp);
+        }
+        registerDown = down ? std::optional{keyed} : std::nullopt;
+        parallelPorts.Out(keyed, down ? kParallelKeyDown : kParallelKeyUp);
     }
 }
 
@@ -64,7 +68,7 @@ void KeyLine::SetRts(bool on) {
 
 /// The address of the port's register.
 int KeyLine::Register() const {
-    return ToInt32(TrimmedNumber(form.Text14.Text()) + kControlRegister);
+    return ToInt32(TrimmedNumber(address.Text()) + kControlRegister);
 }
 
 void KeyLine::Release() noexcept {

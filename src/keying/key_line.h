@@ -3,9 +3,9 @@
 #include <functional>
 #include <optional>
 
-#include "forms/CWFrm.h"
 #include "platform/parallel_port.h"
 #include "platform/serial_port.h"
+#include "toolkit/controls.h"
 
 namespace tallyhut {
 
@@ -16,19 +16,27 @@ struct LentPort {
     bool rtsIsTaken = false;
 };
 
-/// The line that keys the transmitter: DTR or RTS of a serial port, or a pin of a parallel port, whichever options of
-/// the form are chosen. Nothing of the form is remembered, but what has been put down is let up again whatever was
-/// chosen meanwhile.
+/// What a form has chosen to key.
+struct KeyOutputs {
+    bool dtr = false;
+    bool rts = false;
+    bool parallel = false;
+};
+
+/// The line that keys the transmitter: DTR or RTS of a serial port, or a pin of a parallel port, whichever a form has
+/// chosen. Nothing of the form is remembered, but what has been put down is let up again whatever was chosen meanwhile.
 struct KeyLine {
-    CWFrm& form;
+    const TextBox& number;   ///< of the serial port, 0 for none
+    const TextBox& address;  ///< base address of the parallel port
+    std::function<KeyOutputs()> chosen;
     SerialPort& comm;
     ParallelPorts& parallelPorts;
 
     /// The port of a number where somebody holds it open already, as the radio does: one cable often serves both.
     std::function<std::optional<LentPort>(int number)> lentPort = [](int) { return std::nullopt; };
-    /// The phone messages may name the same port: theirs is closed before this one opens.
-    std::function<void()> closePhonePort = [] {};
-    /// The same for the keyer device, where it is on the port of the number.
+    /// Morse and phone messages may name the same port: the other one's is closed before this one opens.
+    std::function<void()> closeOther = [] {};
+    /// The same for the keyer device, which may be on the port of the number.
     std::function<void(int number)> closeKeyer = [](int) {};
 
     std::optional<LentPort> lent = {};
@@ -45,7 +53,7 @@ struct KeyLine {
     void Open();
     /// Closes what was opened here and gives back what was lent.
     void Close();
-    /// Key down or up by each option that is chosen; without an open port that is harmless. Throws PlatformError when
+    /// Key down or up by each output that is chosen; without an open port that is harmless. Throws PlatformError when
     /// the port has gone, and ValueError for an address that is no number.
     void Set(bool down);
     /// Key up where it was left down. A port that cannot do it any more is closed, which drops its lines.

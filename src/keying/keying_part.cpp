@@ -8,6 +8,10 @@ namespace {
 constexpr double kFasterLoop = 0.9;
 constexpr double kSlowerLoop = 1.111111111111;
 
+KeyOutputs Chosen(const CWFrm& form) {
+    return {.dtr = form.Option2.Value(), .rts = form.Option1.Value(), .parallel = form.Option3.Value()};
+}
+
 }  // namespace
 
 KeyingPart::KeyingPart(Machine& machine, Desk& desk, SupportPart& support, LogPart& log)
@@ -16,7 +20,7 @@ KeyingPart::KeyingPart(Machine& machine, Desk& desk, SupportPart& support, LogPa
       winKeyForm{desk},
       practiceForm{desk},
       comm{machine.serialPorts.NewPort()},
-      line{form, *comm, machine.parallelPorts},
+      line{form.Text10, form.Text14, [this] { return Chosen(form); }, *comm, machine.parallelPorts},
       sender{form, line, log.panel, machine.clock},
       messages{form, sender, log.panel, log.contest.preferences},
       setup{form,

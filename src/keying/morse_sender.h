@@ -4,6 +4,7 @@
 #include <functional>
 #include <string>
 
+#include "forms/CWFrm.h"
 #include "keying/key_line.h"
 #include "log/panel.h"
 #include "platform/clock.h"

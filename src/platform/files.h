@@ -45,7 +45,18 @@ struct Files {
         virtual bool StillHolds() const = 0;
     };
 
+    /// A file that is open to be read in parts, by any thread. It stays the same file when another takes its place or
+    /// it is removed.
+    struct Reader {
+        virtual ~Reader() = default;
+        /// Of the file as it was opened.
+        virtual std::uint64_t Length() const = 0;
+        /// The bytes from the offset on, fewer only where the file ends now.
+        virtual std::string Part(std::uint64_t offset, std::size_t bytes) const = 0;
+    };
+
     virtual std::string Read(const std::string& path) const = 0;
+    virtual std::unique_ptr<Reader> OpenToRead(const std::string& path) const = 0;
     /// Adds one whole record with one write and brings it to the disk before it returns. Begins with a line end (CR LF)
     /// if the file's last line lacks one. Makes the file if there is none. A failure leaves the file as it was before;
     /// UnconfirmedError where the record could neither be brought to the disk nor taken back.

@@ -15,6 +15,7 @@
 #include "platform/screen.h"
 #include "platform/serial_port.h"
 #include "platform/settings_store.h"
+#include "platform/sound.h"
 #include "platform/tcp_socket.h"
 
 namespace tallyhut {
@@ -33,6 +34,7 @@ struct Machine {
     SerialPorts& serialPorts;
     ParallelPorts& parallelPorts;
     TcpSockets& tcpSockets;
+    Sound& sound;
     std::optional<std::uint32_t> seed = {};  ///< of random numbers; none for the clock's
     std::string agwEngine = {};              ///< HOST:PORT of the packet engine, where the command line says so
     std::string dataFolder = {};             ///< where the files lie that a fresh installation gets

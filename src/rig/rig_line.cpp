@@ -24,15 +24,19 @@ void RigLine::Show() {
     form1.lblRig.SetCaption(text);
 }
 
+std::optional<float> RigLine::Frequency() const {
+    const RigState& state = radio.state;
+    const bool answers = state.polls && IsDecoded(radio.Row()) && state.missedPolls < kMissedPolls && state.answered;
+    return answers && state.RigFrequency > 0 ? std::optional{state.RigFrequency} : std::nullopt;
+}
+
 std::string RigLine::Text() const {
     const RigState& state = radio.state;
-    if (!state.polls || !IsDecoded(radio.Row())) {
-        return "";
-    }
-    if (state.missedPolls >= kMissedPolls) {
+    if (state.polls && IsDecoded(radio.Row()) && state.missedPolls >= kMissedPolls) {
         return std::string{kNoAnswer};
     }
-    return state.answered && state.RigFrequency > 0 ? FormatNumber(state.RigFrequency, "#.0000") : "";
+    const std::optional<float> frequency = Frequency();
+    return frequency ? FormatNumber(*frequency, "#.0000") : "";
 }
 
 }  // namespace tallyhut

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <optional>
+
 #include "forms/Form1.h"
 #include "rig/radio.h"
 
@@ -15,6 +17,9 @@ struct RigLine {
 
     /// Behind each poll, and when polling ends. A radio that is lost is announced, once each time.
     void Show();
+
+    /// MHz, of a radio that is polled and answers.
+    std::optional<float> Frequency() const;
 
 private:
     std::string Text() const;

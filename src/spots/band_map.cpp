@@ -28,6 +28,18 @@ void WorkSpot(Panel& panel, const std::string& call) {
     panel.desk.SendKeys(KeyForCharacter(kKeyTab));
 }
 
+bool Worked(Spot& spot, MouseButton button, Panel& panel, RigCommands& rig) {
+    if (button != kRightButton) {
+        spot.SpotFreq = 0;
+        return false;
+    }
+    float frequency = spot.SpotFreq;
+    const std::string call = spot.SpotCall;
+    rig.ChangeFrequency(frequency);
+    WorkSpot(panel, call);
+    return true;
+}
+
 void BandMap::PacketResize(SpotDisplay display) {
     Form1& form = panel.form;
     const bool map = display == SpotDisplay::Map;
@@ -129,14 +141,7 @@ void BandMap::ShowList() {
 }
 
 void BandMap::lblDXSpot_MouseDown(int Index, MouseButton Button) {
-    Spot& spot = table.Row(Index);
-    if (Button == kRightButton) {
-        float frequency = spot.SpotFreq;
-        const std::string call = spot.SpotCall;
-        rig.ChangeFrequency(frequency);
-        WorkSpot(panel, call);
-    } else {
-        spot.SpotFreq = 0;
+    if (!Worked(table.Row(Index), Button, panel, rig)) {
         DisplayBandMapLabels();
     }
 }

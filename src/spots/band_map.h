@@ -22,6 +22,10 @@ inline constexpr std::string_view kNoRig = "None";
 /// The call goes into its field, as if it had been typed, and the entry flow moves on.
 void WorkSpot(Panel& panel, const std::string& call);
 
+/// What a mouse button on a map does to the spot: the right one tunes and works it; any other takes it off the maps,
+/// and the answer is false.
+bool Worked(Spot& spot, MouseButton button, Panel& panel, RigCommands& rig);
+
 /// The spots on the main form: a map of the present band, or the list. Each redraw comes from the table of spots; the
 /// captions of the scale are what places are worked out from.
 struct BandMap {

@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <array>
-#include <ranges>
 
 #include "spots/band_map.h"
 #include "spots/spot_labels.h"
@@ -53,9 +52,11 @@ void HfSpectrum::Draw() {
     }
     std::array<bool, SpotTable::kRows> isShown{};
     std::vector<std::string_view> calls;
-    for (const auto& [at, row] : std::views::join(marks)) {
-        isShown.at(static_cast<std::size_t>(row)) = true;
-        calls.emplace_back(table.Row(row).SpotCall);
+    for (const std::vector<Mark>& ofBand : marks) {
+        for (const Mark& mark : ofBand) {
+            isShown.at(static_cast<std::size_t>(mark.row)) = true;
+            calls.emplace_back(table.Row(mark.row).SpotCall);
+        }
     }
     for (int i = form.lblDXSpot.First(); i <= form.lblDXSpot.Last(); ++i) {
         if (!isShown.at(static_cast<std::size_t>(i))) {
@@ -149,14 +150,7 @@ void HfSpectrum::DrawQuarter(const std::vector<Mark>& marks, int band, double fr
 }
 
 void HfSpectrum::lblDXSpot_MouseDown(int Index, MouseButton Button) {
-    Spot& spot = table.Row(Index);
-    if (Button == kRightButton) {
-        float frequency = spot.SpotFreq;
-        const std::string call = spot.SpotCall;
-        rig.ChangeFrequency(frequency);
-        WorkSpot(panel, call);
-    } else {
-        spot.SpotFreq = 0;
+    if (!Worked(table.Row(Index), Button, panel, rig)) {
         BandMapLabelDisplay();
     }
 }

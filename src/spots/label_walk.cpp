@@ -104,7 +104,7 @@ void LabelWalk::StepLine(int by) {
 void LabelWalk::GoToLetter(char letter) {
     std::vector<int> all = AllOf(outlets_.lines());
     if (const auto present = std::ranges::find(all, pointed_); present != all.end()) {
-        std::ranges::rotate(all, present + 1);
+        std::rotate(all.begin(), present + 1, all.end());
     }
     const auto found = std::ranges::find_if(
         all, [this, letter](int index) { return outlets_.label(index).Caption().starts_with(letter); });

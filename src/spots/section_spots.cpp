@@ -46,7 +46,7 @@ void SectionSpots::Label10_MouseDown(int Index) {
         return;
     }
     const Spot spot = table.Row(*row);
-    if (contest.preferences.gRigName != kNoRig) {
+    if (contest.preferences.gRigName != kNoRig && spot.SpotFreq != 0) {  // or it was thrown off the map
         float frequency = spot.SpotFreq;
         rig.ChangeFrequency(frequency);
     }

@@ -28,7 +28,7 @@ float Megahertz(double kilohertz) {
 
 void SpotPosts::BandMapSpots(std::string_view call, std::string_view frequency, std::string_view comment) {
     try {
-        if (call == contest.preferences.gOwnCall) {
+        if (!call.empty() && call == contest.preferences.gOwnCall) {
             TellOwnCall(comment);
         }
         if (const std::optional<double> kilohertz = ParseNumber(frequency)) {
@@ -65,11 +65,12 @@ void SpotPosts::Take(std::string_view call, double kilohertz, std::string_view c
 }
 
 void SpotPosts::Keep(std::string_view call, double kilohertz, std::string_view post, std::string_view section) {
+    const float megahertz = Megahertz(kilohertz);
     table.Shift();
     Spot& spot = table.Newest();
     spot.SpotText = SpotTextOf(post, section);
     spot.SpotCall = call;
-    spot.SpotFreq = Megahertz(kilohertz);
+    spot.SpotFreq = megahertz;
     spot.SpotTime = panel.desk.clock.Now();
     spot.SpotPrefix = CallPrefix(call);
 }

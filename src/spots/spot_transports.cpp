@@ -175,6 +175,7 @@ void SpotTransports::OpenTnc() {
                        .text = "The comm port that you selected for DX Spotting is either in use, invalid or the "
                                "settings that you have selected are invalid.  Please select another combination "
                                "or choose None for your DX Spot selection."});
+        form.Label4.SetVisible(false);
         form.Timer1.SetTimerEnabled(false);
     }
 }
@@ -193,8 +194,10 @@ void SpotTransports::OpenEngine() {
     if (ownCall.empty()) {
         desk.dialogs.Show(MessageBox{.title = "Call Sign Required!",
                                      .text = "Please enter your call sign on the setup form to transmit!"});
+        form.Label4.SetVisible(false);
         return;
     }
+    EndConnection();  // the engine begins anew, without it
     const std::string& address = form.txtEngine.Text();
     const std::size_t colon = address.rfind(':');
     const double port = colon == std::string::npos ? 0 : ParseNumber(address.substr(colon + 1)).value_or(0);
@@ -229,15 +232,19 @@ void SpotTransports::Command2_Click() {
     comm.Close();
     socket.Close();
     if (link.type == kPacketEngine) {
-        if (!connectedCall.empty()) {
-            engine.AGWPutData(connectedCall, "", 'd');
-            form.SetCaption(kCaption);
-            connectedCall.clear();
-        }
+        EndConnection();
         engine.AGWClose();
         engineStarts = false;
     }
     form.Timer1.SetTimerEnabled(false);
+}
+
+void SpotTransports::EndConnection() {
+    if (!connectedCall.empty()) {
+        engine.AGWPutData(connectedCall, "", 'd');
+        form.SetCaption(kCaption);
+        connectedCall.clear();
+    }
 }
 
 void SpotTransports::Timer1_Timer() {

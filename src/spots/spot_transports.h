@@ -73,6 +73,8 @@ private:
     void PollEngine();
     void TakeFrame(const AgwFrame& frame);
     void TakeChunk(std::string_view chunk);
+    /// With the station that is connected by the engine, from this side; nothing where none is.
+    void EndConnection();
     void Disconnect();
 
     void Send();

@@ -100,7 +100,7 @@ void SpotsPart::BindSpots(Form1& form1) {
         }
     };
     for (int i = form1.lblDXSpot.First(); i <= form1.lblDXSpot.Last(); ++i) {
-        form1.lblDXSpot(i).MouseDown = [this, i](MouseButton Button) { bandMap.lblDXSpot_MouseDown(i, Button); };
+        form1.lblDXSpot(i).MouseDown = [this, i](MouseButton Button) { PressOnMap(i, Button); };
         form1.lblDXSpot(i).MouseMove = [this, i] { bandMap.lblDXSpot_MouseMove(i); };
     }
     for (int i = form1.Label10.First(); i <= form1.Label10.Last(); ++i) {
@@ -125,9 +125,7 @@ void SpotsPart::BindSpectrum(Form1& form1) {
         }
     };
     for (int i = spectrumForm.lblDXSpot.First(); i <= spectrumForm.lblDXSpot.Last(); ++i) {
-        spectrumForm.lblDXSpot(i).MouseDown = [this, i](MouseButton Button) {
-            spectrum.lblDXSpot_MouseDown(i, Button);
-        };
+        spectrumForm.lblDXSpot(i).MouseDown = [this, i](MouseButton Button) { PressOnSpectrum(i, Button); };
         spectrumForm.lblDXSpot(i).MouseMove = [this, i] { spectrum.lblDXSpot_MouseMove(i); };
     }
 }
@@ -138,7 +136,7 @@ LabelWalk::Outlets SpotsPart::MapKeys(Form1& form1) {
         .label = [&form1](int row) -> Label& { return form1.lblDXSpot(row); },
         .hover = [this](int row) { bandMap.lblDXSpot_MouseMove(row); },
         .words = [&form1](int row) { return form1.lblDXSpot(row).State().toolTip; },
-        .press = [this](int row, MouseButton button) { bandMap.lblDXSpot_MouseDown(row, button); },
+        .press = [this](int row, MouseButton button) { PressOnMap(row, button); },
     };
 }
 
@@ -148,7 +146,7 @@ LabelWalk::Outlets SpotsPart::SpectrumKeys() {
         .label = [this](int row) -> Label& { return spectrumForm.lblDXSpot(row); },
         .hover = [this](int row) { spectrum.lblDXSpot_MouseMove(row); },
         .words = [this](int row) { return spectrumForm.lblDXSpot(row).State().toolTip; },
-        .press = [this](int row, MouseButton button) { spectrum.lblDXSpot_MouseDown(row, button); },
+        .press = [this](int row, MouseButton button) { PressOnSpectrum(row, button); },
     };
 }
 
@@ -173,11 +171,26 @@ LabelWalk::Outlets SpotsPart::SectionKeys(LogPart& log) {
     };
 }
 
-void SpotsPart::DrawMaps() {
+/// What is thrown off one map is thrown off both.
+void SpotsPart::PressOnMap(int row, MouseButton button) {
+    bandMap.lblDXSpot_MouseDown(row, button);
+    DrawSpectrum();
+}
+
+void SpotsPart::PressOnSpectrum(int row, MouseButton button) {
+    spectrum.lblDXSpot_MouseDown(row, button);
     bandMap.DisplayBandMapLabels();
+}
+
+void SpotsPart::DrawSpectrum() {
     if (spectrumForm.IsVisible()) {
         spectrum.BandMapLabelDisplay();
     }
+}
+
+void SpotsPart::DrawMaps() {
+    bandMap.DisplayBandMapLabels();
+    DrawSpectrum();
 }
 
 void SpotsPart::Take(std::string_view post) {

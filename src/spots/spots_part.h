@@ -54,6 +54,9 @@ private:
     void BindSpots(Form1& form1);
     void BindSpectrum(Form1& form1);
     void DrawMaps();
+    void DrawSpectrum();
+    void PressOnMap(int row, MouseButton button);
+    void PressOnSpectrum(int row, MouseButton button);
     LabelWalk::Outlets MapKeys(Form1& form1);
     LabelWalk::Outlets SpectrumKeys();
     LabelWalk::Outlets SectionKeys(LogPart& log);

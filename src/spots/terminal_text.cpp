@@ -1,6 +1,7 @@
 #include "spots/terminal_text.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "values/text.h"
 
@@ -74,24 +75,27 @@ void ReceivedLines::Add(std::string_view bytes) {
     while (!bytes.empty()) {
         const std::size_t end = bytes.find('\n');
         const std::string_view part = bytes.substr(0, end);
-        const std::size_t begun = lines_.size() - (lines_.rfind('\n') + 1);
-        lines_ += part.substr(0, kLongestLine - std::min(begun, kLongestLine));
+        begun_ += part.substr(0, kLongestLine - begun_.size());
         bytes.remove_prefix(part.size());
         if (end != std::string_view::npos) {
-            lines_ += '\n';
+            whole_.push_back(std::exchange(begun_, {}) + '\n');
             bytes.remove_prefix(1);
         }
     }
 }
 
 bool ReceivedLines::Take(std::string& line) {
-    const std::size_t end = lines_.find('\n', 1);
-    if (end == std::string::npos) {
+    if (whole_.empty()) {
         return false;
     }
-    line = lines_.substr(1, end);
-    lines_.erase(0, end);
+    line = std::move(whole_.front());
+    whole_.pop_front();
     return true;
+}
+
+void ReceivedLines::Forget() {
+    whole_.clear();
+    begun_.clear();
 }
 
 FrameTexts TextsOf(char kind, std::string_view call, std::string_view data, bool isMonitoring) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <deque>
 #include <string>
 #include <string_view>
 
@@ -18,14 +19,15 @@ class ReceivedLines {
 public:
     void Add(std::string_view bytes);
     /// There is a whole line to be taken.
-    bool HasLine() const { return lines_.find('\n', 1) != std::string::npos; }
+    bool HasLine() const { return !whole_.empty(); }
     /// The next whole line with its line feed, a carriage return before it included; false when none is there.
     bool Take(std::string& line);
     /// As at the start.
-    void Forget() { lines_ = "\n"; }
+    void Forget();
 
 private:
-    std::string lines_ = "\n";  ///< begins with the line feed before the next line
+    std::deque<std::string> whole_;
+    std::string begun_;  ///< no line feed has come behind it
 };
 
 /// The two texts of a frame from a packet engine.

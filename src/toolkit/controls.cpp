@@ -190,14 +190,30 @@ void Line::SetEnds(double x1, double y1, double x2, double y2) {
 }
 
 Raster::Raster(Form& owner, std::string controlName, const LabelDesign& design)
-    : Control{owner, ControlKind::Raster, std::move(controlName)} {
+    : Raster{owner, std::move(controlName), -1, design} {}
+
+Raster::Raster(Form& owner, std::string controlName, int controlIndex, const LabelDesign& design)
+    : Control{owner, ControlKind::Raster, std::move(controlName), controlIndex} {
     state_.place = design.place;
     state_.toolTip = design.toolTip;
+    state_.backColor = design.backColor;
     state_.visible = design.visible;
 }
 
 void Raster::Draw(const std::function<void(RasterImage&)>& drawing) {
+    shapes_.reset();
     drawing(image_);
+    Touch();
+}
+
+void Raster::Show(Drawing shapes, int pixelsWide) {
+    RasterImage pixels = PixelsOf(shapes, pixelsWide);
+    Show(std::move(shapes), std::move(pixels));
+}
+
+void Raster::Show(Drawing shapes, RasterImage pixels) {
+    shapes_ = std::move(shapes);
+    image_ = std::move(pixels);
     Touch();
 }
 

@@ -4,7 +4,7 @@
 
 #include "toolkit/alarm.h"
 #include "toolkit/control.h"
-#include "toolkit/raster_image.h"
+#include "toolkit/drawing.h"
 
 namespace tallyhut {
 
@@ -197,16 +197,27 @@ struct Line : Control {
     void SetEnds(double x1, double y1, double x2, double y2);
 };
 
-/// A picture of pixels. Colours are 24-bit colour values.
+/// A picture: shapes, for hosts that draw them themselves, and their pixels; or pixels alone. Colours are 24-bit colour
+/// values.
 struct Raster : Control {
     Raster(Form& owner, std::string controlName, const LabelDesign& design);
+    Raster(Form& owner, std::string controlName, int controlIndex, const LabelDesign& design);
 
     const RasterImage& Image() const { return image_; }
-    /// Draws into the picture and tells the host.
+    /// Null where pixels are all that there is.
+    const Drawing* Shapes() const { return shapes_ ? &*shapes_ : nullptr; }
+    /// Draws into the picture and tells the host. Shapes that were shown are gone.
     void Draw(const std::function<void(RasterImage&)>& drawing);
+    /// Shows shapes, with pixels of their own or those that are given.
+    void Show(Drawing shapes, int pixelsWide);
+    void Show(Drawing shapes, RasterImage pixels);
+
+    /// Where the pointer has moved to, from the upper left corner, in the units of places; set before MouseMove runs.
+    Point pointer;
 
 private:
     RasterImage image_;
+    std::optional<Drawing> shapes_;
 };
 
 /// Controls of one name, told apart by an index from `first` to `last`.

@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <utility>
 
+#include "toolkit/png.h"
+
 namespace tallyhut {
 
 using FormEvent = DeskOutlets::FormEvent;
@@ -112,6 +114,10 @@ void Desk::Announce(std::string_view words) const {
     if (outlets.announced) {
         outlets.announced(words);
     }
+}
+
+std::string Desk::PngOf(const Raster& picture) const {
+    return outlets.png ? outlets.png(picture) : tallyhut::PngOf(picture.Image());
 }
 
 void Desk::MoveFocus(Control& to) {
@@ -408,7 +414,9 @@ bool Desk::RunOperatorEvent() {
     }
     auto next = operatorEvents_.begin();
     if (HeldUntil()) {  // only keys wait; what the mouse does acts at once
-        next = std::ranges::find_if(operatorEvents_, [](const OperatorEvent& event) { return !event.key; });
+        next = std::ranges::find_if(operatorEvents_, [this](const OperatorEvent& event) {
+            return !event.key || (isUrgent && isUrgent(*event.key));
+        });
     }
     if (next == operatorEvents_.end()) {
         return false;

@@ -32,6 +32,8 @@ struct DeskOutlets {
     /// A menu is to be opened by its access key; null closes it.
     std::function<void(MenuEntry*)> menuOpened;
     std::function<void(std::string_view)> announced;
+    /// The picture as PNG, with all that lies on it, as the host draws it.
+    std::function<std::string(const Raster&)> png;
 };
 
 /// Where the forms lie: which of them is active, where the focus goes, in which order keys, clicks, timers and devices
@@ -57,6 +59,8 @@ struct Desk {
     std::function<void(const std::exception&)> onFatal;
     /// Tells the operator of what the machine refused; the program goes on as it was.
     std::function<void(const PlatformError&)> onFailure;
+    /// Whether the key is delivered at once, also where a key before it is held back.
+    std::function<bool(const Key&)> isUrgent;
 
     const std::vector<Form*>& Forms() const { return forms_; }
     Form* FindForm(std::string_view name) const;
@@ -85,6 +89,9 @@ struct Desk {
     /// Words for an operator who does not see the screen: spoken once by a screen reader, when the running handler is
     /// over. Nothing for anybody else.
     void Announce(std::string_view words) const;
+
+    /// The picture as the bytes of a PNG file: as the host draws it, or its pixels where the host draws none.
+    std::string PngOf(const Raster& picture) const;
 
     /// Lets waiting focus events, keys, clicks, timers and devices reach their handlers, in rounds: focus events first,
     /// then each source that is signalled, once, then what is due, then one of the operator's events. When nothing else

@@ -1,10 +1,32 @@
 #include "toolkit/raster_image.h"
 
 #include <algorithm>
+#include <cmath>
 #include <cstdlib>
 #include <utility>
 
 namespace tallyhut {
+namespace {
+
+constexpr double kMiddle = 0.5;  ///< of a pixel
+
+/// The first pixel, from 0 to `most`, whose middle lies at a place or behind it.
+int MiddleFrom(double place, int most) {
+    return static_cast<int>(std::clamp(std::ceil(place - kMiddle), 0.0, static_cast<double>(most)));
+}
+
+/// Where an edge crosses the middles of the lines of pixels; its lower end belongs to it, its upper one does not.
+void AddCrossings(const Point& one, const Point& other, std::vector<std::vector<double>>& crossings) {
+    const Point& upper = one.y < other.y ? one : other;
+    const Point& lower = one.y < other.y ? other : one;
+    const auto lines = static_cast<int>(crossings.size());
+    for (int y = MiddleFrom(upper.y, lines); y < MiddleFrom(lower.y, lines); ++y) {
+        const double share = (y + kMiddle - upper.y) / (lower.y - upper.y);
+        crossings[static_cast<std::size_t>(y)].push_back(upper.x + (lower.x - upper.x) * share);
+    }
+}
+
+}  // namespace
 
 RasterImage::RasterImage(int width, int height, Colour ground)
     : width_{std::max(width, 0)},
@@ -58,6 +80,25 @@ void RasterImage::DrawLine(int x1, int y1, int x2, int y2, Colour colour) {
     }
 }
 
+/// Line by line of pixels: where the edges cross the middle of one, the inside begins and ends in turn.
+void RasterImage::FillArea(const std::vector<Path>& paths, Colour colour) {
+    std::vector<std::vector<double>> crossings(static_cast<std::size_t>(height_));
+    for (const Path& path : paths) {
+        for (std::size_t i = 0; i < path.size(); ++i) {
+            AddCrossings(path[i], path[(i + 1) % path.size()], crossings);
+        }
+    }
+    for (int y = 0; y < height_; ++y) {
+        std::vector<double>& across = crossings[static_cast<std::size_t>(y)];
+        std::ranges::sort(across);
+        for (std::size_t i = 0; i + 1 < across.size(); i += 2) {
+            const int first = MiddleFrom(across[i], width_);
+            FillRect(first, y, MiddleFrom(across[i + 1], width_) - first, 1, colour);
+        }
+    }
+}
+
+/// Run by run of a line's pixels.
 void RasterImage::FloodFill(int x, int y, Colour colour) {
     if (!Holds(x, y) || At(x, y) == colour) {
         return;
@@ -67,11 +108,27 @@ void RasterImage::FloodFill(int x, int y, Colour colour) {
     while (!open.empty()) {
         const auto [px, py] = open.back();
         open.pop_back();
-        if (!Holds(px, py) || At(px, py) != patch) {
+        if (At(px, py) != patch) {
             continue;
         }
-        Set(px, py, colour);
-        open.insert(open.end(), {{px + 1, py}, {px - 1, py}, {px, py + 1}, {px, py - 1}});
+        Colour* const row = pixels_.data() + Offset(0, py);
+        int first = px;
+        while (first > 0 && row[first - 1] == patch) {
+            --first;
+        }
+        int behind = px;
+        while (behind < width_ && row[behind] == patch) {
+            ++behind;
+        }
+        std::fill(row + first, row + behind, colour);
+        for (const int beside : {py - 1, py + 1}) {
+            for (int at = first; at < behind && Holds(at, beside); ++at) {
+                const bool begins = at == first || At(at - 1, beside) != patch;
+                if (begins && At(at, beside) == patch) {
+                    open.emplace_back(at, beside);
+                }
+            }
+        }
     }
 }
 

@@ -6,6 +6,15 @@
 
 namespace tallyhut {
 
+struct Point {
+    double x = 0;
+    double y = 0;
+
+    bool operator==(const Point&) const = default;
+};
+
+using Path = std::vector<Point>;
+
 /// A picture of pixels in memory, drawn on by simple means, the same on every machine. What lies outside of it is left
 /// alone. Pixels count from 0 at the upper left.
 class RasterImage {
@@ -21,6 +30,8 @@ public:
     void Fill(Colour colour);
     void FillRect(int x, int y, int width, int height, Colour colour);
     void DrawLine(int x1, int y1, int x2, int y2, Colour colour);
+    /// What closed paths enclose: all pixels whose centre lies within an odd number of them.
+    void FillArea(const std::vector<Path>& paths, Colour colour);
     /// Recolours the connected patch (four neighbours) of one colour around a pixel.
     void FloodFill(int x, int y, Colour colour);
     /// The pixels row by row, for a host that shows them.

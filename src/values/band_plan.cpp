@@ -38,6 +38,7 @@ BandPlan ReadBandPlan(std::string_view text) {
             fields = behind;
         } else {
             fields.PassLine();
+            plan.damaged = true;
         }
     }
     return plan;

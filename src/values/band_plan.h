@@ -20,6 +20,7 @@ struct BandPlanRow {
 struct BandPlan {
     std::string effective;  ///< since when the frequencies hold, as the file words it
     std::vector<BandPlanRow> rows = {};
+    bool damaged = false;  ///< a line was passed over
 };
 
 /// Reads the text of BandPlan.txt: the date, then records of five fields, taken field by field. A line with a damaged

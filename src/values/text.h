@@ -27,4 +27,7 @@ std::vector<std::string> Words(std::string_view text);
 /// Blanks behind the text up to the width; a longer text stays whole.
 std::string PadRight(std::string_view text, std::size_t width);
 
+/// Each byte as the Latin-1 character that it is, in UTF-8.
+std::string Latin1ToUtf8(std::string_view text);
+
 }  // namespace tallyhut

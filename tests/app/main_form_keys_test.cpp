@@ -126,12 +126,12 @@ TEST_F(MainFormKeysTest, EscClearsTheEntryInACwContest) {
     EXPECT_EQ(FocusedField(), "txtCall");
 }
 
-TEST_F(MainFormKeysTest, EscLeavesTheEntryInAPhoneContest) {
+TEST_F(MainFormKeysTest, EscClearsTheEntryInAPhoneContestWhereNothingPlays) {
     StartInContest(kPhone);
     Type("88aw1xx72mdc");
     Press("Esc");
-    EXPECT_EQ(Fields(), "88|A|W1XX|72|MDC");
-    EXPECT_EQ(FocusedField(), "txtSec");
+    EXPECT_EQ(Fields(), "||||");
+    EXPECT_EQ(FocusedField(), "txtNum");
 }
 
 TEST_F(MainFormKeysTest, EscTypesNoCharacterInEitherContest) {

@@ -73,6 +73,7 @@ TEST(Options, WholeConsoleLine) {
     EXPECT_EQ(options.clock, (DateTime{2026, 11, 7, 21, 4, 33}));
     EXPECT_EQ(options.utcOffset, -3.5);
     EXPECT_TRUE(options.simulatesParallel);
+    EXPECT_TRUE(options.simulatesSound);
     EXPECT_EQ(options.agwEngine, "127.0.0.1:8000");
     EXPECT_EQ(options.ports, (std::map<int, std::string>{{1, "sim"}, {2, "/dev/ttyUSB0"}}));
     ASSERT_TRUE(options.screen && options.workArea);
@@ -130,6 +131,7 @@ TEST(Options, RefusedArgumentsAreNamed) {
         {{"--port", "11=sim"}, "--port wants N=DEVICE with N from 1 to 10, not 11=sim"},
         {{"--port", "1.5=sim"}, "--port wants N=DEVICE with N from 1 to 10, not 1.5=sim"},
         {{"--parallel", "0x378"}, "--parallel wants sim, not 0x378"},
+        {{"--sound", "off"}, "--sound wants sim, not off"},
         {{"--port", "COM1=sim"}, "--port wants N=DEVICE with N from 1 to 10, not COM1=sim"},
     };
     for (const auto& [arguments, told] : cases) {

@@ -2,6 +2,9 @@
 
 #include <gtest/gtest.h>
 
+#include "values/text.h"
+#include "values/utf8.h"
+
 namespace tallyhut {
 namespace {
 

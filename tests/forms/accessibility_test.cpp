@@ -360,8 +360,10 @@ TEST_F(AccessibilityTest, TextThatIsBeingComposedIsShownAndNotLogged) {
 
 TEST_F(AccessibilityTest, MenuEntriesShowTheKeysOfTheMainForm) {
     QWidget& window = shown.Show(program.form1);
-    for (const auto& [name, text] : std::vector<std::pair<QString, QString>>{
-             {"mnuRig", "&Rig Interface\tCtrl+R"}, {"mnuRigTune", "Change F&requency\tCtrl+G"}}) {
+    for (const auto& [name, text] :
+         std::vector<std::pair<QString, QString>>{{"mnuRig", "&Rig Interface\tCtrl+R"},
+                                                  {"mnuRigTune", "Change F&requency\tCtrl+G"},
+                                                  {"mnuPrivileges", "&Frequency Privileges\tCtrl+F"}}) {
         const auto* action = window.findChild<QAction*>(name);
         ASSERT_NE(action, nullptr) << name.toStdString();
         EXPECT_EQ(action->text(), text);

@@ -2,6 +2,8 @@
 
 #include <QDir>
 #include <array>
+#include <fstream>
+#include <sstream>
 
 #include "contest/contact_record.h"
 #include "contest/section_table.h"
@@ -17,6 +19,14 @@ constexpr std::array kCalls{"N5KO", "K9ZO",  "VE3EJ", "KH6ND", "W7RN",  "K1TTT",
                             "N7DR", "KL7RA", "W4AN",  "VE5MX", "NP2X",  "K0RF",  "VE1OP/3", "AA1K"};
 constexpr std::string_view kPrecedences = "ABQUMS";
 constexpr int kWorkedOf83 = 61;
+
+/// A file of those that a fresh installation gets.
+std::string DataFile(const std::string& name) {
+    std::ifstream file{TALLYHUT_DATA "/" + name};
+    std::stringstream text;
+    text << file.rdbuf();
+    return text.str();
+}
 
 }  // namespace
 
@@ -51,6 +61,8 @@ ShownProgram::ShownProgram() : sim::Machine{{2026, 11, 8, 3, 12, 44}} {
         log += WriteRecord(contact);
     }
     files.Put("/contest/Log.txt", log);
+    files.Put("/contest/BandPlan.txt", DataFile("BandPlan.txt"));
+    files.Put("/data/section_map.txt", DataFile("section_map.txt"));
     program.ShowWithoutQuestions();
     program.layout.LayOutMainForm();
     program.reload.mnuopen2();

@@ -38,13 +38,17 @@ std::vector<ControlWidget*> ShownControls(const QWidget& window) {
     return controls;
 }
 
-/// A text that changes is drawn smaller where it is long; all others have their full room.
+/// A text that changes is drawn smaller where it is long, and what a place on a picture says is more than its text; all
+/// others have their full room.
 bool MayShrink(const Control& control) {
-    return control.name == "lblDialog" || control.name == "lblDupe";
+    return control.name == "lblDialog" || control.name == "lblDupe" || control.name == "lblCounty" ||
+           control.name == "priv" || control.name == "lblPanel";
 }
 
 bool LiesUnderOthers(const Control& control) {
-    return control.kind == ControlKind::Frame || control.kind == ControlKind::Line || control.name == "lblDX";
+    return control.kind == ControlKind::Frame || control.kind == ControlKind::Line ||
+           control.kind == ControlKind::Raster || control.name == "lblDX" || control.name == "blbl" ||
+           control.name == "lblCounty";
 }
 
 struct WindowWalkTest : testing::Test {

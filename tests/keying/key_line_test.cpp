@@ -278,16 +278,16 @@ TEST_F(KeyLineTest, LineThatTheRadiosConnectionUsesIsNotKeyed) {
     TheDesk().RunPending();
     EXPECT_TRUE(Cw().lblLines.Caption().starts_with("The radio's connection over this port uses this line."));
     Choose(Cw().Option2);
-    EXPECT_EQ(Cw().lblLines.Caption(), "The radio is polled over the same port; the keyer uses its line there.");
+    EXPECT_EQ(Cw().lblLines.Caption(), "The radio is polled over the same port; the key line is used there.");
     SendAnew("TEST");
     EXPECT_EQ(Keyed(ControlLine::Dtr), Elements("TEST"));
     EXPECT_EQ(Line().rts, true);
 }
 
-TEST_F(KeyLineTest, PhonePortIsClosedFirst) {
+TEST_F(KeyLineTest, PortOfThePhoneMessagesIsClosedFirst) {
     StartKeying();
     bool wasOpen = true;
-    Key().closePhonePort = [&] { wasOpen = Line().isOpen; };
+    Key().closeOther = [&] { wasOpen = Line().isOpen; };
     Send("E");
     EXPECT_FALSE(wasOpen);
 }

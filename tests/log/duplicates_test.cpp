@@ -530,7 +530,7 @@ TEST_F(DuplicatesTest, NumberFieldAndCommitBlankTheList) {
     EXPECT_EQ(Main().lblDupe.State().backColor, kButtonFace);
 }
 
-TEST_F(DuplicatesTest, EscInAPhoneContestLeavesTheRedLine) {
+TEST_F(DuplicatesTest, EscInAPhoneContestEndsTheRedLineToo) {
     stored.gContestMode = 1;
     StartWith({Worked("W1XX")});
     program->time.gTimeOn = 1;
@@ -539,8 +539,7 @@ TEST_F(DuplicatesTest, EscInAPhoneContestLeavesTheRedLine) {
     Focus(Main().txtSec);
     ASSERT_EQ(program->duplicates.gIsDupe, 1);
     Press("Esc");
-    EXPECT_EQ(DialogGround(), 0x0000FF);
-    EXPECT_EQ(program->duplicates.gIsDupe, 1);
+    EXPECT_EQ(DialogGround(), kDialogNormal);
 }
 
 TEST_F(DuplicatesTest, AKeyThatThePrecedenceHandsToTheCallIsHeldToo) {

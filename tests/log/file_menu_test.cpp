@@ -105,6 +105,7 @@ TEST_F(FileMenuTest, NewLogAtTheStartKeepsTheLogThatWasNotOpened) {
     const std::string log = LogText(ManyContacts(10));
     files.Put(kLogPath, log);
     files.Put(kPreferencesPath, WritePreferences(stored));
+    files.Put(kWavesPath, kNoWaves);
     MakeProgram();
     pump.OnWait([this] { program->desk.PostClick(program->stationForm.Command1, kLeftButton); });
     dialogs.answers.push_back(Answer::No);

@@ -17,6 +17,11 @@ namespace tallyhut {
 inline constexpr const char* kFolder = "/contest";
 inline constexpr const char* kLogPath = "/contest/Log.txt";
 inline constexpr const char* kPreferencesPath = "/contest/nspref.txt";
+inline constexpr const char* kWavesPath = "/contest/wave2.txt";
+
+/// A file of no messages, as a fresh installation gets it.
+inline constexpr const char* kNoWaves =
+    "\"\"\r\n\"\"\r\n\"\"\r\n\"\"\r\n\"\"\r\n\"\"\r\n\"\"\r\n\"\"\r\n\"\"\r\n\"0\"\r\n0\r\n\"0\"\r\n\"&H378\"\r\n";
 
 /// What the operator is told about a log that cannot be read, as the simulated dialogs write it down.
 inline constexpr const char* kFileErrorLine =
@@ -75,6 +80,9 @@ struct ProgramFixture : testing::Test, sim::Machine {
         if (!files.contents.contains(kLogPath) && !files.FolderExists(kLogPath)) {
             files.Put(kLogPath, "");
         }
+        if (!files.contents.contains(kWavesPath)) {
+            files.Put(kWavesPath, kNoWaves);
+        }
         StartContinuing();
     }
     /// Starts the program on the folder as it stands: the station form is closed with Done, the question answered Yes.
@@ -92,7 +100,8 @@ struct ProgramFixture : testing::Test, sim::Machine {
     void MakeProgram() {
         program.reset();  // it lets go of the folder
         files.AddFolder(environment.documentsFolder);
-        for (const char* name : {"wave2.txt", "BandPlan.txt", "readns.txt"}) {
+        files.Put("/data/wave2.txt", kNoWaves);
+        for (const char* name : {"BandPlan.txt", "readns.txt"}) {
             files.Put(std::string{"/data/"} + name, "");
         }
         program = std::make_unique<ProgramUnits>(Lend(), kFolder);

@@ -12,7 +12,7 @@ endfunction()
 
 execute_process(COMMAND "${CMAKE_COMMAND}" --install "${BUILD}" --prefix "${prefix}" OUTPUT_QUIET COMMAND_ERROR_IS_FATAL ANY)
 foreach(file bin/tallyhut share/applications/tallyhut.desktop share/icons/hicolor/scalable/apps/tallyhut.svg
-             share/man/man1/tallyhut.1.gz share/doc/tallyhut/copyright share/doc/tallyhut/docs/operating.md)
+             share/man/man1/tallyhut.1.gz share/doc/tallyhut/copyright share/doc/tallyhut/docs/operating.md share/tallyhut/prompts/Call.wav)
     if(NOT EXISTS "${prefix}/${file}")
         message(FATAL_ERROR "${file} was not installed")
     endif()

@@ -91,7 +91,8 @@ int PacketAir::FreePort(int type) {
     return nextPort_++;
 }
 
-/// The system's sound writes what is transmitted to a file, which is a pipe here.
+/// The system's sound writes what is transmitted to a file, which is a pipe here. The engines are patient and speak the
+/// older protocol: on a busy machine the newer one's repeats cross for ever.
 void PacketAir::Begin(Engine& engine, const std::string& home) {
     std::filesystem::create_directories(home);
     const std::string pipe = home + "/transmitted";
@@ -103,7 +104,7 @@ void PacketAir::Begin(Engine& engine, const std::string& home) {
                                        << "\" format \"raw\" }\n";
     std::ofstream{home + "/conf"} << "ADEVICE UDP:" << engine.ears
                                   << " air\nARATE 44100\nACHANNELS 1\nCHANNEL 0\nMYCALL N0CALL\nMODEM 1200\n"
-                                     "TXDELAY 10\nTXTAIL 5\nDWAIT 0\nFRACK 2\nAGWPORT "
+                                     "TXDELAY 10\nTXTAIL 5\nDWAIT 0\nFRACK 8\nMAXV22 0\nAGWPORT "
                                   << engine.clients << "\nKISSPORT 0\n";
     engine.process = fork();
     if (engine.process == 0) {

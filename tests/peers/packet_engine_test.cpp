@@ -2,6 +2,7 @@
 
 #include <atomic>
 #include <future>
+#include <iostream>
 #include <string>
 
 #include "tests/peers/packet_air.h"
@@ -31,6 +32,11 @@ struct EnginesOnTheAir : PacketEngineProgram {
     PacketStation other{air.Port(0), "Q1ABC"};  // until the program's engine takes clients
     PacketStation node{air.Port(1), "Q7ZZQ"};
 
+    void TearDown() override {
+        if (HasFailure()) {
+            std::cout << folder.Read("engine0/log") << "\n----\n" << folder.Read("engine1/log");
+        }
+    }
     void OpenOverTheAir() {
         OpenEngine(air.Port(0));
         ASSERT_TRUE(TerminalTells(kReady));

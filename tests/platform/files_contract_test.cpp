@@ -124,6 +124,18 @@ TEST_P(FilesContract, LargeContentIsReadWhole) {
     EXPECT_EQ(files.Read(log), content);
 }
 
+TEST_P(FilesContract, OpenFileIsReadInPartsAndStaysTheSameFile) {
+    files.Replace(log, "0123456789");
+    const auto file = files.OpenToRead(log);
+    files.Replace(log, "another");
+    files.Remove(log);
+    EXPECT_EQ(file->Length(), 10U);
+    EXPECT_EQ(file->Part(3, 4), "3456");
+    EXPECT_EQ(file->Part(8, 4), "89");
+    EXPECT_EQ(file->Part(10, 4), "");
+    EXPECT_EQ(file->Part(1'000'000'000'000, 4), "");
+}
+
 TEST_P(FilesContract, WriteMakesTheFileAndPutsItsContentOverTheOldOne) {
     files.Write(log, "a long first content");
     EXPECT_EQ(files.Read(log), "a long first content");
@@ -265,6 +277,7 @@ TEST_P(FilesContract, MissingFilesAndFoldersAreToldWithTheirPath) {
     files.Replace(log, "log");
     EXPECT_EQ(FailureOf([&] { files.Read(At("none")); }), At("none") + reason);
     EXPECT_EQ(FailureOf([&] { files.Read(inNoFolder); }), inNoFolder + reason);
+    EXPECT_EQ(FailureOf([&] { files.OpenToRead(inNoFolder); }), inNoFolder + reason);
     EXPECT_EQ(FailureOf([&] { files.Append(inNoFolder, "A\r\n"); }), inNoFolder + reason);
     EXPECT_EQ(FailureOf([&] { files.Replace(inNoFolder, "A\r\n"); }), inNoFolder + reason);
     EXPECT_EQ(FailureOf([&] { files.Copy(At("none"), log); }), At("none") + reason);
@@ -282,6 +295,7 @@ TEST_P(FilesContract, FolderInTheFilesPlaceIsRefused) {
     files.MakeFolder(log);
     files.Replace(At("source"), "");
     EXPECT_EQ(FailureOf([&] { files.Read(log); }), log + reason);
+    EXPECT_EQ(FailureOf([&] { files.OpenToRead(log); }), log + reason);
     EXPECT_EQ(FailureOf([&] { files.Append(log, "A\r\n"); }), log + reason);
     EXPECT_EQ(FailureOf([&] { files.Replace(log, "A\r\n"); }), log + reason);
     EXPECT_EQ(FailureOf([&] { files.Copy(log, At("Backup.txt")); }), log + reason);

@@ -1,12 +1,13 @@
 #pragma once
 
-#include <gtest/gtest.h>
 #include <netinet/in.h>
 #include <sys/socket.h>
 #include <unistd.h>
 
+#include <cerrno>
 #include <string>
 #include <string_view>
+#include <system_error>
 
 #include "platform/real/descriptor.h"
 
@@ -23,16 +24,16 @@ public:
         // NOLINTNEXTLINE(cppcoreguidelines-pro-type-reinterpret-cast): the sockets' own way
         auto* any = reinterpret_cast<sockaddr*>(&address);
         socklen_t length = sizeof address;
-        EXPECT_EQ(bind(listener_.Number(), any, length), 0);
-        EXPECT_EQ(listen(listener_.Number(), 1), 0);
-        EXPECT_EQ(getsockname(listener_.Number(), any, &length), 0);
+        Check(bind(listener_.Number(), any, length) == 0);
+        Check(listen(listener_.Number(), 1) == 0);
+        Check(getsockname(listener_.Number(), any, &length) == 0);
         port_ = ntohs(address.sin_port);
     }
 
     int Port() const { return port_; }
     void Accept() { client_ = Descriptor{accept4(listener_.Number(), nullptr, nullptr, SOCK_CLOEXEC)}; }
     void Write(std::string_view bytes) const {
-        EXPECT_EQ(send(client_.Number(), bytes.data(), bytes.size(), MSG_NOSIGNAL), static_cast<ssize_t>(bytes.size()));
+        Check(send(client_.Number(), bytes.data(), bytes.size(), MSG_NOSIGNAL) == static_cast<ssize_t>(bytes.size()));
     }
     /// So many bytes, or fewer where the client ends.
     std::string Read(std::size_t count) const {
@@ -51,6 +52,12 @@ public:
     void StopListening() { listener_ = Descriptor{}; }
 
 private:
+    static void Check(bool done) {
+        if (!done) {
+            throw std::system_error{errno, std::generic_category(), "the server of the test"};
+        }
+    }
+
     Descriptor listener_;
     Descriptor client_;
     int port_ = 0;

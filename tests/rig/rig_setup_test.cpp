@@ -447,6 +447,7 @@ TEST_F(RigSetupTest, FailedStartCanBeLeftByTheCloseBox) {
     StoreRigSettings("\"4800 \",\"N\",\"8\",\"2\",\"MD;\",\"FA;\",\"4800,N,8,2\",1,\"N\",\"M\",\"Kenwood\",0,1,1\r\n");
     files.Put(kPreferencesPath, WritePreferences(stored));
     files.Put(kLogPath, "");
+    files.Put(kWavesPath, kNoWaves);
     MakeProgram();
     pump.OnWait([this] { TheDesk().PostClick(program->stationForm.Command1, kLeftButton); });
     pump.OnWait([this] { Rig().RequestClose(); });

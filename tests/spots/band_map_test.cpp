@@ -61,7 +61,7 @@ TEST_F(BandMapTest, LabelStandsAgainstTheScaleAtItsFrequency) {
 }
 
 TEST_F(BandMapTest, HintHasTheTimeByTheOffsetInWholeHours) {
-    stored.gUtcOffset = 5;
+    stored.gUtcOffset = 5.4F;
     StartMap();
     Post("K1ABC", "", "14175");
     EXPECT_EQ(Spot(49).toolTip, "K1ABC  14.175  02:04:33");

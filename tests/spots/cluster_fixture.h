@@ -1,6 +1,7 @@
 #pragma once
 
 #include "spots/spots_part.h"
+#include "tests/rig/rig_fixture.h"
 #include "tests/spots/spots_fixture.h"
 
 namespace tallyhut {
@@ -13,7 +14,7 @@ inline std::string PostLine(std::string_view frequency, std::string_view call, s
 }
 
 /// The whole program, with a source of spots in its settings.
-struct ClusterFixture : ProgramFixture {
+struct ClusterFixture : RigFixture {
     SpotRecord cluster{.type = "Telnet", .telnetPort = "7300", .telnetHost = "cluster"};
 
     SpotsPart& Part() { return program->spotsPart; }

@@ -104,12 +104,12 @@ TEST_F(SpotPostsTest, RequestBehindTheCarriageReturnCounts) {
     EXPECT_EQ(Calls(), "");
 }
 
-TEST_F(SpotPostsTest, FrequencyBeyondAFloatEndsSilentlyWithTheRowsMovedOn) {
+TEST_F(SpotPostsTest, FrequencyBeyondAFloatEndsSilentlyAndMovesNoRow) {
     StartSpots();
     Post("K1ABC", "", "14025");
     Post("K2ABC", "", "1E99");
-    EXPECT_EQ(table.Row(48).SpotCall, "K1ABC");
-    EXPECT_FLOAT_EQ(table.Row(48).SpotFreq, 14.025F);
+    EXPECT_EQ(table.Newest().SpotCall, "K1ABC");
+    EXPECT_FLOAT_EQ(table.Newest().SpotFreq, 14.025F);
     EXPECT_EQ(posts->listed.size(), 1U);
     EXPECT_TRUE(dialogs.boxes.empty());
 }
@@ -140,7 +140,7 @@ TEST_F(SpotPostsTest, RowOfTheListShowsThePost) {
               (SpotListRow{"KH6XX", "21.3033", "Needed!", "Section", "DE K3LR:    LOUD MDC PAC ", "", "2104", "FN3"}));
 }
 
-TEST_F(SpotPostsTest, PostOfTheTestButtonOffersMaryland) {
+TEST_F(SpotPostsTest, CallThatBeginsWithAQIsNoneOfTheContest) {
     StartColouring();
     posts->BandMapSpots("Q7ZZQ", "21303.3",
                         "de Q7YYRT:     21083.2  Q7ZZQ        MDC                         MD 1308Z G");

@@ -192,9 +192,70 @@ TEST_F(SpotTransportsTest, PortThatCannotBeOpenedIsTold) {
     Open(kTnc);
     EXPECT_TRUE(Shown().ends_with("** Unable to open TNC Serial Port **\r\n\r\n"));
     EXPECT_FALSE(form.Timer1.Enabled());
+    EXPECT_FALSE(form.Label4.State().visible) << "the next line to be sent opens it again";
     ASSERT_EQ(machine.dialogs.boxes.size(), 1U);
     EXPECT_TRUE(machine.dialogs.boxes[0].starts_with("message \"Invalid Comm Settings.\""));
     EXPECT_EQ(machine.dialogs.beeps, 1);
+}
+
+TEST_F(SpotTransportsTest, TncIsOpenedWithItsHandshakeAndPower) {
+    struct Row {
+        std::uint8_t handshaking;
+        const char* power;
+        Handshake handshake;
+        bool rts;
+        bool dtr;
+    };
+    for (const Row& row : {Row{1, "N", Handshake::None, false, false}, Row{2, "R", Handshake::XonXoff, true, false},
+                           Row{3, "D", Handshake::Rts, true, true}, Row{4, "N", Handshake::RtsXonXoff, true, false}}) {
+        link.handshaking = row.handshaking;
+        link.power = row.power;
+        Open(kTnc);
+        const sim::SerialLine& line = machine.serialPorts.Line(1);
+        EXPECT_EQ(line.handshake, row.handshake) << row.handshaking;
+        EXPECT_EQ(line.rts, row.rts) << row.handshaking;
+        EXPECT_EQ(line.dtr, row.dtr) << row.handshaking;
+    }
+}
+
+TEST_F(SpotTransportsTest, TncShowsNothingButPostsWhereSoAsked) {
+    Open(kTnc);
+    form.chkDX.SetValue(true);
+    Fresh();
+    FromTnc("talk of the town\r\n\n");
+    EXPECT_EQ(Fresh(), "");
+    FromTnc("dx de q2abc:     14025.0  q5xx         cq ss                 2101z\r\n\n");
+    EXPECT_EQ(posts.size(), 1U) << "small letters do as well";
+}
+
+TEST_F(SpotTransportsTest, EscOfTheEngineTypesAColonAndListsAllAgain) {
+    OpenEngine();
+    form.chkDX.SetValue(true);
+    int escape = 27;
+    spots.Form_KeyDown(escape, 0);
+    EXPECT_FALSE(form.chkDX.Value());
+    EXPECT_EQ(escape, 27);
+    spots.txtSent_KeyPress(escape);
+    EXPECT_EQ(escape, ':');
+}
+
+TEST_F(SpotTransportsTest, OpeningTheEngineAnewEndsTheConnectionOfBefore) {
+    ConnectStation();
+    packetEngine.TakeSent();
+    spots.Command1_Click();
+    EXPECT_EQ(form.Caption(), "DX Spotting Setup");
+    Fresh();
+    Heard('U', "Q7ZZQ-3", kPost);
+    EXPECT_EQ(posts.size(), 1U);
+}
+
+TEST_F(SpotTransportsTest, EndOfTheFormEndsTheConnection) {
+    ConnectStation();
+    packetEngine.TakeSent();
+    spots.Form_Unload();
+    const std::string sent = packetEngine.TakeSent();
+    ASSERT_EQ(sent.size(), 36U);
+    EXPECT_EQ(sent[4], 'd');
 }
 
 TEST_F(SpotTransportsTest, EngineOnAnotherComputerIsWaitedForWithoutWaiting) {

@@ -245,6 +245,79 @@ TEST_F(SpotsPartTest, TerminalFollowsUnlessTheOperatorReadsAbove) {
     EXPECT_EQ(terminal.SelStart(), static_cast<int>(terminal.Text().size()) - 1);
 }
 
+/// With a radio on port 1.
+struct TuningTest : ClusterFixture {
+    void StartTuning() {
+        StartWithCluster();
+        PickRig("Kenwood");
+        Click(Rig().Command1);
+        Rig().Hide();
+        Arrive(PostLine("14175.0", "K1ABC", "CQ CT"));
+        LetTimeGoBy(1'000);
+        Line().TakeSent();
+    }
+    bool IsTuned() {
+        LetTimeGoBy(3'000);
+        return Line().TakeSent().find("FA00014175000;") != std::string::npos;
+    }
+};
+
+TEST_F(TuningTest, RightClickOnTheMapTunes) {
+    StartTuning();
+    TheDesk().PostClick(Main().lblDXSpot(49), kRightButton);
+    EXPECT_TRUE(IsTuned());
+}
+
+TEST_F(TuningTest, RightClickOnTheSpectrumTunes) {
+    StartTuning();
+    Part().spectrumForm.Show();
+    TheDesk().PostClick(Part().spectrumForm.lblDXSpot(49), kRightButton);
+    EXPECT_TRUE(IsTuned());
+}
+
+TEST_F(TuningTest, RowOfTheListTunes) {
+    cluster.showsList = true;
+    StartTuning();
+    TheDesk().PostRowClick(Main().txtDX, 0, kLeftButton);
+    EXPECT_TRUE(IsTuned());
+}
+
+TEST_F(TuningTest, SectionTunes) {
+    StartTuning();
+    TheDesk().PostClick(Main().Label10(program->sections.Find("CT")), kLeftButton);
+    EXPECT_TRUE(IsTuned());
+}
+
+TEST_F(TuningTest, SectionOfADiscardedSpotSendsNothingToTheRadio) {
+    StartTuning();
+    Click(Main().lblDXSpot(49));
+    TheDesk().PostClick(Main().Label10(program->sections.Find("CT")), kLeftButton);
+    LetTimeGoBy(3'000);
+    EXPECT_EQ(Line().TakeSent().find("FA000"), std::string::npos);
+    EXPECT_EQ(Main().txtCall.Text(), "K1ABC");
+}
+
+TEST_F(SpotsPartTest, SpotThrownOffOneMapIsThrownOffBoth) {
+    StartWithCluster();
+    Arrive(PostLine("14175.0", "K1ABC", "CQ SS"));
+    Part().spectrumForm.Show();
+    TheDesk().RunPending();
+    ASSERT_TRUE(Part().spectrumForm.lblDXSpot(49).State().visible);
+    Click(Part().spectrumForm.lblDXSpot(49));
+    EXPECT_FALSE(Newest().visible);
+    Arrive(PostLine("14176.0", "K2ABC", "CQ SS"));
+    Click(Main().lblDXSpot(49));
+    EXPECT_FALSE(Part().spectrumForm.lblDXSpot(49).State().visible);
+}
+
+TEST_F(SpotsPartTest, SpotLastWithoutAContactAsksForTheFrequency) {
+    StartWithCluster();
+    Press("Ctrl+Z");
+    EXPECT_EQ(SetupForm().txtSent.Text(), "DX Frequency in kHz   ");
+    EXPECT_EQ(SetupForm().txtSent.SelectedText(), "Frequency in kHz");
+    EXPECT_TRUE(SetupForm().txtSent.HasFocus());
+}
+
 TEST_F(SpotsPartTest, PortsTellTheirDevicesWhereTheyAreChosen) {
     StartOnTime();
     SetupForm().Show();

@@ -13,12 +13,17 @@ struct NamedTable {
 };
 
 constexpr std::array kTables{
+    NamedTable{"BlindFrm", kBlindFrmTable},
     NamedTable{"CWFrm", kCWFrmTable},
     NamedTable{"Form2", kForm2Table},
     NamedTable{"Form5", kForm5Table},
     NamedTable{"Form6", kForm6Table},
+    NamedTable{"GraphQSO", kGraphQSOTable},
     NamedTable{"PacketSpotfrm", kPacketSpotfrmTable},
+    NamedTable{"PhoneFrm", kPhoneFrmTable},
     NamedTable{"RigControlfrm", kRigControlfrmTable},
+    NamedTable{"SectionMap", kSectionMapTable},
+    NamedTable{"frmBandPlan", kFrmBandPlanTable},
     NamedTable{"frmCWStrings", kFrmCWStringsTable},
     NamedTable{"frmCodePractice", kFrmCodePracticeTable},
     NamedTable{"frmEditCon", kFrmEditConTable},
@@ -27,6 +32,7 @@ constexpr std::array kTables{
     NamedTable{"frmRigTune", kFrmRigTuneTable},
     NamedTable{"frmStationID", kFrmStationIDTable},
     NamedTable{"frmWinKey", kFrmWinKeyTable},
+    NamedTable{"frmbndstats", kFrmBndStatsTable},
 };
 
 int Number(std::string_view digits) {

@@ -21,12 +21,21 @@ enum class RowLook {
 /// them. Behind a colon stands how much room one asks for, in characters of its text, "txtFreq:12", or a star for all
 /// that its line leaves: "txtFreq:*". Without it a control takes what its caption needs.
 struct TableRow {
-    enum class Kind { Column, Group, Line, Under, Grid, Below, Text, Fill, Left, Right, Main };
+    enum class Kind { Column, Group, Line, Under, Grid, Below, Text, Fill, Sheet, OnSheet, Left, Right, Main };
     Kind kind;
     std::string_view caption = {};
     std::string_view controls = {};
     int number = 0;
     RowLook look = RowLook::Plain;
+};
+
+/// Where the text of a label on a sheet stands in the label's place.
+enum class SheetText {
+    Heads,  ///< at the upper left
+    Begins,
+    Centred,
+    Ends,
+    Within,  ///< centred, as much of it as has room: the place says more than the text
 };
 
 using FormTable = std::span<const TableRow>;
@@ -67,6 +76,15 @@ constexpr TableRow Fill(std::string_view caption, std::string_view control, int 
                         RowLook look = RowLook::Plain) {
     return {TableRow::Kind::Fill, caption, control, share, look};
 }
+/// A picture, and with the rows behind it what lies on it and beside it: each where the form itself has it, drawn out
+/// over all the room that is over, or with the proportions of the form.
+constexpr TableRow Sheet(std::string_view picture, bool keepsProportions = false) {
+    return {TableRow::Kind::Sheet, {}, picture, keepsProportions ? 1 : 0};
+}
+/// On the sheet above. "priv(*)" is all of a name, also those that are made while the program runs.
+constexpr TableRow OnSheet(std::string_view controls, SheetText text = SheetText::Centred) {
+    return {TableRow::Kind::OnSheet, {}, controls, static_cast<int>(text)};
+}
 /// The bar below all columns: buttons at its left and at its right, and behind those the form's main one.
 constexpr TableRow Left(std::string_view buttons) {
     return {TableRow::Kind::Left, {}, buttons};
@@ -94,10 +112,13 @@ std::vector<ToldControl> ControlsIn(std::string_view controls);
 FormTable TableOf(std::string_view formName);
 
 // One unit a form, named as the form is.
+extern const FormTable kBlindFrmTable;
 extern const FormTable kCWFrmTable;
 extern const FormTable kForm2Table;
 extern const FormTable kForm5Table;
 extern const FormTable kForm6Table;
+extern const FormTable kFrmBandPlanTable;
+extern const FormTable kFrmBndStatsTable;
 extern const FormTable kFrmCWStringsTable;
 extern const FormTable kFrmCodePracticeTable;
 extern const FormTable kFrmEditConTable;
@@ -106,7 +127,10 @@ extern const FormTable kFrmPortsTable;
 extern const FormTable kFrmRigTuneTable;
 extern const FormTable kFrmStationIDTable;
 extern const FormTable kFrmWinKeyTable;
+extern const FormTable kGraphQSOTable;
 extern const FormTable kPacketSpotfrmTable;
+extern const FormTable kPhoneFrmTable;
 extern const FormTable kRigControlfrmTable;
+extern const FormTable kSectionMapTable;
 
 }  // namespace tallyhut

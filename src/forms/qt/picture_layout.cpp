@@ -17,7 +17,7 @@ constexpr double kPlainLabel = 200;  ///< design units of its height
 }  // namespace
 
 PictureLayout::PictureLayout(Form& form, QWidget& window)
-    : form_{form}, window_{window}, sheet_{new Sheet{DarkSheet(), &window}} {
+    : form_{form}, window_{window}, sheet_{new PictureGround{DarkSheet(), &window}} {
     window_.setMinimumSize(kSmallestWindow);
 }
 

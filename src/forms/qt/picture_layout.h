@@ -25,7 +25,7 @@ private:
 
     Form& form_;
     QWidget& window_;
-    Sheet* sheet_;
+    PictureGround* sheet_;
     std::vector<ControlWidget*> widgets_;
     std::vector<ControlWidget*> moved_;  ///< since the last settling
 };

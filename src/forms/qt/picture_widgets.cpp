@@ -3,12 +3,19 @@
 #include <QMouseEvent>
 #include <QPainter>
 #include <QStyleOptionGroupBox>
+#include <algorithm>
+#include <iterator>
 
 #include "forms/qt/program_style.h"
 #include "forms/qt/text_codec.h"
-#include "toolkit/controls.h"
+#include "toolkit/desk.h"
 
 namespace tallyhut {
+namespace {
+
+constexpr double kThinnest = 0.5;  ///< pixels of a line in a picture
+
+}  // namespace
 
 FrameWidget::FrameWidget(Control& control, const OperatorInput& input, QWidget* parent)
     : WidgetOf{control, input, parent} {}
@@ -65,9 +72,22 @@ void FrameWidget::mousePressEvent(QMouseEvent* event) {
 }
 
 RasterWidget::RasterWidget(Raster& raster, const OperatorInput& input, QWidget* parent)
-    : WidgetOf{raster, input, parent}, raster_{raster} {}
+    : WidgetOf{raster, input, parent}, raster_{raster} {
+    setMouseTracking(true);
+}
 
 void RasterWidget::ShowState() {
+    picture_ = {};
+    shapes_.clear();
+    if (raster_.Shapes() == nullptr) {
+        TakePixels();
+    } else {
+        TakeShapes();
+    }
+    update();
+}
+
+void RasterWidget::TakePixels() {
     const RasterImage& image = raster_.Image();
     const Theme theme = ThemeOf(palette());
     picture_ = QImage{image.Width(), image.Height(), QImage::Format_RGB32};
@@ -80,16 +100,73 @@ void RasterWidget::ShowState() {
             row[x] = pixel >= 0 ? qRgb(RedOf(pixel), GreenOf(pixel), BlueOf(pixel)) : ToQColor(pixel, theme).rgb();
         }
     }
-    update();
+}
+
+void RasterWidget::TakeShapes() {
+    for (const Shape& shape : raster_.Shapes()->shapes) {
+        QPainterPath whole;  // filled by the rule of odd and even, as a new path is
+        for (const Path& path : shape.paths) {
+            QPolygonF points;
+            points.reserve(static_cast<int>(path.size()) + 1);
+            std::ranges::transform(path, std::back_inserter(points), [](const Point& at) {
+                return QPointF{at.x, at.y};
+            });
+            if (points.size() == 1) {
+                points.push_back(points.front());  // a dot
+            }
+            whole.addPolygon(points);
+        }
+        shapes_.push_back({whole, shape.kind, shape.colour, shape.width});
+    }
+}
+
+void RasterWidget::PaintShapes(QPainter& painter) const {
+    const Drawing& drawing = *raster_.Shapes();
+    if (drawing.width <= 0 || drawing.height <= 0) {
+        return;
+    }
+    const Theme theme = ThemeOf(palette());
+    const QColor ground = ToQColor(drawing.ground, theme);
+    painter.fillRect(rect(), ground);
+    painter.setRenderHint(QPainter::Antialiasing);
+    const double across = width() / drawing.width;
+    const double down = height() / drawing.height;
+    const QTransform toPixels = QTransform::fromScale(across, down);
+    for (const PlacedShape& shape : shapes_) {
+        const QPainterPath path = toPixels.map(shape.path);
+        const QColor colour = ToQColor(shape.colour, theme);
+        if (shape.kind == Shape::Kind::Area) {
+            painter.fillPath(path, colour);
+        } else {
+            const double wide = std::max(shape.width * std::min(across, down), kThinnest);
+            painter.strokePath(path, QPen{Visible(colour, ground), wide, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin});
+        }
+    }
 }
 
 void RasterWidget::paintEvent(QPaintEvent* /*event*/) {
-    if (picture_.isNull()) {
+    QPainter painter{this};
+    if (raster_.Shapes() != nullptr) {
+        PaintShapes(painter);
+    } else if (!picture_.isNull()) {
+        painter.setRenderHint(QPainter::SmoothPixmapTransform);
+        painter.drawImage(rect(), picture_);
+    }
+}
+
+/// In the units of the form's places, whatever the size of the window.
+void RasterWidget::mouseMoveEvent(QMouseEvent* event) {
+    const Place& place = raster_.State().place;
+    raster_.pointer = {event->position().x() * place.width / std::max(width(), 1),
+                       event->position().y() * place.height / std::max(height(), 1)};
+    if (movePending_ || !raster_.MouseMove) {
         return;
     }
-    QPainter painter{this};
-    painter.setRenderHint(QPainter::SmoothPixmapTransform);
-    painter.drawImage(rect(), picture_);
+    movePending_ = true;
+    Input().DoWhileThere(this, [this] {
+        movePending_ = false;
+        Input().TheDesk().Call(raster_.MouseMove);
+    });
 }
 
 void RasterWidget::mousePressEvent(QMouseEvent* event) {
@@ -141,9 +218,9 @@ QRect BoxInPicture(const Control& control, const Place& frame, const QRect& room
         .toAlignedRect();
 }
 
-Sheet::Sheet(const QColor& ground, QWidget* parent) : QWidget{parent}, ground_{ground} {}
+PictureGround::PictureGround(const QColor& ground, QWidget* parent) : QWidget{parent}, ground_{ground} {}
 
-void Sheet::paintEvent(QPaintEvent* /*event*/) {
+void PictureGround::paintEvent(QPaintEvent* /*event*/) {
     QPainter{this}.fillRect(rect(), ground_);
 }
 

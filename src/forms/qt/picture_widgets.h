@@ -2,12 +2,13 @@
 
 #include <QGroupBox>
 #include <QImage>
+#include <QPainterPath>
+#include <vector>
 
 #include "forms/qt/control_widget.h"
+#include "toolkit/controls.h"
 
 namespace tallyhut {
-
-struct Raster;
 
 /// A frame lies under the controls that are in it; it does not hold their widgets.
 class FrameWidget : public WidgetOf<QGroupBox> {
@@ -24,7 +25,8 @@ protected:
     void mousePressEvent(QMouseEvent* event) override;
 };
 
-/// A picture, stretched to the room that it has.
+/// A picture, stretched to the room that it has. Shapes are drawn as sharply as the screen can; a line that could not
+/// be seen on its ground is drawn lighter or darker.
 class RasterWidget : public WidgetOf<QWidget> {
 public:
     RasterWidget(Raster& raster, const OperatorInput& input, QWidget* parent);
@@ -34,10 +36,23 @@ protected:
     void paintEvent(QPaintEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
     void mouseDoubleClickEvent(QMouseEvent* event) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
 
 private:
+    struct PlacedShape {
+        QPainterPath path;  ///< in the units of the picture
+        Shape::Kind kind;
+        Colour colour;
+        double width;
+    };
+    void TakePixels();
+    void TakeShapes();
+    void PaintShapes(QPainter& painter) const;
+
     Raster& raster_;
     QImage picture_;
+    std::vector<PlacedShape> shapes_;
+    bool movePending_ = false;
 };
 
 /// A line from its first end to its second, in the box that the two span.
@@ -57,9 +72,9 @@ protected:
 QRect BoxInPicture(const Control& control, const Place& frame, const QRect& room);
 
 /// Lies under the controls of a picture, in one colour.
-class Sheet : public QWidget {
+class PictureGround : public QWidget {
 public:
-    Sheet(const QColor& ground, QWidget* parent);
+    PictureGround(const QColor& ground, QWidget* parent);
 
 protected:
     void paintEvent(QPaintEvent* event) override;

@@ -38,7 +38,10 @@ QtPump::QtPump(const Clock& clock) : clock_{clock} {
 }
 
 std::unique_ptr<DescriptorWatch> QtPump::Watch(int descriptor, std::function<void()> arrived) {
-    return std::make_unique<QtWatch>(descriptor, std::move(arrived));
+    return std::make_unique<QtWatch>(descriptor, [this, told = std::move(arrived)] {
+        cameByWire_ = true;
+        told();
+    });
 }
 
 void QtPump::Collect() {
@@ -56,6 +59,10 @@ void QtPump::WaitUntil(std::optional<Tick> tick) {
     if (tick && *tick <= now) {
         return;
     }
+    if (cameByWire_) {  // it has yet to be shown
+        const Tick nextFrame = shownAt_ + kFrame;
+        tick = std::min(tick.value_or(nextFrame), nextFrame);
+    }
     if (tick) {
         constexpr Tick kLongest = std::numeric_limits<int>::max();
         alarm_.start(static_cast<int>(std::min(*tick - now, kLongest)));
@@ -65,7 +72,13 @@ void QtPump::WaitUntil(std::optional<Tick> tick) {
     arrived_ = false;  // the caller looks at everything now
 }
 
-void QtPump::Show() const {
+void QtPump::Show() {
+    const Tick now = clock_.TickMs();
+    if (cameByWire_ && !isUrgent_ && now - shownAt_ < kFrame) {
+        return;
+    }
+    cameByWire_ = isUrgent_ = false;
+    shownAt_ = now;
     if (onShow) {
         onShow();
     }

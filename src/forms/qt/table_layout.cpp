@@ -8,6 +8,7 @@
 #include "forms/qt/program_style.h"
 #include "forms/qt/qt_screen.h"
 #include "forms/qt/text_codec.h"
+#include "toolkit/controls.h"
 
 namespace tallyhut {
 namespace {
@@ -31,13 +32,24 @@ constexpr double kFieldHeight = 2.1;
 constexpr double kChoiceHeight = 1.7;
 constexpr double kTextHeight = 1.45;
 constexpr double kSmallestButton = 5.5;
-constexpr int kMostOfAValue = 24;     // characters: a value of any length must not push the form apart
+constexpr int kMostOfAValue = 24;             // characters: a value of any length must not push the form apart
 constexpr std::size_t kRowsOfAShortList = 5;  ///< all of which can be seen at once
 constexpr double kRowHeight = 2.1;
 constexpr double kColumnOfText = 15;  ///< no narrower
+constexpr double kSmallestSheet = 15;
+constexpr int kKeepsProportions = 1;
 constexpr double kMostLineGap = 0.7;  ///< lines move apart by this where there is room
 
 using Kind = TableRow::Kind;
+
+constexpr std::string_view kAll = "(*)";
+
+/// Whether another button of the form says the same.
+bool HasTwin(const Control& control) {
+    return std::ranges::any_of(control.form.Controls(), [&control](const Control* other) {
+        return other != &control && other->kind == control.kind && other->State().text == control.State().text;
+    });
+}
 
 bool IsFrame(const ControlWidget* widget) {
     return widget != nullptr && widget->Logical().kind == ControlKind::Frame;
@@ -49,6 +61,15 @@ bool IsSheet(const Control& control) {
            control.kind == ControlKind::Raster || (control.kind == ControlKind::TextBox && control.State().multiLine);
 }
 
+/// What the control takes of its form's design.
+QRectF OnForm(const Control& control) {
+    const ControlState& state = control.State();
+    if (control.kind == ControlKind::Line) {
+        return QRectF{QPointF{state.x1, state.y1}, QPointF{state.x2, state.y2}}.normalized();
+    }
+    return {state.place.left, state.place.top, state.place.width, state.place.height};
+}
+
 bool Wraps(Kind kind) {
     return kind == Kind::Text;
 }
@@ -56,6 +77,27 @@ bool Wraps(Kind kind) {
 /// What stands of a device beside its number: "/dev/ttyUSB0, Acme Cable" is "ttyUSB0"; nothing where there is none.
 QString DeviceIn(const std::string& toolTip) {
     return toolTip.starts_with('/') ? ToQt(toolTip).section(',', 0, 0).section('/', -1) : QString{};
+}
+
+/// A line of a sheet, over all else.
+void PlaceBesidePicture(ControlWidget& line, ControlWidget& picture) {
+    const QRectF inPixels = picture.Widget().geometry();
+    const QRectF onForm = OnForm(picture.Logical());
+    const QRectF place = OnForm(line.Logical());
+    if (onForm.isEmpty()) {
+        return;
+    }
+    const auto toPixels = [&](const QPointF& at) {
+        return QPoint{qRound(inPixels.left() + (at.x() - onForm.left()) * inPixels.width() / onForm.width()),
+                      qRound(inPixels.top() + (at.y() - onForm.top()) * inPixels.height() / onForm.height())};
+    };
+    line.Widget().setGeometry(
+        QRect{toPixels(place.topLeft()), toPixels(place.bottomRight()) - QPoint{1, 1}}.adjusted(-1, -1, 1, 1));
+    line.Widget().raise();
+}
+
+int ShareOfHeight(const TableRow& row) {
+    return row.kind == Kind::Fill ? row.number : row.kind == Kind::Sheet ? 1 : 0;
 }
 
 /// The text of a label or of the part of a frame that stands in a line.
@@ -105,20 +147,25 @@ void TableLayout::Add(ControlWidget& widget) {
     widgets_.push_back(&widget);
     built_ = false;
     stale_ = true;
+    fitted_ = {};
 }
 
 void TableLayout::Remove(ControlWidget& widget) {
     std::erase(widgets_, &widget);
     built_ = false;
     stale_ = true;
+    fitted_ = {};
 }
 
 void TableLayout::Changed(ControlWidget& widget) {
+    fitted_ = {};
     const ControlKind kind = widget.Logical().kind;
     if (kind != ControlKind::Frame && kind != ControlKind::Line) {
         const QSize size = widget.Widget().size();
         const QSize need = widget.Needed(size.width());
         stale_ = stale_ || need.width() > size.width() || need.height() > size.height() + 1;
+    } else if (kind == ControlKind::Line && built_) {
+        FollowLine(widget);
     }
     namesStale_ = true;
 }
@@ -169,7 +216,15 @@ ControlWidget* TableLayout::Take(std::string_view name, std::vector<ControlWidge
 std::vector<TableLayout::Piece> TableLayout::TakeAll(std::string_view controls, std::vector<ControlWidget*>& rest) {
     std::vector<Piece> pieces;
     for (const ToldControl& told : ControlsIn(controls)) {
-        if (ControlWidget* widget = Take(told.name, rest)) {
+        if (told.name.ends_with(kAll)) {
+            const std::string_view family = std::string_view{told.name}.substr(0, told.name.size() - kAll.size());
+            const auto first = std::stable_partition(rest.begin(), rest.end(), [family](const ControlWidget* widget) {
+                return widget->Logical().name != family;
+            });
+            std::for_each(first, rest.end(),
+                          [&pieces](ControlWidget* widget) { pieces.push_back({.widget = widget}); });
+            rest.erase(first, rest.end());
+        } else if (ControlWidget* widget = Take(told.name, rest)) {
             pieces.push_back({widget, told.characters, told.fills});
         }
     }
@@ -260,12 +315,19 @@ void TableLayout::AddRow(const TableRow& row, std::vector<ControlWidget*>& rest)
             std::ranges::move(TakeAll(row.controls, rest), std::back_inserter(side.pieces));
             return;
         }
+        case Kind::OnSheet:
+            for (Piece piece : TakeAll(row.controls, rest)) {
+                piece.text = static_cast<SheetText>(row.number);
+                LastPanel().lines.back().pieces.push_back(piece);
+            }
+            return;
         case Kind::Line:
         case Kind::Under:
         case Kind::Grid:
         case Kind::Below:
         case Kind::Text:
-        case Kind::Fill: {
+        case Kind::Fill:
+        case Kind::Sheet: {
             PlacedLine line{row, Take(row.caption, rest), TakeAll(row.controls, rest)};
             if (line.caption != nullptr || !line.pieces.empty()) {
                 LastPanel().lines.push_back(std::move(line));
@@ -289,7 +351,11 @@ void TableLayout::TellLooks() {
                     line.caption->SetLook(look);
                 }
                 for (const Piece& piece : line.pieces) {
-                    TellLook(piece, line);
+                    if (line.row.kind == Kind::Sheet) {
+                        TellSheetLook(piece, line);
+                    } else {
+                        TellLook(piece, line);
+                    }
                 }
             }
         }
@@ -342,12 +408,29 @@ void TableLayout::TellLook(const Piece& piece, const PlacedLine& line) {
         look.spokenName = CaptionText(control.Frame()->State().text);
     } else if (IsPressed(control)) {
         const Control* frame = control.Frame();
-        const bool inGrid = line.row.kind == Kind::Grid && line.caption != nullptr && !IsFrame(line.caption);
+        const bool isHeaded = line.caption != nullptr && !IsFrame(line.caption);
         if (frame != nullptr) {
             look.spokenName = CaptionText(frame->State().text);
-        } else if (inGrid) {
+        } else if (isHeaded && (line.row.kind == Kind::Grid || HasTwin(control))) {
             look.spokenName = CaptionText(line.caption->Logical().State().text);
         }
+    }
+    piece.widget->SetLook(look);
+}
+
+/// What lies on a picture has the picture's ground under it.
+void TableLayout::TellSheetLook(const Piece& piece, const PlacedLine& line) {
+    Look look;
+    look.pixels = std::max(text_ * kSmall, canvas_.SmallestText());
+    look.trimmed = true;
+    look.alignment = (piece.text == SheetText::Heads ? Qt::AlignTop : Qt::AlignVCenter) |
+                     (piece.text == SheetText::Begins || piece.text == SheetText::Heads ? Qt::AlignLeft
+                      : piece.text == SheetText::Ends                                   ? Qt::AlignRight
+                                                                                        : Qt::AlignHCenter);
+    const Control& picture = line.pieces.front().widget->Logical();
+    if (const Drawing* drawing = static_cast<const Raster&>(picture).Shapes();
+        drawing != nullptr && drawing->ground >= 0) {
+        look.ground = ToQColor(drawing->ground, ThemeOf(window_.palette()));
     }
     piece.widget->SetLook(look);
 }
@@ -453,6 +536,8 @@ int TableLayout::LineWidth(const PlacedLine& line, int captionWidth) const {
         }
         case Kind::Text:
             return qRound(text_ * kColumnOfText);
+        case Kind::Sheet:
+            return SheetNeed(line).width();
         default: {
             const int own = std::accumulate(line.pieces.begin(), line.pieces.end(), 0,
                                             [this](int sum, const Piece& piece) { return sum + PieceWidth(piece); });
@@ -463,6 +548,37 @@ int TableLayout::LineWidth(const PlacedLine& line, int captionWidth) const {
                    own + std::max(count - 1, 0) * gap;
         }
     }
+}
+
+QRectF TableLayout::SheetOnForm(const std::vector<Piece>& pieces) {
+    QRectF whole;
+    for (const Piece& piece : pieces) {
+        const QRectF place = OnForm(piece.widget->Logical());
+        if (piece.widget->Logical().IsShown()) {  // a line takes no room in one direction
+            whole =
+                whole.isNull()
+                    ? place
+                    : QRectF{QPointF{std::min(whole.left(), place.left()), std::min(whole.top(), place.top())},
+                             QPointF{std::max(whole.right(), place.right()), std::max(whole.bottom(), place.bottom())}};
+        }
+    }
+    return whole;
+}
+
+QSize TableLayout::SheetNeed(const PlacedLine& line) const {
+    const QRectF whole = SheetOnForm(line.pieces);
+    double width = text_ * kSmallestSheet;
+    double height = width;
+    for (const Piece& piece : line.pieces) {
+        const Control& control = piece.widget->Logical();
+        const QRectF place = OnForm(control);
+        if (control.kind == ControlKind::Label && piece.text != SheetText::Within && !place.isEmpty()) {
+            const QSize need = piece.widget->Needed(0);
+            width = std::max(width, (need.width() + 1) * whole.width() / place.width());
+            height = std::max(height, (need.height() + 1) * whole.height() / place.height());
+        }
+    }
+    return {qRound(width), qRound(height)};
 }
 
 int TableLayout::LineHeight(const PlacedLine& line, const PlacedColumn& column) const {
@@ -480,6 +596,8 @@ int TableLayout::LineHeight(const PlacedLine& line, const PlacedColumn& column) 
             const int rows = (count + line.row.number - 1) / std::max(line.row.number, 1);
             return rows * tallest(CellWidth(line)) + (rows - 1) * (Unit() / 2);
         }
+        case Kind::Sheet:
+            return SheetNeed(line).height();
         case Kind::Text: {
             int height = 0;
             for (const Piece& piece : line.pieces) {
@@ -569,6 +687,9 @@ QSize TableLayout::Measure(double text, int width) {
 }
 
 void TableLayout::Arrange() {
+    if (fitted_ == window_.size()) {
+        return;
+    }
     stale_ = false;
     if (!built_) {
         Build();
@@ -587,6 +708,7 @@ void TableLayout::Arrange() {
     canvas_.Sheet().resize(need.expandedTo(room));
     Place(canvas_.Sheet().size());
     TellTitles();
+    fitted_ = window_.size();
 }
 
 void TableLayout::Place(const QSize& room) {
@@ -609,7 +731,7 @@ void TableLayout::PlaceColumn(const PlacedColumn& column, const QRect& room) {
     int weights = 0;
     for (const PlacedPanel& panel : column.panels) {
         for (const PlacedLine& line : panel.lines) {
-            weights += line.row.kind == Kind::Fill ? line.row.number : 0;
+            weights += ShareOfHeight(line.row);
             ++lines;
         }
     }
@@ -620,7 +742,8 @@ void TableLayout::PlaceColumn(const PlacedColumn& column, const QRect& room) {
     for (const PlacedPanel& panel : column.panels) {
         int below = top + pad + TitleHeight(panel);
         for (const PlacedLine& line : panel.lines) {
-            const int more = line.row.kind == Kind::Fill ? over * line.row.number / weights : 0;
+            const int share = ShareOfHeight(line.row);
+            const int more = share > 0 ? over * share / weights : 0;
             const QRect place{room.left() + pad, below, room.width() - 2 * pad, LineHeight(line, column) + more};
             PlaceLine(line, place, column);
             below = place.bottom() + 1 + Unit() + apart;
@@ -634,6 +757,10 @@ void TableLayout::PlaceColumn(const PlacedColumn& column, const QRect& room) {
 
 void TableLayout::PlaceLine(const PlacedLine& line, const QRect& room, const PlacedColumn& column) {
     QRect inside = room;
+    if (line.row.kind == Kind::Sheet) {
+        PlaceSheet(line, room);
+        return;
+    }
     if (line.row.kind == Kind::Text) {
         for (const Piece& piece : line.pieces) {
             inside.setHeight(PieceHeight(piece, room.width()));
@@ -676,6 +803,44 @@ void TableLayout::PlaceLine(const PlacedLine& line, const QRect& room, const Pla
         PlaceCells(line, inside);
     } else {
         PlacePieces(line, inside);
+    }
+}
+
+void TableLayout::FollowLine(const ControlWidget& widget) {
+    for (const PlacedColumn& column : columns_) {
+        for (const PlacedPanel& panel : column.panels) {
+            for (const PlacedLine& line : panel.lines) {
+                const auto piece = std::ranges::find(line.pieces, &widget, &Piece::widget);
+                if (line.row.kind == Kind::Sheet && piece != line.pieces.end()) {
+                    PlaceBesidePicture(*piece->widget, *line.pieces.front().widget);
+                }
+            }
+        }
+    }
+}
+
+void TableLayout::PlaceSheet(const PlacedLine& line, const QRect& room) {
+    const QRectF whole = SheetOnForm(line.pieces);
+    QSizeF size = room.size();
+    if (line.row.number == kKeepsProportions) {
+        size = whole.size().scaled(size, Qt::KeepAspectRatio);
+    }
+    const double across = whole.width() > 0 ? size.width() / whole.width() : 0;
+    const double down = whole.height() > 0 ? size.height() / whole.height() : 0;
+    const double left = room.left() + (room.width() - size.width()) / 2;
+    const double top = room.top() + (room.height() - size.height()) / 2;
+    for (const Piece& piece : line.pieces) {
+        const QRectF place = OnForm(piece.widget->Logical());
+        const QPoint from{qRound(left + (place.left() - whole.left()) * across),
+                          qRound(top + (place.top() - whole.top()) * down)};
+        const QPoint to{qRound(left + (place.right() - whole.left()) * across),
+                        qRound(top + (place.bottom() - whole.top()) * down)};
+        QWidget& widget = piece.widget->Widget();
+        if (piece.widget->Logical().kind == ControlKind::Line) {
+            PlaceBesidePicture(*piece.widget, *line.pieces.front().widget);
+        } else {
+            widget.setGeometry(QRect{from, to - QPoint{1, 1}});
+        }
     }
 }
 

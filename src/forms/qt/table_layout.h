@@ -36,6 +36,7 @@ private:
         ControlWidget* widget = nullptr;
         int characters = 0;  ///< 0: what the caption needs
         bool fills = false;
+        SheetText text = SheetText::Centred;  ///< on a sheet
     };
     struct PlacedLine {
         TableRow row;
@@ -69,6 +70,7 @@ private:
 
     void TellLooks();
     void TellLook(const Piece& piece, const PlacedLine& line);
+    void TellSheetLook(const Piece& piece, const PlacedLine& line);
     void TellTitles();
 
     int Unit() const;
@@ -78,6 +80,10 @@ private:
     int CellWidth(const PlacedLine& line) const;
     int CaptionWidth(const PlacedLine& line) const;
     int LineWidth(const PlacedLine& line, int captionWidth) const;
+    /// What all on a sheet takes of its form's design.
+    static QRectF SheetOnForm(const std::vector<Piece>& pieces);
+    /// The room that what lies on a sheet asks for.
+    QSize SheetNeed(const PlacedLine& line) const;
     int LineHeight(const PlacedLine& line, const PlacedColumn& column) const;
     int HeightOf(const PlacedPanel& panel, const PlacedColumn& column) const;
     int HeightOf(const PlacedColumn& column) const;
@@ -91,6 +97,9 @@ private:
     void PlaceLine(const PlacedLine& line, const QRect& room, const PlacedColumn& column);
     void PlacePieces(const PlacedLine& line, const QRect& room);
     void PlaceCells(const PlacedLine& line, const QRect& room);
+    /// A line that has moved follows at once, beside the picture of its sheet.
+    void FollowLine(const ControlWidget& widget);
+    static void PlaceSheet(const PlacedLine& line, const QRect& room);
     void PlaceBar(const QRect& room);
 
     Form& form_;
@@ -106,6 +115,7 @@ private:
     double text_ = 0;               ///< pixels of plain text
     bool built_ = false;
     bool stale_ = true;
+    QSize fitted_;  ///< of the window, as long as nothing has changed since it was arranged
     bool namesStale_ = false;
 };
 

@@ -54,6 +54,19 @@ QColor MadeReadable(const QColor& colour, const QColor& ground, double contrast 
     return FirstStandingOut([&](double share) { return Mixed(TextOn(ground), colour, share); }, ground, contrast);
 }
 
+/// The colour, lighter or darker until it stands out from the ground.
+QColor OfItsHue(const QColor& colour, const QColor& ground, double contrast) {
+    const QColor hsl = colour.toHsl();
+    const float end = Contrast(Qt::black, ground) >= Contrast(Qt::white, ground) ? 0.0F : 1.0F;
+    return FirstStandingOut(
+        [&](double share) {
+            const float lightness = hsl.lightnessF() + (end - hsl.lightnessF()) * static_cast<float>(share);
+            return share == 0 ? colour
+                              : QColor::fromHslF(std::max(hsl.hslHueF(), 0.0F), hsl.hslSaturationF(), lightness);
+        },
+        ground, contrast);
+}
+
 }  // namespace
 
 Theme ThemeOf(const QPalette& palette) {
@@ -113,14 +126,11 @@ QColor TextOn(const QColor& ground) {
 }
 
 QColor Readable(const QColor& text, const QColor& ground) {
-    const QColor hsl = text.toHsl();
-    const float end = Contrast(Qt::black, ground) >= Contrast(Qt::white, ground) ? 0.0F : 1.0F;
-    return FirstStandingOut(
-        [&](double share) {
-            const float lightness = hsl.lightnessF() + (end - hsl.lightnessF()) * static_cast<float>(share);
-            return share == 0 ? text : QColor::fromHslF(std::max(hsl.hslHueF(), 0.0F), hsl.hslSaturationF(), lightness);
-        },
-        ground, kStrokeContrast);
+    return OfItsHue(text, ground, kStrokeContrast);
+}
+
+QColor Visible(const QColor& mark, const QColor& ground) {
+    return OfItsHue(mark, ground, kEdgeContrast);
 }
 
 QColor DarkSheet() {

@@ -43,6 +43,8 @@ inline constexpr double kEdgeContrast = 3;
 QColor TextOn(const QColor& ground);
 /// The colour, or where it cannot be read on the ground, one of the same hue that can.
 QColor Readable(const QColor& text, const QColor& ground);
+/// The same for a line or a mark, which need only be seen.
+QColor Visible(const QColor& mark, const QColor& ground);
 
 /// A dark ground on which light colours can be read, in a light window, too.
 QColor DarkSheet();

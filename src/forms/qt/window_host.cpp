@@ -1,6 +1,8 @@
 #include "forms/qt/window_host.h"
 
 #include <QApplication>
+#include <QBuffer>
+#include <QImage>
 #include <QInputMethodEvent>
 #include <QKeyEvent>
 #include <QScreen>
@@ -20,6 +22,7 @@
 #include "forms/qt/spoken_field.h"
 #include "forms/qt/text_codec.h"
 #include "toolkit/desk.h"
+#include "toolkit/png.h"
 
 namespace tallyhut {
 
@@ -131,6 +134,7 @@ WindowHost::WindowHost(Desk& desk, QtPump& pump) : desk_{desk}, pump_{pump}, inp
     };
     desk_.outlets.announced = [this](std::string_view words) { announcer_.Add(ToQt(words)); };
     pump_.onShow = [this] { Flush(); };
+    desk_.outlets.png = [this](const Raster& picture) { return PngOf(picture); };
     SpeakWholeFields();
     qApp->installEventFilter(this);
 }
@@ -243,6 +247,25 @@ void WindowHost::FocusNext(bool backwards) {
     const auto present = std::ranges::find(stops, form->Focus());
     const bool wraps = present == stops.end() || present + 1 == stops.end();
     (wraps ? stops.front() : *(present + 1))->SetFocus();
+}
+
+/// Drawn anew, as large as a wide screen.
+std::string WindowHost::PngOf(const Raster& picture) const {
+    constexpr double kWide = 2560;
+    const auto view = views_.find(&picture.form);
+    if (view == views_.end() || !view->second->widgets.contains(&picture)) {
+        return tallyhut::PngOf(picture.Image());
+    }
+    QWidget& widget = view->second->widgets.at(&picture)->Widget();
+    const double scale = std::max(kWide / std::max(widget.width(), 1), 1.0);
+    QImage image{(QSizeF{widget.size()} * scale).toSize(), QImage::Format_RGB32};
+    image.setDevicePixelRatio(scale);
+    image.fill(widget.palette().color(QPalette::Window));
+    widget.parentWidget()->render(&image, {}, QRegion{widget.geometry()}, QWidget::DrawChildren);
+    QByteArray bytes;
+    QBuffer buffer{&bytes};
+    image.save(&buffer, "PNG");
+    return bytes.toStdString();
 }
 
 void WindowHost::Flush() {

@@ -9,6 +9,7 @@
 
 #include "forms/qt/announcer.h"
 #include "forms/qt/operator_input.h"
+#include "toolkit/controls.h"
 
 namespace tallyhut {
 
@@ -46,6 +47,7 @@ private:
     static void SyncFocus(const FormView& view);
     void SyncActive();
     void WatchAlt(const QObject& watched, const QEvent& event);
+    std::string PngOf(const Raster& picture) const;
     void FocusNext(bool backwards);
     void MarkFocus();
     FormView& ViewOf(Form& form);

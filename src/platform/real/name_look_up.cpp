@@ -4,6 +4,7 @@
 #include <sys/eventfd.h>
 #include <unistd.h>
 
+#include <array>
 #include <atomic>
 #include <cerrno>
 #include <cstdint>
@@ -37,9 +38,10 @@ struct FailureRow {
     int number;
 };
 
-constexpr FailureRow kFailures[] = {
-    {EAI_NONAME, kTcpHostNotFound}, {EAI_AGAIN, kTcpHostNotFoundNow}, {EAI_FAIL, kTcpNameFailure},
-    {EAI_NODATA, kTcpNoAddress},    {EAI_ADDRFAMILY, kTcpNoAddress},  {EAI_MEMORY, kTcpOutOfMemory},
+constexpr std::array kFailures{
+    FailureRow{EAI_NONAME, kTcpHostNotFound},  FailureRow{EAI_AGAIN, kTcpHostNotFoundNow},
+    FailureRow{EAI_FAIL, kTcpNameFailure},     FailureRow{EAI_NODATA, kTcpNoAddress},
+    FailureRow{EAI_ADDRFAMILY, kTcpNoAddress}, FailureRow{EAI_MEMORY, kTcpOutOfMemory},
 };
 
 int FailureNumber(int reason) {

@@ -107,6 +107,35 @@ OpenFile OpenRegular(const std::string& path, int flags) {
     return std::move(*file);
 }
 
+struct OpenReader : Files::Reader {
+    OpenReader(std::string path, OpenFile file) : path_(std::move(path)), file_(std::move(file)) {}
+
+    std::uint64_t Length() const override { return static_cast<std::uint64_t>(file_.status.st_size); }
+
+    std::string Part(std::uint64_t offset, std::size_t bytes) const override {
+        std::string part(bytes, '\0');
+        std::size_t got = 0;
+        while (got < bytes) {
+            const ssize_t count = Uninterrupted([&] {
+                return pread(file_.descriptor.Number(), &part[got], bytes - got, static_cast<off_t>(offset + got));
+            });
+            if (count < 0) {
+                throw PathError(path_, errno);
+            }
+            if (count == 0) {
+                break;
+            }
+            got += static_cast<std::size_t>(count);
+        }
+        part.resize(got);
+        return part;
+    }
+
+private:
+    std::string path_;
+    OpenFile file_;
+};
+
 struct HeldFolder : Files::FolderLock {
     HeldFolder(std::string path, OpenFile folder) : path_(std::move(path)), folder_(std::move(folder)) {}
 
@@ -351,6 +380,10 @@ std::string PosixFiles::Read(const std::string& path) const {
         }
         content.append(block.data(), static_cast<std::size_t>(count));
     }
+}
+
+std::unique_ptr<Files::Reader> PosixFiles::OpenToRead(const std::string& path) const {
+    return std::make_unique<OpenReader>(path, OpenRegular(path, O_RDONLY));
 }
 
 void PosixFiles::Append(const std::string& path, std::string_view record) {

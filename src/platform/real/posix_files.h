@@ -11,6 +11,7 @@ struct PosixFiles : Files {
     PosixFiles();
 
     std::string Read(const std::string& path) const override;
+    std::unique_ptr<Reader> OpenToRead(const std::string& path) const override;
     void Append(const std::string& path, std::string_view record) override;
     FileMark Append(const std::string& path, std::string_view record, const std::optional<FileMark>& expected) override;
     /// Refuses a file that the user may not write, although its folder would let it be replaced.

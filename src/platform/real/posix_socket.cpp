@@ -33,7 +33,7 @@ constexpr std::array kFailures{
     FailureRow{EAFNOSUPPORT, kTcpUnreachable},
 };
 
-/// A cluster may be silent for an hour; a dead one is known two minutes later.
+/// A cluster may be silent for an hour; a dead one is known two minutes later, whether something was sent to it or not.
 void KeepAlive(int socket) {
     struct Setting {
         int level;
@@ -41,7 +41,8 @@ void KeepAlive(int socket) {
         int value;
     };
     constexpr std::array kSettings{Setting{SOL_SOCKET, SO_KEEPALIVE, 1}, Setting{IPPROTO_TCP, TCP_KEEPIDLE, 60},
-                                   Setting{IPPROTO_TCP, TCP_KEEPINTVL, 15}, Setting{IPPROTO_TCP, TCP_KEEPCNT, 4}};
+                                   Setting{IPPROTO_TCP, TCP_KEEPINTVL, 15}, Setting{IPPROTO_TCP, TCP_KEEPCNT, 4},
+                                   Setting{IPPROTO_TCP, TCP_USER_TIMEOUT, 120'000}};
     for (const Setting& setting : kSettings) {
         setsockopt(socket, setting.level, setting.name, &setting.value, sizeof setting.value);
     }

@@ -10,6 +10,7 @@
 #include "platform/real/posix_files.h"
 #include "platform/real/posix_socket.h"
 #include "platform/real/ppdev_ports.h"
+#include "platform/real/sdl_sound.h"
 #include "platform/real/system_clock.h"
 #include "platform/real/tty_ports.h"
 
@@ -25,6 +26,7 @@ struct HostDevices {
     Clock* clock = nullptr;
     SerialPorts* serialPorts = nullptr;
     ParallelPorts* parallelPorts = nullptr;
+    Sound* sound = nullptr;
     std::optional<std::uint32_t> seed = {};
     std::string agwEngine = {};
 };
@@ -41,6 +43,7 @@ struct RealMachine {
     TtyPorts serialPorts;
     PpdevPorts parallelPorts;
     PosixSockets tcpSockets;
+    SdlSound sound{files};
     std::string dataFolder;
 
     /// What a program is lent.
@@ -57,6 +60,7 @@ struct RealMachine {
                 .serialPorts = host.serialPorts != nullptr ? *host.serialPorts : serialPorts,
                 .parallelPorts = host.parallelPorts != nullptr ? *host.parallelPorts : parallelPorts,
                 .tcpSockets = tcpSockets,
+                .sound = host.sound != nullptr ? *host.sound : sound,
                 .seed = host.seed,
                 .agwEngine = host.agwEngine,
                 .dataFolder = dataFolder};

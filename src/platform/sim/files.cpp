@@ -11,6 +11,17 @@ namespace tallyhut::sim {
 
 namespace {
 
+struct OpenReader : Files::Reader {
+    explicit OpenReader(std::string fileContent) : content(std::move(fileContent)) {}
+
+    std::uint64_t Length() const override { return content.size(); }
+    std::string Part(std::uint64_t offset, std::size_t bytes) const override {
+        return offset < content.size() ? content.substr(offset, bytes) : "";
+    }
+
+    const std::string content;
+};
+
 struct HeldFolder : Files::FolderLock {
     HeldFolder(std::shared_ptr<Files::Held> held, const std::string& folder)
         : held_(std::move(held)), folder_(folder, held_->swaps[folder]) {
@@ -117,6 +128,10 @@ std::string Files::Read(const std::string& path) const {
     const std::string place = Whole(path);
     CheckReadable(path, place);
     return contents.at(place);
+}
+
+std::unique_ptr<Files::Reader> Files::OpenToRead(const std::string& path) const {
+    return std::make_unique<OpenReader>(Read(path));
 }
 
 void Files::Append(const std::string& path, std::string_view record) {

@@ -17,6 +17,7 @@ struct Files : tallyhut::Files {
     explicit Files(const std::string& currentFolder = "/contest");
 
     std::string Read(const std::string& path) const override;
+    std::unique_ptr<Reader> OpenToRead(const std::string& path) const override;
     void Append(const std::string& path, std::string_view record) override;
     FileMark Append(const std::string& path, std::string_view record, const std::optional<FileMark>& expected) override;
     FileMark Replace(const std::string& path, std::string_view content) override;

@@ -14,6 +14,7 @@
 #include "platform/sim/screen.h"
 #include "platform/sim/serial_port.h"
 #include "platform/sim/settings_store.h"
+#include "platform/sim/sound.h"
 #include "platform/sim/tcp_socket.h"
 
 namespace tallyhut::sim {
@@ -26,6 +27,7 @@ struct InPlaceOfTwins {
     tallyhut::Clipboard* clipboard = nullptr;
     tallyhut::Screen* screen = nullptr;
     tallyhut::SerialPorts* serialPorts = nullptr;
+    tallyhut::TcpSockets* tcpSockets = nullptr;
 };
 
 /// Every device's twin.
@@ -44,6 +46,7 @@ struct Machine {
     SerialPorts serialPorts{clock};
     ParallelPorts parallelPorts{clock};
     TcpSockets tcpSockets{pump};
+    Sound sound{clock, files};
     std::string dataFolder;
 
     /// What a program is lent.
@@ -59,7 +62,8 @@ struct Machine {
                 .environment = environment,
                 .serialPorts = Chosen(real.serialPorts, serialPorts),
                 .parallelPorts = parallelPorts,
-                .tcpSockets = tcpSockets,
+                .tcpSockets = Chosen(real.tcpSockets, tcpSockets),
+                .sound = sound,
                 .dataFolder = dataFolder};
     }
 

@@ -6,6 +6,7 @@
 
 #include "platform/real/system_clock.h"
 #include "platform/sim/clipboard.h"
+#include "platform/sim/clock.h"
 #include "platform/sim/dialogs.h"
 #include "tests/platform/pipe.h"
 #include "toolkit/desk.h"
@@ -160,6 +161,51 @@ TEST_F(QtPumpTest, AlarmEndsAWait) {
     alarm.StartOnce(1);
     desk.RunUntil([&] { return !ran.empty(); });
     EXPECT_EQ(ran, "A");
+}
+
+/// On a clock that stands still unless it is told to go on.
+struct QtPumpFrames : testing::Test {
+    Pipe cable;
+    sim::Clock clock{DateTime{}};
+    QtPump pump{clock};
+    int shown = 0;
+    std::unique_ptr<DescriptorWatch> watch = pump.Watch(cable.ReadEnd(), [this] { cable.Read(); });
+
+    QtPumpFrames() {
+        pump.onShow = [this] { ++shown; };
+    }
+    /// Shows what was there before, and takes what arrives.
+    void Arrive() {
+        watch->Rearm();
+        cable.Write("x");
+        pump.Collect();
+    }
+};
+
+TEST_F(QtPumpFrames, WhatTheProgramDoesByItselfIsShownAtOnce) {
+    pump.Collect();
+    pump.Collect();
+    EXPECT_EQ(shown, 2);
+}
+
+TEST_F(QtPumpFrames, WhatComesOverAWireIsShownOnceAFrame) {
+    Arrive();
+    const int before = shown;
+    for (int i = 0; i < 100; ++i) {
+        Arrive();
+    }
+    EXPECT_EQ(shown, before);
+    clock.Advance(QtPump::kFrame);
+    pump.Collect();
+    EXPECT_EQ(shown, before + 1);
+}
+
+TEST_F(QtPumpFrames, KeyAmongItIsShownAtOnce) {
+    Arrive();
+    const int before = shown;
+    pump.NoteArrival();
+    pump.Collect();
+    EXPECT_EQ(shown, before + 1);
 }
 
 }  // namespace

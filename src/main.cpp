@@ -1,10 +1,12 @@
 #include <algorithm>
 #include <array>
+#include <csignal>
 #include <cstdlib>
 #include <filesystem>
 #include <iostream>
 #include <string>
 #include <system_error>
+#include <variant>
 #include <vector>
 
 #include "app/about.h"
@@ -38,20 +40,35 @@ std::string AbsoluteFolder(const std::string& folder, const std::string& current
     return folder.starts_with('/') ? folder : current + '/' + folder;
 }
 
+/// The options, or the status to end with.
+std::variant<tallyhut::Options, int> TakeOptions(int argc, char** argv) try {
+    using namespace tallyhut;
+    Options options = ParseOptions({argv + 1, argv + argc});
+    if (options.help) {
+        std::cout << UsageText();
+        return 0;
+    }
+    if (options.version) {
+        std::cout << "tallyhut " << ProgramVersion() << "\n";
+        return 0;
+    }
+    return options;
+} catch (const tallyhut::ValueError& error) {
+    std::cerr << "tallyhut: " << error.what() << "\n" << tallyhut::UsageText();
+    return 2;
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
     using namespace tallyhut;
+    std::signal(SIGPIPE, SIG_IGN);  // nobody at the other end is a write that fails, not the end of the program
+    const std::variant<Options, int> taken = TakeOptions(argc, argv);
+    if (const int* status = std::get_if<int>(&taken)) {
+        return *status;
+    }
+    const Options& options = std::get<Options>(taken);
     try {
-        const Options options = ParseOptions({argv + 1, argv + argc});
-        if (options.help) {
-            std::cout << UsageText();
-            return 0;
-        }
-        if (options.version) {
-            std::cout << "tallyhut " << ProgramVersion() << "\n";
-            return 0;
-        }
         const std::string current = PosixFiles{}.CurrentFolder();
         const std::string directory = options.directory ? AbsoluteFolder(*options.directory, current) : current;
         if (!options.console && !HasDisplay()) {
@@ -62,7 +79,7 @@ int main(int argc, char** argv) {
         }
         return RunWindow(argc, argv, options, directory, DataFolder());
     } catch (const ValueError& error) {
-        std::cerr << "tallyhut: " << error.what() << "\n" << UsageText();
+        std::cerr << "tallyhut: " << error.what() << "\n";
         return 2;
     } catch (const PlatformError& error) {
         std::cerr << "tallyhut: " << error.what() << "\n";

@@ -58,6 +58,9 @@ int RunWindow(int& argc, char** argv, const Options& options, const std::string&
                                }};
     QObject::connect(&application, &QGuiApplication::commitDataRequest, &application, close);  // a logout
     try {
+        if (options.sections) {
+            program.TakeSections(*options.sections);
+        }
         if (options.chooseDirectory) {
             program.ChooseDirectory();
         }

@@ -11,17 +11,19 @@ namespace tallyhut {
 namespace {
 
 constexpr std::string_view kUsage = R"(usage: tallyhut [--directory DIR | --choose-directory]
-                [--port N=DEVICE] [--agw HOST:PORT]
+                [--sections NAME|FILE] [--port N=DEVICE] [--agw HOST:PORT]
        tallyhut --console [--directory DIR] [--clock 2026-11-07T21:04:33]
                 [--utc-offset HOURS] [--screen WxH[,WORKxAREA]]
                 [--port N=DEVICE|sim] [--parallel sim] [--sound sim]
-                [--agw HOST:PORT] [--seed N]
+                [--sections NAME|FILE] [--agw HOST:PORT] [--seed N]
 
 Tallyhut Log, a contest logger for the ARRL November Sweepstakes.
 
   --directory DIR    the folder of the contest: log, settings, reports
                      (default: the folder the program is started in)
   --choose-directory asks for that folder, offering the one chosen last
+  --sections NAME    the sections of the contest, for a folder that has no
+                     Sections.txt: 2023 (today's), 2014, or the path of a file
   --console          no window: commands on standard input, JSON lines on
                      standard output; see docs/console.md
   --clock TIME       (console) a clock that only commands move, from TIME on
@@ -145,6 +147,7 @@ constexpr std::array kValueOptions{
     ValueOption{"--parallel", TakeParallel},
     ValueOption{"--sound", TakeSound},
     ValueOption{"--agw", TakeAgwEngine},
+    ValueOption{"--sections", [](Options& options, const std::string& value) { options.sections = value; }},
     ValueOption{"--seed", TakeSeed},
 };
 

@@ -22,6 +22,7 @@ struct Options {
     double utcOffset = 0;                  ///< hours from local time to UTC, of the virtual clock
     std::map<int, std::string> ports;      ///< the device of a serial port by its number, or "sim"
     std::optional<std::string> agwEngine;  ///< HOST:PORT
+    std::optional<std::string> sections;   ///< of a folder without a list: the name of a shipped list, or a file
     bool simulatesParallel = false;        ///< parallel ports
     bool simulatesSound = false;
     std::optional<std::uint32_t> seed;   ///< of random numbers

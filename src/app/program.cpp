@@ -15,11 +15,11 @@ constexpr const char* kProgramTitle = "Tallyhut Log";
 constexpr const char* kTimeNotSaved = "Not all of the operating time could be saved. ";
 
 /// In which order the forms are listed, and unloaded at the end.
-constexpr std::array<std::string_view, 22> kFormOrder{
+constexpr std::array<std::string_view, 23> kFormOrder{
     "Form1",      "frmSplash",   "frmQ7ZZQLogo", "frmEditCon",    "frmStationID",  "Form2",
     "frmPorts",   "Form5",       "Form6",        "RigControlfrm", "frmRigTune",    "frmFrequencyTest",
     "PhoneFrm",   "CWFrm",       "frmCWStrings", "BlindFrm",      "PacketSpotfrm", "SpectrumMap",
-    "SectionMap", "frmBandPlan", "GraphQSO",     "frmbndstats",
+    "SectionMap", "frmBandPlan", "GraphQSO",     "frmbndstats",   "frmSections",
 };
 
 std::string AlreadyRunning(const std::string& folder) {
@@ -80,6 +80,11 @@ void Program::Connect() {
     form1.mnuFormSize.Click = [this] { layout.mnuFormSize_Click(); };
     form1.mnuTaskbar.Click = [this] { layout.mnuTaskbar_Click(); };
     form1.mnuAbout.Click = [this] { machine.dialogs.Show(AboutBox()); };
+    logPart.sectionSetup.changed = [this] {
+        layout.LayOutMainForm();
+        viewsPart.sectionMap.ShowOtherSections();
+        spotsPart.posts.MarkNeededSections();
+    };
     startUp.openSpotSource = [this] { spotsPart.OpenSource(); };
     layout.PacketResize = [this] { spotsPart.PacketResize(); };
     startUp.openRigPort = [this] { rigPart.OpenPort(); };
@@ -155,10 +160,24 @@ void Program::ChooseDirectory() {
         desk.pump.EndProgram(0);
     }
     supportPart.directories.WorkingDirectory = *chosen;
+    startUp.asksForSections = !sectionsAreTold_ && ContestIsNew();
+}
+
+/// Where there is a log or a list, the sections have been chosen.
+bool Program::ContestIsNew() const try {
+    return !logPart.logFile.Exists() && !logPart.sectionChoice.FolderHasList();
+} catch (const PlatformError&) {  // the start tells of it
+    return false;
+}
+
+void Program::TakeSections(const std::string& nameOrPath) {
+    sections_ = SectionsNamed(machine.files, logPart.shippedSections.Lists(), nameOrPath);
+    sectionsAreTold_ = true;
 }
 
 void Program::Start() {
     ClaimFolder();
+    GiveSections();
     splash.Load();
     logPart.form1.Show();
     splash.Unload();
@@ -228,6 +247,17 @@ void Program::ClaimFolder() {
         EndForFailure(AlreadyRunning(folder));
     }
     machine.files.RemoveLeftovers(folder);
+}
+
+/// A list that the folder has is never replaced.
+void Program::GiveSections() {
+    try {
+        if (sections_ && !logPart.sectionChoice.FolderHasList()) {
+            machine.files.Replace(logPart.sectionChoice.Path(), *sections_);
+        }
+    } catch (const PlatformError& failure) {
+        EndForFailure(std::string{"The sections of the contest cannot be kept. "} + failure.what());
+    }
 }
 
 /// The lock follows the folder that is written to: another one may stand at its path by now.

@@ -44,7 +44,11 @@ struct Program {
     MainFormKeys keys;
     StartUp startUp;
 
-    /// Asks for the working directory before the start; ends the program if none is chosen.
+    /// The sections of a folder that has no list, told before the start: the name of a shipped list, or a file. Throws
+    /// ValueError, in one line, for what is neither.
+    void TakeSections(const std::string& nameOrPath);
+    /// Asks for the working directory before the start, and at the start for the sections of a new contest; ends the
+    /// program if no directory is chosen.
     void ChooseDirectory();
     /// Takes the folder for itself, asks what a start asks, and shows the main form.
     void Start();
@@ -63,6 +67,8 @@ private:
     void ScaleAtLoad(Form& form);
     void ClaimFolder();
     void HoldFolder();
+    void GiveSections();
+    bool ContestIsNew() const;
     void frmSplash_Load();
     [[noreturn]] void mnuExit_Click();
     [[noreturn]] void Form1_Unload();
@@ -74,7 +80,9 @@ private:
     std::string KeptElsewhere();
 
     std::unique_ptr<Files::FolderLock> folderLock_;
-    bool closeWaits_ = false;  ///< for the end of a message
+    bool sectionsAreTold_ = false;
+    std::optional<std::string> sections_;  ///< the Sections.txt of a folder without one
+    bool closeWaits_ = false;              ///< for the end of a message
 };
 
 }  // namespace tallyhut

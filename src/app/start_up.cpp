@@ -60,6 +60,9 @@ void StartUp::LoadSteps() {
     log.band.ShowBand();
     log.entry.CheckTabModeEntry();
     readVoiceSettings();
+    if (asksForSections) {
+        log.sectionSetup.AskForNewContest();
+    }
     log.question.PromptLogStart();
     readCwMessages();
     openSpotSource();

@@ -14,6 +14,8 @@ struct StartUp {
     LogPart& log;
     MainFormLayout& layout;
 
+    bool asksForSections = false;  ///< of a contest that begins
+
     // Steps that other parts of the program add.
     std::function<void()> readVoiceSettings = [] {};
     std::function<void()> readCwMessages = [] {};

@@ -196,6 +196,9 @@ int RunConsole(const Options& options, const std::string& workingDirectory, cons
                 output.Event({{"event", name}, {"form", form.name}});
             }
         };
+        if (options.sections) {
+            program.TakeSections(*options.sections);
+        }
         if (options.chooseDirectory) {
             program.ChooseDirectory();
         }

@@ -33,10 +33,6 @@ struct SectionTable {
     std::array<std::int16_t, SectionList::kMostSections + 1> SectionQsos{};
     std::uint8_t gSectionsWorked = 0;
 
-    // Of the list of a contest that has chosen none.
-    static std::string_view SectionCode(int i) { return ToldSections().Section(i).code; }
-    static std::string_view SectionName(int i) { return ToldSections().Section(i).name; }
-
     /// The chosen list; null where there is none.
     const SectionList* Chosen() const { return chosen ? &*chosen : nullptr; }
     /// The list in force.

@@ -33,6 +33,7 @@ struct Form1 : Form {
     Label lblPostConDate;
     TextBox txtPostConDate;
     Label lblDialog;
+    Label lblHint;  ///< what helps with what is refused there
     Label lblPossDup;
     Label lblDupe;
     Button cmdDup;
@@ -118,6 +119,7 @@ struct Form1 : Form {
     MenuEntry mnuPacket;
     MenuEntry mnuBlind;
     MenuEntry mnuPorts;
+    MenuEntry mnuSections;
     MenuEntry mnuBand;
     MenuEntry mnu160;
     MenuEntry mnu80;

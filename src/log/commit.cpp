@@ -40,6 +40,7 @@ void Commit::ValidateSection() {
     gBadSection = contest.sections.Find(SectionCode()) == 0 ? 1 : 0;
     if (gBadSection == 1) {
         panel.message.Refuse("Invalid Section");
+        panel.message.Hint(hintOnSection(panel.form.txtSec.Text()));
     }
 }
 

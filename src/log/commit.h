@@ -1,5 +1,7 @@
 #pragma once
 
+#include <functional>
+#include <string>
 #include <string_view>
 
 #include "log/contest_display.h"
@@ -18,6 +20,9 @@ struct Commit {
     PostContest& postContest;
     Duplicates& duplicates;
     ContestDisplay& display;
+
+    /// What is known of a code that is none of the sections; empty for nothing.
+    std::function<std::string(std::string_view code)> hintOnSection = [](std::string_view) { return std::string{}; };
 
     std::uint8_t gIncomplete = 0;
     std::uint8_t gBadSection = 0;

@@ -24,6 +24,7 @@ LogPart::LogPart(Machine& machine, Desk& desk, SupportPart& support)
       editForm{desk},
       stationForm{desk},
       colourForm{desk},
+      sectionsForm{desk},
       preferencesFile{machine.files, support.directories, contest.preferences},
       logFile{machine.files, support.directories},
       records{machine.files, support.directories, machine.environment.ShortDatePicture()},
@@ -45,11 +46,14 @@ LogPart::LogPart(Machine& machine, Desk& desk, SupportPart& support)
       station{form1, stationForm, desk, contest.preferences, preferencesFile, machine.settings},
       utcOffset{desk, contest.preferences, preferencesFile},
       question{desk, station, fileMenu, reload, entry, contest},
-      colours{colourForm, desk, contest.preferences, preferencesFile, guard} {
+      colours{colourForm, desk, contest.preferences, preferencesFile, guard},
+      shippedSections{machine.files, machine.dataFolder + "/sections"},
+      sectionSetup{sectionsForm, desk, sectionChoice, shippedSections, guard} {
     display.grid.PlaceLabels();
     station.SetSharedPreference = [&support](std::string_view key, std::string_view value, bool saveNow) {
         support.shared.SetSharedPreference(key, value, saveNow);
     };
+    commit.hintOnSection = [this](std::string_view code) { return HintOn(code, shippedSections.Lists()); };
     preferencesFile.onKept = [this](const std::string& path) {
         panel.message.Write("The settings could not be read; the file is kept as " + path);
     };
@@ -63,6 +67,7 @@ void LogPart::Bind(SupportPart& support) {
     BindEditForm();
     BindStationForm();
     BindColourForm();
+    BindSectionsForm();
     BindMenus();
     form1.mnuPorts.Click = [&support] { support.ports.mnuPorts_Click(); };
     form1.mnuHelp.Click = [&support] { support.help.mnuHelp_Click(); };
@@ -146,6 +151,15 @@ void LogPart::BindColourForm() {
     colourForm.Command1.Click = [this] { colours.Command1_Click(); };
     colourForm.Command3.Click = [this] { colours.Command3_Click(); };
     colourForm.Command6.Click = [this] { colours.Command6_Click(); };
+}
+
+void LogPart::BindSectionsForm() {
+    sectionsForm.Form_Load = [this] { sectionSetup.frmSections_Load(); };
+    sectionsForm.lstSections.Click = [this] { sectionSetup.lstSections_Click(); };
+    sectionsForm.lstSections.KeyPress = [this](int& KeyAscii) { sectionSetup.lstSections_KeyPress(KeyAscii); };
+    sectionsForm.cmdUse.Click = [this] { sectionSetup.cmdUse_Click(); };
+    sectionsForm.cmdDone.Click = [this] { sectionSetup.cmdDone_Click(); };
+    form1.mnuSections.Click = [this] { sectionSetup.mnuSections_Click(); };
 }
 
 void LogPart::BindMenus() {

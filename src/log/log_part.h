@@ -4,8 +4,8 @@
 #include "log/band_selection.h"
 #include "log/contact_editing.h"
 #include "log/entry_flow.h"
-#include "log/section_choice.h"
 #include "log/section_colours.h"
+#include "log/section_setup.h"
 #include "log/start_question.h"
 #include "log/utc_offset_check.h"
 #include "platform/machine.h"
@@ -21,6 +21,7 @@ struct LogPart {
     frmEditCon editForm;
     frmStationID stationForm;
     Form6 colourForm;
+    frmSections sectionsForm;
 
     Contest contest;
     PreferencesFile preferencesFile;
@@ -46,6 +47,8 @@ struct LogPart {
     UtcOffsetCheck utcOffset;
     StartQuestion question;
     SectionColours colours;
+    ShippedSections shippedSections;
+    SectionSetup sectionSetup;
 
     void AddTo(ToldNames& told) const;
 
@@ -57,6 +60,7 @@ private:
     void BindEditForm();
     void BindStationForm();
     void BindColourForm();
+    void BindSectionsForm();
     void BindMenus();
     void AddEntry(ToldNames& told) const;
     void AddPreferences(ToldNames& told) const;

@@ -13,19 +13,27 @@ struct MessageLine {
     Form1& form;
 
     /// Writes the text and leaves the colour: the last writer wins, colour and text apart.
-    void Write(std::string_view text) { form.lblDialog.SetCaption(text); }
+    void Write(std::string_view text) {
+        form.lblDialog.SetCaption(text);
+        Hint("");
+    }
     void WriteNormal(std::string_view text) {
         form.lblDialog.SetBackColor(kDialogNormal);
-        form.lblDialog.SetCaption(text);
+        Write(text);
     }
     void WriteOn(Colour ground, std::string_view text) {
         form.lblDialog.SetBackColor(ground);
-        form.lblDialog.SetCaption(text);
+        Write(text);
     }
     /// The same as Write, for what the program does not take or misses.
     void Refuse(std::string_view text) {
-        form.lblDialog.SetCaption(text);
+        Write(text);
         form.lblDialog.SetRefused(true);
+    }
+    /// Stands beside the message until the next one is written; empty for none.
+    void Hint(std::string_view text) {
+        form.lblHint.SetCaption(text);
+        form.lblHint.SetVisible(!text.empty());
     }
     void BlankPartials() {
         form.lblDupe.SetBackColor(kButtonFace);

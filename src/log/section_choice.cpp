@@ -8,19 +8,30 @@
 namespace tallyhut {
 
 void SectionChoice::TakeFromFolder() {
-    PutInForce(ListOfFolder());
-}
-
-void SectionChoice::PutInForce(std::optional<SectionList> list) {
-    contest.sections.Choose(std::move(list));
+    contest.sections.Choose(ListOfFolder());
     grid.PlaceLabels();
     grid.Fill();
 }
 
+void SectionChoice::Write(const ShippedList& list) {
+    if (list.name != kToldSectionsName) {
+        files.Replace(Path(), list.file);
+    } else if (FolderHasList()) {
+        files.Remove(Path());
+    }
+}
+
 std::optional<SectionList> SectionChoice::ListOfFolder() {
-    const std::string path = WorkingFile(directories, kSectionsFile);
+    inForce.clear();
+    const std::string path = Path();
     try {
-        return files.FileExists(path) ? std::optional{ReadSectionList(files.Read(path))} : std::nullopt;
+        if (!FolderHasList()) {
+            return std::nullopt;
+        }
+        std::string text = files.Read(path);
+        SectionList list = ReadSectionList(text);
+        inForce = std::move(text);
+        return list;
     } catch (const ValueError& damage) {
         TellRefused(path, damage.what());
     } catch (const PlatformError& failure) {

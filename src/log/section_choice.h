@@ -1,10 +1,11 @@
 #pragma once
 
 #include <optional>
+#include <string>
 
 #include "log/section_grid.h"
+#include "log/shipped_sections.h"
 #include "platform/dialogs.h"
-#include "platform/files.h"
 #include "support/directories.h"
 
 namespace tallyhut {
@@ -20,12 +21,18 @@ struct SectionChoice {
     Contest& contest;
     SectionGrid& grid;
 
-    /// Puts in force what the folder says. A file that is damaged or cannot be read is told with line and reason, and
+    std::string inForce = {};  ///< the file that is in force, as it stands; empty for ToldSections
+
+    std::string Path() const { return WorkingFile(directories, kSectionsFile); }
+    /// Whether the folder has a list, whatever it holds. Throws PlatformError when that cannot be told.
+    bool FolderHasList() const { return files.FileExists(Path()); }
+    /// Puts in force what the folder says, and shows its sections, none of them worked: whoever calls it lays out the
+    /// form and reads the log again. A file that is damaged or cannot be read is told with line and reason, and
     /// ToldSections stand.
     void TakeFromFolder();
-    /// Puts a list in force, none for ToldSections, and shows its sections, none of them worked: whoever calls it lays
-    /// out the form and reads the log again.
-    void PutInForce(std::optional<SectionList> list);
+    /// Gives the folder a list in one step, or takes its list away. Throws PlatformError, and the list is what the
+    /// folder says all the same.
+    void Write(const ShippedList& list);
 
 private:
     std::optional<SectionList> ListOfFolder();

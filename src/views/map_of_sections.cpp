@@ -69,6 +69,16 @@ void MapOfSections::Open() {
     form.Show();
 }
 
+void MapOfSections::ShowOtherSections() {
+    if (form.IsLoaded() && !map.regions.empty()) {
+        PlaceCounties();
+        HideCaptions();
+        ShowCounts();
+        ShowPicture(OutlinesOn(map, kPixels));
+        form.Timer1.SetTimerEnabled(true);
+    }
+}
+
 void MapOfSections::CentreForm() {
     Place place = form.FormPlace();
     place.left = (screen.Whole().width - place.width) / 2;
@@ -91,7 +101,7 @@ void MapOfSections::PlaceCounties() {
         place.left = picture.left + part->seed->x * picture.width / map.width - place.width / 2;
         place.top = picture.top + part->seed->y * picture.height / map.height - place.height / 2;
         county.SetPlace(place);
-        county.SetCaption(map.regions[at].code);
+        county.SetCaption(map.regions[at].CodeIn(contest.sections.List()));
     }
 }
 
@@ -224,10 +234,11 @@ void MapOfSections::TellRegion(const MapRegion* region) {
     ShowCounts();  // contacts may have been logged since
     std::string told;
     if (region != nullptr) {
-        const int section = contest.sections.Find(region->code);
+        const std::string& code = region->CodeIn(contest.sections.List());
+        const int section = contest.sections.Find(code);
         told = section == 0
-                   ? region->code + "   no section"
-                   : region->code + "   " + std::string{SectionTable::SectionName(section)} + "   " +
+                   ? code + "   no section"
+                   : code + "   " + std::string{contest.sections.Name(section)} + "   " +
                          PlainText(contest.sections.SectionQsos.at(static_cast<std::size_t>(section))) +
                          (contest.sections.SectionQsos.at(static_cast<std::size_t>(section)) == 1 ? " contact"
                                                                                                   : " contacts");

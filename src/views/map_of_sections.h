@@ -34,6 +34,8 @@ struct MapOfSections {
 
     /// As it stands now, on the screen.
     void Open();
+    /// The contest has other sections: a map that is shown begins anew.
+    void ShowOtherSections();
 
 private:
     void CentreForm();

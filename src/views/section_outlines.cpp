@@ -81,6 +81,17 @@ bool IsInside(const Path& ring, const Point& at) {
     return inside;
 }
 
+/// Parted by slashes.
+std::vector<std::string> CodesIn(std::string_view word) {
+    std::vector<std::string> codes;
+    for (std::size_t slash = word.find('/'); slash != std::string_view::npos; slash = word.find('/')) {
+        codes.emplace_back(word.substr(0, slash));
+        word.remove_prefix(slash + 1);
+    }
+    codes.emplace_back(word);
+    return codes;
+}
+
 void TakeLine(SectionOutlines& map, MapLine& line) {
     const std::string_view kind = line.Word();
     if (kind == "map") {
@@ -94,7 +105,7 @@ void TakeLine(SectionOutlines& map, MapLine& line) {
         map.panels.push_back({corner, size, line.Rest()});
     } else if (kind == "region") {
         line.Number();
-        map.regions.push_back({.code = std::string{line.Word()}, .name = line.Rest()});
+        map.regions.push_back({.codes = CodesIn(line.Word()), .name = line.Rest()});
     } else if (kind == "land") {
         MapPart part{.panel = static_cast<std::size_t>(line.Number())};
         part.ring = TakeRing(line);
@@ -118,6 +129,11 @@ void TakeLine(SectionOutlines& map, MapLine& line) {
 
 bool MapPanel::Holds(const Point& at) const {
     return at.x >= corner.x && at.y >= corner.y && at.x < corner.x + size.x && at.y < corner.y + size.y;
+}
+
+const std::string& MapRegion::CodeIn(const SectionList& list) const {
+    const auto known = std::ranges::find_if(codes, [&list](const std::string& code) { return list.Find(code) != 0; });
+    return known == codes.end() ? codes.front() : *known;
 }
 
 const MapRegion* SectionOutlines::RegionAt(const Point& at) const {

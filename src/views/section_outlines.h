@@ -5,6 +5,7 @@
 #include <string_view>
 #include <vector>
 
+#include "contest/section_list.h"
 #include "toolkit/drawing.h"
 
 namespace tallyhut {
@@ -18,9 +19,12 @@ struct MapPart {
 
 /// What is labelled as one: a section, or a part of one that lies apart.
 struct MapRegion {
-    std::string code;
+    std::vector<std::string> codes;  ///< at least one; those of different years
     std::string name;
     std::vector<MapPart> parts = {};  ///< the largest first on each panel
+
+    /// The code that a contest with this list has for it; the first one where it has none.
+    const std::string& CodeIn(const SectionList& list) const;
 };
 
 /// A frame with a map of its own. Panel 0 is the whole map, those behind it lie on it.

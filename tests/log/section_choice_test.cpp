@@ -116,10 +116,12 @@ TEST_F(SectionChoiceTest, AHundredSectionsHaveAHundredPlacesOnTheForm) {
 TEST_F(SectionChoiceTest, AListPutInForceAndTakenBackLeavesTheToldPlaces) {
     StartOnDesk({Worked("W1XX")});
     const std::vector<Place> told{PlaceOf(1), PlaceOf(80), PlaceOf(83), Main().lblSecCA.State().place};
-    program->logPart.sectionChoice.PutInForce(ReadSectionList(Lines(100, "1")));
+    files.Put(kListPath, Lines(100, "1"));
+    program->logPart.sectionChoice.TakeFromFolder();
     program->layout.LayOutMainForm();
     EXPECT_NE(PlaceOf(80), told.at(1));
-    program->logPart.sectionChoice.PutInForce(std::nullopt);
+    files.Remove(kListPath);
+    program->logPart.sectionChoice.TakeFromFolder();
     program->layout.LayOutMainForm();
     EXPECT_EQ((std::vector{PlaceOf(1), PlaceOf(80), PlaceOf(83), Main().lblSecCA.State().place}), told);
     EXPECT_FALSE(Main().Label10(84).IsShown());

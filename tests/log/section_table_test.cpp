@@ -116,8 +116,8 @@ private:
 TEST(SectionTable, HasTheSectionsInTheirOrder) {
     for (int i = 1; i <= 83; ++i) {
         const ToldSection& told = kTold.at(static_cast<std::size_t>(i - 1));
-        EXPECT_EQ(SectionTable::SectionCode(i), told.code) << i;
-        EXPECT_EQ(SectionTable::SectionName(i), told.name) << i;
+        EXPECT_EQ(SectionTable{}.Code(i), told.code) << i;
+        EXPECT_EQ(SectionTable{}.Name(i), told.name) << i;
     }
 }
 

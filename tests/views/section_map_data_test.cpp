@@ -28,26 +28,44 @@ const SectionOutlines& ShippedMap() {
     return map;
 }
 
-std::map<std::string, int> RegionsByCode() {
+std::map<std::string, int> RegionsByCode(const SectionList& list) {
     std::map<std::string, int> regions;
     for (const MapRegion& region : ShippedMap().regions) {
-        ++regions[region.code];
+        ++regions[region.CodeIn(list)];
     }
     return regions;
 }
 
+SectionList ListOfToday() {
+    std::ifstream file{TALLYHUT_DATA "/sections/2023.txt"};
+    std::stringstream text;
+    text << file.rdbuf();
+    return ReadSectionList(text.str());
+}
+
 TEST(SectionMapData, EachSectionHasARegionAndOneRegionIsNoSection) {
-    std::map<std::string, int> regions = RegionsByCode();
-    for (const SectionRow& section : kSections) {
-        EXPECT_GE(regions[std::string{section.code}], 1) << section.code;
+    std::map<std::string, int> regions = RegionsByCode(ToldSections());
+    for (const ListedSection& section : ToldSections().sections) {
+        EXPECT_GE(regions[section.code], 1) << section.code;
     }
     EXPECT_EQ(regions["NWT"], 1);
-    EXPECT_EQ(regions.size(), kSections.size() + 1);
+    EXPECT_EQ(regions.size(), ToldSections().sections.size() + 1);
     EXPECT_LE(ShippedMap().regions.size(), static_cast<std::size_t>(SectionMap::kLastCounty));
 }
 
+TEST(SectionMapData, SectionsOfTodayHaveTheRegionsOfFormerOnesAndNoneIsLeftOver) {
+    const SectionList today = ListOfToday();
+    std::map<std::string, int> regions = RegionsByCode(today);
+    for (const ListedSection& section : today.sections) {
+        EXPECT_GE(regions[section.code], 1) << section.code;
+    }
+    EXPECT_EQ(regions.size(), today.sections.size());
+    EXPECT_EQ(regions["NS"], 1);
+    EXPECT_EQ(regions["TER"], 5);
+}
+
 TEST(SectionMapData, SectionsThatLieApartHaveARegionForEachPart) {
-    const std::map<std::string, int> regions = RegionsByCode();
+    const std::map<std::string, int> regions = RegionsByCode(ToldSections());
     EXPECT_EQ(regions.at("MAR"), 3);
     for (const char* code : {"NT", "QC", "NL", "BC", "MI"}) {
         EXPECT_GE(regions.at(code), 2) << code;

@@ -45,6 +45,7 @@ constexpr Style kSmallButton{.text = 0.9, .height = 1.6};
 constexpr Style kBigButton{.text = 1.1, .height = 2.9};
 constexpr Style kSending{.text = 1.55, .height = 2.2, .data = true, .bold = true};
 constexpr Style kMessage{.text = 1.5, .height = 2.9, .trimmed = false, .boxed = true, .wrapped = true};
+constexpr Style kHint{.text = 0.9, .bold = true};
 constexpr Style kDupes{.text = 1.15, .height = 4.1, .data = true, .trimmed = false, .boxed = true, .wrapped = true};
 constexpr Style kBigClock{.text = 2.6, .height = 3.3, .data = true, .bold = true};
 constexpr Style kClock{.text = 1.9, .height = 3.3, .data = true};
@@ -104,6 +105,7 @@ constexpr std::array kRows{
 
     Row{"lblDialog", Part::Message, 0, 0, 7, kMessage, 0, "Message"},
     Row{"lblPossDup", Part::Message, 1, 0, 1, kCaption, 10.6},
+    Row{"lblHint", Part::Message, 1, 1, 1, kHint},
     Row{"lblPostConTime", Part::Message, 1, 2, 1, kCaption, 2.8},
     Row{"txtPostConTime", Part::Message, 1, 3, 1, kSmallField, 4.8, "", "hh:mm"},
     Row{"lblPostConDate", Part::Message, 1, 4, 1, kCaption, 2.8},
@@ -201,7 +203,7 @@ constexpr std::array kCaptions{
 };
 
 /// What a screen reader speaks as soon as it changes.
-constexpr std::array<std::string_view, 1> kAnnounced{"lblDialog"};
+constexpr std::array<std::string_view, 2> kAnnounced{"lblDialog", "lblHint"};
 
 /// The picture of the spots, or their list.
 constexpr std::array<std::string_view, 6> kSpotControls{"lblDX",    "LineDX",    "lblFreqSpot",

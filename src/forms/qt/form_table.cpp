@@ -30,6 +30,7 @@ constexpr std::array kTables{
     NamedTable{"frmFrequencyTest", kFrmFrequencyTestTable},
     NamedTable{"frmPorts", kFrmPortsTable},
     NamedTable{"frmRigTune", kFrmRigTuneTable},
+    NamedTable{"frmSections", kFrmSectionsTable},
     NamedTable{"frmStationID", kFrmStationIDTable},
     NamedTable{"frmWinKey", kFrmWinKeyTable},
     NamedTable{"frmbndstats", kFrmBndStatsTable},

@@ -125,6 +125,7 @@ extern const FormTable kFrmEditConTable;
 extern const FormTable kFrmFrequencyTestTable;
 extern const FormTable kFrmPortsTable;
 extern const FormTable kFrmRigTuneTable;
+extern const FormTable kFrmSectionsTable;
 extern const FormTable kFrmStationIDTable;
 extern const FormTable kFrmWinKeyTable;
 extern const FormTable kGraphQSOTable;

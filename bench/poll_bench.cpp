@@ -6,13 +6,13 @@
 
 #include <algorithm>
 #include <chrono>
-#include <fstream>
 #include <numeric>
 #include <string>
 #include <thread>
 #include <vector>
 
 #include "bench/loaded_program.h"
+#include "bench/processor_time.h"
 #include "platform/real/tty_ports.h"
 #include "tests/console/console_driver.h"
 #include "tests/peers/kenwood_radio.h"
@@ -86,20 +86,6 @@ BENCHMARK(TickOverAWire)
     ->Iterations(10'000)
     ->UseManualTime()
     ->Unit(benchmark::kMicrosecond);
-
-/// Of user and system together.
-double ProcessorSecondsOf(pid_t process) {
-    std::ifstream stat{"/proc/" + std::to_string(process) + "/stat"};
-    std::string skipped;
-    constexpr int kFieldsBefore = 13;
-    for (int i = 0; i < kFieldsBefore; ++i) {
-        stat >> skipped;
-    }
-    double user = 0;
-    double system = 0;
-    stat >> user >> system;
-    return (user + system) / static_cast<double>(sysconf(_SC_CLK_TCK));
-}
 
 double ProcessorPercentDuring(std::chrono::seconds time, pid_t process) {
     const double before = ProcessorSecondsOf(process);

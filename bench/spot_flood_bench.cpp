@@ -15,6 +15,7 @@
 #include <vector>
 
 #include "bench/full_log.h"
+#include "bench/processor_time.h"
 #include "platform/real/polled_descriptors.h"
 #include "platform/real/posix_socket.h"
 #include "platform/sim/machine.h"
@@ -34,20 +35,6 @@ using Milliseconds = std::chrono::duration<double, std::milli>;
 double Percentile(std::vector<double>& values, double part) {
     std::ranges::sort(values);
     return values.at(static_cast<std::size_t>(part * static_cast<double>(values.size() - 1)));
-}
-
-/// Of user and system together.
-double ProcessorSecondsOf(pid_t process) {
-    std::ifstream stat{"/proc/" + std::to_string(process) + "/stat"};
-    std::string skipped;
-    constexpr int kFieldsBefore = 13;
-    for (int i = 0; i < kFieldsBefore; ++i) {
-        stat >> skipped;
-    }
-    double user = 0;
-    double system = 0;
-    stat >> user >> system;
-    return (user + system) / static_cast<double>(sysconf(_SC_CLK_TCK));
 }
 
 double ResidentMegabytesOf(pid_t process) {

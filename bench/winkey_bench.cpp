@@ -1,16 +1,15 @@
 // What a keyer costs over a real wire, in real time.
 
 #include <benchmark/benchmark.h>
-#include <unistd.h>
 
 #include <algorithm>
 #include <chrono>
 #include <filesystem>
-#include <fstream>
 #include <string>
 #include <thread>
 #include <vector>
 
+#include "bench/processor_time.h"
 #include "platform/real/system_clock.h"
 #include "platform/real/tty_ports.h"
 #include "platform/sim/settings_store.h"
@@ -55,20 +54,6 @@ void StatusOverAWire(benchmark::State& state) {
     state.counters["longest_ms"] = held.back();
 }
 BENCHMARK(StatusOverAWire)->Iterations(1'000)->UseManualTime()->Unit(benchmark::kMillisecond);
-
-/// Of user and system together.
-double ProcessorSecondsOf(pid_t process) {
-    std::ifstream stat{"/proc/" + std::to_string(process) + "/stat"};
-    std::string skipped;
-    constexpr int kFieldsBefore = 13;
-    for (int i = 0; i < kFieldsBefore; ++i) {
-        stat >> skipped;
-    }
-    double user = 0;
-    double system = 0;
-    stat >> user >> system;
-    return (user + system) / static_cast<double>(sysconf(_SC_CLK_TCK));
-}
 
 /// F1 is a letter and F2 a long message at 60 words per minute; the keyer is on port 1.
 void WriteSettings(const ContestFolder& folder) {

@@ -2,10 +2,10 @@
 
 #include <gtest/gtest.h>
 
-#include <random>
 #include <string>
 #include <vector>
 
+#include "tests/fuzz/damage.h"
 #include "values/hex.h"
 
 namespace tallyhut {
@@ -28,41 +28,17 @@ const std::vector<std::string>& GoodInputs() {
 }
 
 TEST(SpotInputs, RandomBytesAreTaken) {
-    std::mt19937 random{1930};
-    std::uniform_int_distribution<int> length{0, 120};
-    std::uniform_int_distribution<int> byte{0, 255};
+    Damage damage{1930};
     for (int round = 0; round < kRounds; ++round) {
-        std::string bytes(static_cast<std::size_t>(length(random)), '\0');
-        for (char& one : bytes) {
-            one = static_cast<char>(byte(random));
-        }
+        const std::string bytes = damage.RandomBytes(120);
         ASSERT_TRUE(TakesSpotInput(bytes)) << BytesToHexDump(bytes);
     }
 }
 
 TEST(SpotInputs, DamagedPostsAreTaken) {
-    std::mt19937 random{2026};
-    const auto below = [&random](std::size_t limit) {
-        return std::uniform_int_distribution<std::size_t>{0, limit - 1}(random);
-    };
+    Damage damage{2026};
     for (int round = 0; round < kRounds; ++round) {
-        std::string bytes = GoodInputs().at(below(GoodInputs().size()));
-        for (std::size_t damage = below(4) + 1; damage > 0 && !bytes.empty(); --damage) {
-            const std::size_t place = below(bytes.size());
-            switch (below(4)) {
-                case 0:
-                    bytes[place] = static_cast<char>(below(256));
-                    break;
-                case 1:
-                    bytes.erase(place, 1);
-                    break;
-                case 2:
-                    bytes.insert(place, 1, "K9/-&HE. \r"[below(10)]);
-                    break;
-                default:
-                    bytes += GoodInputs().at(below(GoodInputs().size()));
-            }
-        }
+        const std::string bytes = damage.Damaged(GoodInputs(), "K9/-&HE. \r");
         ASSERT_TRUE(TakesSpotInput(bytes)) << BytesToHexDump(bytes);
     }
 }

@@ -15,11 +15,19 @@ constexpr const char* kMap =
     "map 1000 500\n"
     "panel 0 0 0 1000 500 All\n"
     "panel 1 600 0 400 500 Inset\n"
-    "region 1 MAR New Brunswick\npart 0 50 50 20 20 60 0 0 60 -60 0\n"
-    "region 2 MAR Nova Scotia\npart 0 150 50 120 20 60 0 0 60 -60 0\n"
-    "region 3 MAR Prince Edward Island\npart 0 250 50 220 20 60 0 0 60 -60 0\n"
+    "region 1 MAR/NB New Brunswick\npart 0 50 50 20 20 60 0 0 60 -60 0\n"
+    "region 2 MAR/NS Nova Scotia\npart 0 150 50 120 20 60 0 0 60 -60 0\n"
+    "region 3 MAR/PE Prince Edward Island\npart 0 250 50 220 20 60 0 0 60 -60 0\n"
     "region 4 CT Connecticut\npart 0 350 50 320 20 60 0 0 60 -60 0\npart 1 800 250 700 150 200 0 0 200 -200 0\n"
-    "region 5 NWT North west\npart 0 450 50 420 20 60 0 0 60 -60 0\n";
+    "region 5 NWT/TER North west\npart 0 450 50 420 20 60 0 0 60 -60 0\n";
+
+constexpr const char* kListOfToday =
+    R"("NB","New Brunswick","Canada","","","",1,"","",""
+"NS","Nova Scotia","Canada","","","",1,"","",""
+"PE","Prince Edward Island","Canada","","","",1,"","",""
+"CT","Connecticut","1","","","",291,"","",""
+"TER","Territories","Canada","","","",1,"","",""
+)";
 
 struct MapOfSectionsTest : ViewsFixture {
     SectionMap& Map() { return Views().mapForm; }
@@ -34,6 +42,14 @@ struct MapOfSectionsTest : ViewsFixture {
         ChooseMenu(Main().mnuMap);
     }
     void Paint() { PassTime(Map().Timer1.Interval()); }
+    void ChooseMenuThenUseTheFoldersList() {
+        frmSections& dialog = program->logPart.sectionsForm;
+        pump.OnWait([this, &dialog] {
+            Click(dialog.cmdUse);
+            Click(dialog.cmdDone);
+        });
+        ChooseMenu(Main().mnuSections);
+    }
     /// Of the pixel under a label's middle.
     Colour ColourAtSeed(int county) {
         const Place& place = Map().lblCounty(county).State().place;
@@ -123,14 +139,42 @@ TEST_F(MapOfSectionsTest, ASectionIsPaintedInItsInsetToo) {
 
 TEST_F(MapOfSectionsTest, TheNorthWestIsNoSectionAndStaysWhite) {
     std::vector<std::string> all;
-    for (const SectionRow& section : kSections) {
-        all.emplace_back(section.code);
+    for (const ListedSection& section : ToldSections().sections) {
+        all.push_back(section.code);
     }
     OpenMap(all);
     Paint();
     EXPECT_EQ(ColourAtSeed(5), kWhite);
     EXPECT_NE(ColourAtSeed(4), kWhite);
     EXPECT_EQ(Map().lblNeeded.Caption(), "Needed 0");
+}
+
+TEST_F(MapOfSectionsTest, ARegionBearsTheCodeOfTheListInForce) {
+    files.Put("/contest/Sections.txt", kListOfToday);
+    OpenMap({"NS", "TER"});
+    Paint();
+    EXPECT_EQ(Map().lblCounty(2).State().toolTip, "NS");
+    EXPECT_EQ(Map().lblCounty(5).State().toolTip, "TER");
+    EXPECT_NE(ColourAtSeed(2), kWhite);
+    EXPECT_NE(ColourAtSeed(5), kWhite);
+    EXPECT_EQ(ColourAtSeed(1), kWhite);
+    EXPECT_EQ(ColourAtSeed(3), kWhite);
+    EXPECT_EQ(Map().lblNeeded.Caption(), "Needed 3");
+    PointAt(0.15, 0.1);
+    EXPECT_EQ(Map().lblRegion.Caption(), "NS   Nova Scotia   1 contact");
+}
+
+TEST_F(MapOfSectionsTest, AMapThatIsShownFollowsAnotherList) {
+    OpenMap({"NS"});
+    Paint();
+    EXPECT_EQ(ColourAtSeed(2), kWhite);
+    files.Put("/contest/Sections.txt", kListOfToday);
+    ChooseMenuThenUseTheFoldersList();
+    Paint();
+    EXPECT_NE(ColourAtSeed(2), kWhite);
+    EXPECT_EQ(ColourAtSeed(1), kWhite);
+    EXPECT_EQ(Map().lblWorked.Caption(), "Worked 1");
+    EXPECT_EQ(Map().lblNeeded.Caption(), "Needed 4");
 }
 
 TEST_F(MapOfSectionsTest, ASectionLitBySpotsIsNotPainted) {

@@ -29,7 +29,7 @@ TEST(SectionOutlines, ARingIsItsFirstPointAndTheWaysToTheNextOnes) {
     ASSERT_EQ(map.panels.size(), 2U);
     EXPECT_EQ(map.panels[1].title, "The left one");
     ASSERT_EQ(map.regions.size(), 2U);
-    EXPECT_EQ(map.regions[0].code, "CT");
+    EXPECT_EQ(map.regions[0].codes.front(), "CT");
     EXPECT_EQ(map.regions[1].name, "The north west");
     ASSERT_EQ(map.regions[0].parts.size(), 3U);
     EXPECT_EQ(map.regions[0].parts[0].ring, (Path{{100, 200}, {200, 200}, {200, 300}, {100, 300}}));
@@ -59,7 +59,7 @@ TEST(SectionOutlines, ARegionIsFoundWhereItLiesAndInItsInset) {
     const SectionOutlines map = ReadSectionOutlines(kMap);
     const auto codeAt = [&map](double x, double y) {
         const MapRegion* const region = map.RegionAt({x, y});
-        return region == nullptr ? std::string{} : region->code;
+        return region == nullptr ? std::string{} : region->codes.front();
     };
     EXPECT_EQ(codeAt(150, 250), "CT");
     EXPECT_EQ(codeAt(250, 250), "NWT");

@@ -45,7 +45,7 @@ constexpr Style kSmallButton{.text = 0.9, .height = 1.6};
 constexpr Style kBigButton{.text = 1.1, .height = 2.9};
 constexpr Style kSending{.text = 1.55, .height = 2.2, .data = true, .bold = true};
 constexpr Style kMessage{.text = 1.5, .height = 2.9, .trimmed = false, .boxed = true, .wrapped = true};
-constexpr Style kHint{.text = 0.9, .bold = true};
+constexpr Style kHint{.text = 0.9, .bold = true, .trimmed = false};
 constexpr Style kDupes{.text = 1.15, .height = 4.1, .data = true, .trimmed = false, .boxed = true, .wrapped = true};
 constexpr Style kBigClock{.text = 2.6, .height = 3.3, .data = true, .bold = true};
 constexpr Style kClock{.text = 1.9, .height = 3.3, .data = true};

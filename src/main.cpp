@@ -1,5 +1,6 @@
 #include <algorithm>
 #include <array>
+#include <csignal>
 #include <cstdlib>
 #include <filesystem>
 #include <iostream>
@@ -42,6 +43,7 @@ std::string AbsoluteFolder(const std::string& folder, const std::string& current
 
 int main(int argc, char** argv) {
     using namespace tallyhut;
+    std::signal(SIGPIPE, SIG_IGN);  // nobody at the other end is a write that fails, not the end of the program
     try {
         const Options options = ParseOptions({argv + 1, argv + argc});
         if (options.help) {

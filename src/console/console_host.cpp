@@ -1,6 +1,5 @@
 #include "console/console_host.h"
 
-#include <csignal>
 #include <memory>
 
 #include "console/commands.h"
@@ -119,7 +118,6 @@ std::optional<Tick> HeldUntil(const Program& program) {
 
 int RunConsole(const Options& options, const std::string& workingDirectory, const std::string& dataFolder,
                int inputDescriptor, std::ostream& out) {
-    std::signal(SIGPIPE, SIG_IGN);  // a driver that has gone is the end of input
     PolledDescriptors descriptors;
     LineSource lines{descriptors, inputDescriptor};
     JsonOutput output{out};

@@ -126,6 +126,13 @@ TEST_F(EntryWindowTest, ASignalToTerminateCancelsABoxThatIsOpenAndClosesTheProgr
     EXPECT_EQ(window.Wait(), 0);
 }
 
+TEST_F(EntryWindowTest, AWriteThatNobodyReadsDoesNotEndTheProgram) {
+    window.Signal(SIGPIPE);
+    window.Type("88aw1xx72mdc");
+    window.Press("Return");
+    EXPECT_TRUE(Eventually([this] { return LogHolds(R"("1","88","A","W1XX","72","MDC",)"); })) << Log();
+}
+
 TEST_F(EntryWindowTest, AltAloneAndF10OpenTheFirstMenu) {
     for (const char* key : {"Alt_L", "F10"}) {
         window.Press(key);

@@ -139,19 +139,23 @@ TEST_F(ScreenReaderTest, AKeyThatIsTypedIsOneChangeOfTheText) {
         << changes.front();
 }
 
+/// Before the program starts, and of another base than its driver: both are there before the test itself is.
 struct WithCluster {
     LoopbackServer cluster;
+
+    auto SourcePutter() const {
+        return [port = cluster.Port()](const std::string& place) {
+            std::ofstream{place + "/PackSpot.txt"}
+                << WriteSpotRecord({.type = "Telnet", .telnetPort = std::to_string(port), .telnetHost = "127.0.0.1"});
+        };
+    }
 };
 
 /// The same with a cluster that sends spots.
 struct SpokenSpotsTest : WithCluster, ScreenReaderTest {
-    SpokenSpotsTest() : ScreenReaderTest{[this](const std::string& place) { PutSource(place); }} {
+    SpokenSpotsTest() : ScreenReaderTest{SourcePutter()} {
         cluster.Accept();
         HeardOf("alt+l");
-    }
-    void PutSource(const std::string& place) const {
-        std::ofstream{place + "/PackSpot.txt"} << WriteSpotRecord(
-            {.type = "Telnet", .telnetPort = std::to_string(cluster.Port()), .telnetHost = "127.0.0.1"});
     }
     void Post(std::string_view line) const { cluster.Write(std::string{line} + "\r\n"); }
 };

@@ -30,7 +30,7 @@ inline std::string FullLog(int contacts, const DateTime& now) {
                              .P = "A",
                              .Call = CallOf(n),
                              .Ck = "72",
-                             .Sec = std::string{SectionTable::SectionCode(n % 83 + 1)},
+                             .Sec = ToldSections().Section(n % 83 + 1).code,
                              .Date = FormatDateTime(at, "yyyy/mm/dd"),
                              .Time = FormatDateTime(at, "hh:mm:ss"),
                              .Bnd = "40",

@@ -35,7 +35,7 @@ struct Spotting : LoadedProgram {
         constexpr std::array kBands{14'000, 7'000, 21'000, 3'500, 28'000, 1'800};
         const int n = count_++;
         const double kilohertz = kBands.at(static_cast<std::size_t>(n / 8) % kBands.size()) + n * 7 % 200;
-        const std::string section = n % 3 == 0 ? std::string{SectionTable::SectionCode(n % 83 + 1)} : "";
+        const std::string section = n % 3 == 0 ? ToldSections().Section(n % 83 + 1).code : "";
         return "DX de K3LR:" + PadLeft(FormatNumber(kilohertz, "####0.0"), 13) + "  " +
                PadRight("W9" + CallOf(n).substr(2), 13) + PadRight("CQ SS " + section, 31) + "2104Z FN31\r\n";
     }

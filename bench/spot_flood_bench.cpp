@@ -87,7 +87,7 @@ void SendPosts(const LoopbackServer& server, int aSecond, std::chrono::seconds t
     const auto count = static_cast<int>(aSecond * time.count());
     steady_clock::time_point next = steady_clock::now();
     for (int n = 0; n < count; ++n) {
-        const std::string section = n % 3 == 0 ? std::string{SectionTable::SectionCode(n % 83 + 1)} : "";
+        const std::string section = n % 3 == 0 ? ToldSections().Section(n % 83 + 1).code : "";
         server.Write(node.Posted("K3LR", 14'000 + n * 7 % 350, "W9" + CallOf(n).substr(2), section));
         std::this_thread::sleep_until(next += std::chrono::nanoseconds{1s} / aSecond);
     }

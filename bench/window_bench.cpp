@@ -178,7 +178,7 @@ struct SpottingWindow : WindowProgram {
     /// Of a call that is in no log, every third with a section.
     void Post() {
         const int n = count_++;
-        const std::string section = n % 3 == 0 ? std::string{SectionTable::SectionCode(n % 83 + 1)} : "";
+        const std::string section = n % 3 == 0 ? ToldSections().Section(n % 83 + 1).code : "";
         const std::string call = "W9" + CallOf(n).substr(2);
         const std::string kilohertz = std::to_string(14'000 + n * 7 % 350);
         spots.transports.received("DX de K3LR:      " + kilohertz + ".0  " + call + std::string(8, ' ') + "CQ SS " +

@@ -41,7 +41,7 @@ std::vector<Contact> LivelyContest(int contacts, const DateTime& now) {
                        .P = std::string{kPrecedences.at(i % kPrecedences.size())},
                        .Call = std::string{kCalls.at(i % kCalls.size())} + (suffix.empty() ? "" : "X" + suffix),
                        .Ck = FormatNumber(60 + (n * 7) % 40, "00"),
-                       .Sec = std::string{SectionTable::SectionCode((n * 29) % kWorkedOf83 + 1)},
+                       .Sec = std::string{SectionTable{}.Code((n * 29) % kWorkedOf83 + 1)},
                        .Date = FormatDateTime(at, "yyyy/mm/dd"),
                        .Time = FormatDateTime(at, "hh:mm:ss"),
                        .Bnd = n < contacts - 12 ? "80" : "40",

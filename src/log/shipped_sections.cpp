@@ -26,10 +26,10 @@ std::optional<ShippedList> ReadShipped(const Files& files, const std::string& pa
 }
 
 std::string SectionOf(const ShippedList& shipped, const ListedSection& section) {
-    if (!section.since.empty()) {
-        return "a section since " + section.since;
+    if (!section.until.empty()) {
+        return "a section until " + section.until;
     }
-    return section.until.empty() ? "a section of " + shipped.name : "a section until " + section.until;
+    return section.since.empty() ? "a section of " + shipped.name : "a section since " + section.since;
 }
 
 }  // namespace

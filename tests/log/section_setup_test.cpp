@@ -12,7 +12,7 @@ constexpr const char* kList2014 =
     "# Those of 2014\r\n"
     R"("CT","Connecticut","1","","","",0,"","","")"
     "\r\n"
-    R"("MAR","Maritime","Canada","","","",0,"","2022","")"
+    R"("MAR","Maritime","Canada","","","",0,"1970","2022","")"
     "\r\n";
 constexpr const char* kList2023 =
     "# Those of 2023\r\n"

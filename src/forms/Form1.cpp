@@ -221,6 +221,7 @@ Form1::Form1(Desk& owner)
       mnuCabrillo{mnuFile, "mnuCabrillo", "&Write Cabrillo File"},
       mnuSummary{mnuFile, "mnuSummary", "Summary Shee&t"},
       expADIF{mnuFile, "expADIF", "Export &ADIF Format"},
+      expADIFX{mnuFile, "expADIFX", "ADIF With E&xchange"},
       mnuExport{mnuFile, "mnuExport", "&Export For Stationbook Import"},
       mnuCopyListtoClipboard{mnuFile, "mnuCopyListtoClipboard", "&Copy Listed Items to Clipboard"},
       mnuprintrec{mnuFile, "mnuprintrec", "&Print"},

@@ -103,6 +103,7 @@ struct Form1 : Form {
     MenuEntry mnuCabrillo;
     MenuEntry mnuSummary;
     MenuEntry expADIF;
+    MenuEntry expADIFX;
     MenuEntry mnuExport;
     MenuEntry mnuCopyListtoClipboard;
     MenuEntry mnuprintrec;

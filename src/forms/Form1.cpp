@@ -223,6 +223,8 @@ Form1::Form1(Desk& owner)
       expADIF{mnuFile, "expADIF", "Export &ADIF Format"},
       expADIFX{mnuFile, "expADIFX", "ADIF With E&xchange"},
       mnuExport{mnuFile, "mnuExport", "&Export For Stationbook Import"},
+      mnuImport{mnuFile, "mnuImport", "&Import"},
+      mnuMakeHistory{mnuFile, "mnuMakeHistory", "Make Call Histor&y"},
       mnuCopyListtoClipboard{mnuFile, "mnuCopyListtoClipboard", "&Copy Listed Items to Clipboard"},
       mnuprintrec{mnuFile, "mnuprintrec", "&Print"},
       mnuPrintLog{mnuprintrec, "mnuPrintLog", "Print &Log"},

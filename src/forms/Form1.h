@@ -105,6 +105,8 @@ struct Form1 : Form {
     MenuEntry expADIF;
     MenuEntry expADIFX;
     MenuEntry mnuExport;
+    MenuEntry mnuImport;
+    MenuEntry mnuMakeHistory;
     MenuEntry mnuCopyListtoClipboard;
     MenuEntry mnuprintrec;
     MenuEntry mnuPrintLog;

@@ -2,7 +2,6 @@
 
 #include <optional>
 
-#include "import/log_reading.h"
 #include "platform/platform_error.h"
 #include "reports/saved_file.h"
 #include "support/own_files.h"
@@ -53,7 +52,7 @@ HistoryMaking::Gathered HistoryMaking::Gather() {
             return gathered;
         }
         try {
-            const ImportedLog log = ReadLog(files, WholePath(directories, *path), OwnLogs::Taken);
+            const ImportedLog log = reading.Read(WholePath(directories, *path), OwnLogs::Taken);
             gathered.history.Add(log, contest.sections.List(), presentYear);
             gathered.notUnderstood += log.notes.count - log.incomplete.size();
             ++gathered.logs;

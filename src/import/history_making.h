@@ -5,6 +5,7 @@
 #include "contest/contest.h"
 #include "forms/Form1.h"
 #include "import/call_history.h"
+#include "import/log_reading.h"
 #include "platform/files.h"
 #include "support/directories.h"
 #include "toolkit/desk.h"
@@ -18,6 +19,7 @@ struct HistoryMaking {
     const Directories& directories;
     const Contest& contest;
     Files& files;
+    const LogReading& reading;
 
     /// Asks for one log after the other until the operator cancels, then where to save. What fails is told in a box; a
     /// log that cannot be read costs none of the others.

@@ -12,6 +12,7 @@ struct ImportPart {
 
     frmImport importForm;
 
+    LogReading reading;
     LogImport logImport;
     HistoryMaking history;
 

@@ -6,7 +6,6 @@
 #include <utility>
 
 #include "contest/score.h"
-#include "import/log_reading.h"
 #include "log/log_file.h"
 #include "log/section_choice.h"
 #include "platform/platform_error.h"
@@ -105,7 +104,7 @@ void LogImport::mnuImport_Click() {
 }
 
 void LogImport::Import(const std::string& path) {
-    ImportedLog log = ReadLog(machine.files, path, OwnLogs::Refused);
+    ImportedLog log = reading.Read(path, OwnLogs::Refused);
     if (log.contacts.size() > static_cast<std::size_t>(ContactLog::kMostContacts)) {
         throw PlatformError{path + ": It holds " + PlainText(log.contacts.size()) + " contacts, and a log at most " +
                             PlainText(ContactLog::kMostContacts) + '.'};
@@ -128,13 +127,13 @@ void LogImport::Import(const std::string& path) {
                      .preferences = PreferencesFor(folder, log.station)},
                     machine.dataFolder);
     const auto count = static_cast<std::int32_t>(log.contacts.size());
-    const std::string summary = Counted(log.contacts.size(), "contact", "contacts") + ", " +
+    std::string told = Counted(log.contacts.size(), "contact", "contacts") + ", " +
                                 Counted(sections.gSectionsWorked, "section", "sections") + ", score " +
                                 PlainText(Score(sections.gSectionsWorked, count)) + ", now in " + folder + ". " +
                                 Counted(log.notes.count, "line was", "lines were") + " not imported.";
     ImportNotes all = Joined(std::move(log.notes), std::move(remarks));
     const std::string more = MoreNotes(all);
-    Report(summary + more, std::move(all));
+    Report(told + more, std::move(all));
 }
 
 std::string LogImport::AskFolder() {
@@ -197,15 +196,21 @@ Preferences LogImport::PreferencesFor(const std::string& folder, const ImportedS
     return preferences;
 }
 
-void LogImport::Report(const std::string& summary, ImportNotes notes) {
-    dialog.lblReport.SetCaption(summary);
-    const std::size_t count = notes.kept.size();
-    dialog.lstReport.SetRows(count, [kept = std::move(notes.kept)](std::size_t row, std::size_t column) {
-        const ImportNote& note = kept.at(row);
-        return column == 0 ? PlainText(note.line) : column == 1 ? note.finding : note.text;
-    });
+void LogImport::Report(std::string told, ImportNotes notes) {
+    summary = std::move(told);
+    lines = std::move(notes.kept);
     dialog.ShowModal();
     dialog.Unload();
+    lines.clear();
+}
+
+void LogImport::frmImport_Load() {
+    dialog.lblReport.SetCaption(summary);
+    dialog.lstReport.SetRows(lines.size(), [this](std::size_t row, std::size_t column) {
+        const ImportNote& note = lines.at(row);
+        return column == 0 ? PlainText(note.line) : column == 1 ? note.finding : note.text;
+    });
+    desk.Announce(summary);
 }
 
 void LogImport::cmdDone_Click() {

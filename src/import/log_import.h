@@ -1,10 +1,12 @@
 #pragma once
 
 #include <string>
+#include <vector>
 
 #include "contest/contest.h"
 #include "forms/frmImport.h"
 #include "import/imported_log.h"
+#include "import/log_reading.h"
 #include "import/new_contest.h"
 #include "platform/machine.h"
 #include "support/directories.h"
@@ -20,11 +22,16 @@ struct LogImport {
     const Directories& directories;
     const Contest& contest;
     Machine& machine;
+    const LogReading& reading;
+
+    std::string summary = {};            ///< of the report that is shown
+    std::vector<ImportNote> lines = {};  ///< its rows
 
     /// Asks for the file and the folder; what fails is told in a box, and nothing is written then.
     void mnuImport_Click();
 
     // The form.
+    void frmImport_Load();
     void cmdDone_Click();
 
 private:
@@ -34,7 +41,7 @@ private:
     SectionTable SectionsFor(const std::string& folder) const;
     Preferences PreferencesFor(const std::string& folder, const ImportedStation& station) const;
     std::string SectionsFile(const std::string& folder) const;
-    void Report(const std::string& summary, ImportNotes notes);
+    void Report(std::string told, ImportNotes notes);
 };
 
 }  // namespace tallyhut

@@ -4,6 +4,7 @@
 #include <string_view>
 
 #include "import/imported_log.h"
+#include "log/panel.h"
 #include "platform/files.h"
 
 namespace tallyhut {
@@ -14,8 +15,14 @@ inline constexpr std::string_view kLogsFilter =
 
 enum class OwnLogs { Taken, Refused };
 
-/// The log in a file, whatever its manner is. Throws PlatformError where the file cannot be read, is longer than any
-/// log, holds none, or holds one of this program where these are refused.
-ImportedLog ReadLog(const Files& files, const std::string& path, OwnLogs ownLogs);
+/// Reads logs from files, whatever their manner is. While a long one is read, the message line says so.
+struct LogReading {
+    Panel& panel;
+    const Files& files;
+
+    /// Throws PlatformError where the file cannot be read, is longer than any log, holds none, or holds one of this
+    /// program where these are refused.
+    ImportedLog Read(const std::string& path, OwnLogs ownLogs) const;
+};
 
 }  // namespace tallyhut

@@ -112,7 +112,9 @@ std::string_view Stripped(std::string_view text) {
 }
 
 bool BeginsWith(std::string_view text, std::string_view beginning) {
-    return UpperCase(text.substr(0, beginning.size())) == beginning;
+    const auto upper = [](char c) { return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c; };
+    return text.size() >= beginning.size() &&
+           std::ranges::equal(text.substr(0, beginning.size()), beginning, {}, upper);
 }
 
 }  // namespace tallyhut

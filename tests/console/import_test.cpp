@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <filesystem>
 
 #include "tests/console/console_driver.h"
 
@@ -71,6 +72,14 @@ TEST_F(ImportTest, FilesOfManyMegabytesAreTakenOrRefused) {
     EXPECT_EQ(program.LastTurn(), R"({"ready":"modal","form":"frmImport","focus":"lstReport"})");
     program.Do("key Esc");
     EXPECT_EQ(program.LastTurn(), R"({"ready":"idle","form":"Form1","focus":"txtNum"})");
+}
+
+TEST_F(ImportTest, AFileLongerThanAnyLogIsRefusedUnread) {
+    folder.Write("long.log", "");
+    std::filesystem::resize_file(Path("long.log"), 200'000'001);
+    program.Do("menu mnuImport");
+    EXPECT_TRUE(Holds(program.Do(At("long.log")), "long.log: It is longer than 200 MB, which no log is."));
+    program.Do("answer OK");
 }
 
 TEST_F(ImportTest, AHistoryOfTheOpenLogIsMade) {

@@ -293,5 +293,25 @@ TEST_F(LogImportTest, TheReportIsModalAndEscClosesIt) {
     EXPECT_FALSE(Report().IsLoaded());
 }
 
+TEST_F(LogImportTest, TheMessageLineTellsOfALongFileWhileItIsRead) {
+    const std::string before = Dialog();
+    std::string during;
+    TheDesk().outlets.controlChanged = [this, &during](Control& control) {
+        if (&control == &Main().lblDialog && during.empty()) {
+            during = Dialog();
+        }
+    };
+    Import(kEntry + std::string(6'000'000, '\n'));
+    EXPECT_EQ(during, "Reading w9zzz.log, 6 MB ...");
+    EXPECT_EQ(Dialog(), before);
+}
+
+TEST_F(LogImportTest, TheReportIsSpokenOnce) {
+    std::vector<std::string> spoken;
+    TheDesk().outlets.announced = [&spoken](std::string_view words) { spoken.emplace_back(words); };
+    Import(kEntry);
+    EXPECT_EQ(spoken, Texts{"4 contacts, 2 sections, score 16, now in /contests/imported. 2 lines were not imported."});
+}
+
 }  // namespace
 }  // namespace tallyhut

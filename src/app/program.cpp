@@ -15,11 +15,11 @@ constexpr const char* kProgramTitle = "Tallyhut Log";
 constexpr const char* kTimeNotSaved = "Not all of the operating time could be saved. ";
 
 /// In which order the forms are listed, and unloaded at the end.
-constexpr std::array<std::string_view, 23> kFormOrder{
+constexpr std::array<std::string_view, 24> kFormOrder{
     "Form1",      "frmSplash",   "frmQ7ZZQLogo", "frmEditCon",    "frmStationID",  "Form2",
     "frmPorts",   "Form5",       "Form6",        "RigControlfrm", "frmRigTune",    "frmFrequencyTest",
     "PhoneFrm",   "CWFrm",       "frmCWStrings", "BlindFrm",      "PacketSpotfrm", "SpectrumMap",
-    "SectionMap", "frmBandPlan", "GraphQSO",     "frmbndstats",   "frmSections",
+    "SectionMap", "frmBandPlan", "GraphQSO",     "frmbndstats",   "frmSections",   "frmImport",
 };
 
 std::string AlreadyRunning(const std::string& folder) {
@@ -36,6 +36,7 @@ Program::Program(const Machine& lent, const std::string& workingDirectory)
       splash{desk},
       logo{desk},
       reportsPart{machine, desk, supportPart, logPart},
+      importPart{machine, desk, supportPart, logPart},
       rigPart{machine, desk, supportPart, logPart},
       keyingPart{machine, desk, supportPart, logPart},
       voicePart{machine, desk, supportPart, logPart},

@@ -9,6 +9,7 @@
 #include "app/start_up.h"
 #include "forms/frmQ7ZZQLogo.h"
 #include "forms/frmSplash.h"
+#include "import/import_part.h"
 #include "keying/keying_part.h"
 #include "reports/reports_part.h"
 #include "rig/rig_part.h"
@@ -32,6 +33,7 @@ struct Program {
     frmSplash splash;
     frmQ7ZZQLogo logo;
     ReportsPart reportsPart;
+    ImportPart importPart;
     RigPart rigPart;
     KeyingPart keyingPart;
     VoicePart voicePart;

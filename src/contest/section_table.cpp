@@ -42,6 +42,11 @@ SectionPlace PlaceOfSection(std::string_view section, const SectionList& list) {
     return former != kFormerPlaces.end() ? *former : SectionPlace{section, section, kUnitedStates};
 }
 
+bool IsPlaceKnown(std::string_view section, const SectionList& list) {
+    return list.Find(section) != 0 || ToldSections().Find(section) != 0 ||
+           std::ranges::find(kFormerPlaces, section, &SectionPlace::section) != kFormerPlaces.end();
+}
+
 int SectionTable::Find(std::string_view code) const {
     const int i = List().Find(code);
     return i <= gSectionCount ? i : 0;

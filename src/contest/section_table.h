@@ -26,6 +26,9 @@ SectionPlace PlaceOfSection(std::string_view section);
 /// state of its own name in the continental United States.
 SectionPlace PlaceOfSection(std::string_view section, const SectionList& list);
 
+/// Whether the list, ToldSections or those of earlier years hold the code, so that its place is more than a guess.
+bool IsPlaceKnown(std::string_view section, const SectionList& list);
+
 /// Contacts by section. Section i, from 1 to gSectionCount, is entry i of SectionQsos.
 struct SectionTable {
     std::optional<SectionList> chosen = {};  ///< of this contest; none for ToldSections

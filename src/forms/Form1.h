@@ -104,7 +104,10 @@ struct Form1 : Form {
     MenuEntry mnuCabrillo;
     MenuEntry mnuSummary;
     MenuEntry expADIF;
+    MenuEntry expADIFX;
     MenuEntry mnuExport;
+    MenuEntry mnuImport;
+    MenuEntry mnuMakeHistory;
     MenuEntry mnuCopyListtoClipboard;
     MenuEntry mnuprintrec;
     MenuEntry mnuPrintLog;

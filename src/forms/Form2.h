@@ -27,15 +27,16 @@ struct Form2 : Form {
     FrameBox fraAssisted;
     Option OptCatYes;
     Option optCatNo;
-    TextBox Text2;     ///< calls of all operators
-    TextBox Text5;     ///< name
-    TextBox Text6;     ///< address, first line
-    TextBox Text7;     ///< address, second line
-    TextBox Text8;     ///< e-mail
-    TextBox Text10;    ///< club
-    TextBox Text11;    ///< soapbox
-    Label lblMissing;  ///< what of the station the entry will lack; empty where it lacks nothing
-    Button Command4;   ///< writes the Cabrillo file
+    TextBox Text2;          ///< calls of all operators
+    TextBox Text5;          ///< name
+    TextBox Text6;          ///< address, first line
+    TextBox Text7;          ///< address, second line
+    TextBox Text8;          ///< e-mail
+    TextBox Text10;         ///< club
+    TextBox Text11;         ///< soapbox
+    Label lblMissing;       ///< what of the station the entry will lack; empty where it lacks nothing
+    CheckBox chkCabrillo3;  ///< tags and values of today in the file's head
+    Button Command4;        ///< writes the Cabrillo file
 
     // What the summary sheet has beside it.
     FrameBox Frame1;  ///< the class of the call used; the own call joins its caption at load

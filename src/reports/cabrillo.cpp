@@ -1,5 +1,8 @@
 #include "reports/cabrillo.h"
 
+#include <algorithm>
+#include <array>
+
 #include "contest/bands.h"
 #include "contest/score.h"
 #include "reports/report_text.h"
@@ -18,24 +21,58 @@ std::string_view ModeWord(const Preferences& station) {
     return station.gContestMode == 1 ? "PH" : "CW";
 }
 
+/// The values that stand in the head where they hang together.
+struct Categories {
+    std::string_view operators;
+    std::string_view transmitter = "ONE";
+    bool assisted = false;
+};
+
+/// What version 3 of the format has for operator categories that it does not list.
+struct ListedCategory {
+    std::string_view chosen;
+    Categories listed;
+};
+
+constexpr std::array kListedCategories{
+    ListedCategory{"SINGLE-OP-ASSISTED", {"SINGLE-OP", "ONE", true}},
+    ListedCategory{"MULTI-TWO", {"MULTI-OP", "TWO", false}},
+    ListedCategory{"MULTI-MULTI", {"MULTI-OP", "UNLIMITED", false}},
+};
+
+Categories CategoriesOf(const CabrilloEntry& entry) {
+    const auto* const row = std::ranges::find(kListedCategories, entry.categoryOperator, &ListedCategory::chosen);
+    if (!entry.asCabrillo3Lists || row == kListedCategories.end()) {
+        return {.operators = entry.categoryOperator, .assisted = entry.assisted};
+    }
+    Categories categories = row->listed;
+    categories.assisted = categories.assisted || entry.assisted;
+    return categories;
+}
+
+std::string_view ModeCategory(const CabrilloEntry& entry, const Preferences& station) {
+    return entry.asCabrillo3Lists && station.gContestMode == 1 ? "SSB" : ModeWord(station);
+}
+
 /// The section stands before the contest, as it always has in these files.
 void WriteStation(const CabrilloEntry& entry, const Preferences& station, ColumnWriter& lines) {
     lines.Line("START-OF-LOG: 3.0");
     lines.Line("CREATED-BY: " + entry.createdBy);
-    lines.Line("ARRL-SECTION: " + station.gOwnSection);
+    lines.Text(entry.asCabrillo3Lists ? "LOCATION: " : "ARRL-SECTION: ").Line(station.gOwnSection);
     lines.Line(station.gContestMode == 1 ? "CONTEST: ARRL-SS-SSB" : "CONTEST: ARRL-SS-CW");
     lines.Line("CALLSIGN: " + station.gOwnCall);
 }
 
 void WriteCategories(const CabrilloEntry& entry, const Preferences& station, ColumnWriter& lines) {
-    if (!entry.categoryOperator.empty()) {
-        lines.Text("CATEGORY-OPERATOR: ").Line(entry.categoryOperator);
+    const Categories categories = CategoriesOf(entry);
+    if (!categories.operators.empty()) {
+        lines.Text("CATEGORY-OPERATOR: ").Line(categories.operators);
     }
-    lines.Line("CATEGORY-TRANSMITTER: ONE");
+    lines.Text("CATEGORY-TRANSMITTER: ").Line(categories.transmitter);
     lines.Line("CATEGORY-BAND: ALL");
     lines.Text("CATEGORY-POWER: ").Line(entry.power);
-    lines.Text("CATEGORY-ASSISTED: ").Line(entry.assisted ? "ASSISTED" : "NON-ASSISTED");
-    lines.Text("CATEGORY-MODE: ").Line(ModeWord(station));
+    lines.Text("CATEGORY-ASSISTED: ").Line(categories.assisted ? "ASSISTED" : "NON-ASSISTED");
+    lines.Text("CATEGORY-MODE: ").Line(ModeCategory(entry, station));
     lines.Text("CATEGORY-STATION: ").Line(entry.schoolClub ? "SCHOOL" : "FIXED");
 }
 
@@ -46,7 +83,7 @@ void WriteEntrant(const CabrilloEntry& entry, const Preferences& station, Column
     lines.Line("ADDRESS: " + entry.addressLine1);
     lines.Line("ADDRESS: " + entry.addressLine2);
     if (!entry.eMail.empty()) {
-        lines.Line("ADDRESS: (e-mail) " + entry.eMail);
+        lines.Text(entry.asCabrillo3Lists ? "EMAIL: " : "ADDRESS: (e-mail) ").Line(entry.eMail);
     }
     lines.Line("SOAPBOX: " + entry.soapbox);
 }

@@ -23,6 +23,7 @@ struct CabrilloEntry {
     std::string addressLine2;
     std::string eMail;  ///< empty leaves the line out
     std::string soapbox;
+    bool asCabrillo3Lists = false;  ///< tags and values of version 3 alone, where the head else keeps older ones
 };
 
 /// The whole entry file, Cabrillo 3.0, line by line, contacts in the order of the log.

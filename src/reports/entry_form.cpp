@@ -170,7 +170,8 @@ CabrilloEntry EntryForm::Entry() const {
             .addressLine1 = dialog.Text6.Text(),
             .addressLine2 = dialog.Text7.Text(),
             .eMail = dialog.Text8.Text(),
-            .soapbox = dialog.Text11.Text()};
+            .soapbox = dialog.Text11.Text(),
+            .asCabrillo3Lists = dialog.chkCabrillo3.Value()};
 }
 
 void EntryForm::Command4_Click() {

@@ -2,6 +2,7 @@
 
 #include "platform/platform_error.h"
 #include "reports/adif.h"
+#include "reports/adif_exchange.h"
 #include "reports/list_text.h"
 #include "reports/report_file.h"
 #include "reports/saved_file.h"
@@ -38,6 +39,33 @@ MessageBox ExportedBox(const std::string& folder) {
 }  // namespace
 
 void LogExports::expADIF_Click() {
+    ExportAdif([this](const std::string& power, const std::string& comment) {
+        const DateTime now = desk.clock.Now();
+        const AdifExport details{.title = ProgramTitle(form),
+                                 .exportedAt = FormatDateTime(now, "ddddd h:nn:ss AMPM", shortDate),
+                                 .power = power,
+                                 .comment = comment,
+                                 .phone = contest.preferences.gContestMode != 0,
+                                 .sections = contest.sections.Chosen()};
+        return AdifText(details, contest.log, now.year);
+    });
+}
+
+void LogExports::expADIFX_Click() {
+    ExportAdif([this](const std::string& power, const std::string& comment) {
+        const DateTime now = desk.clock.Now();
+        const AdifExchange details{
+            .title = ProgramTitle(form),
+            .writtenAt = FormatDateTime(UtcOf(now, contest.preferences), "yyyymmdd hhnnss"),
+            .power = power,
+            .comment = comment,
+        };
+        return AdifExchangeText(details, contest.preferences, contest.log, contest.sections.List(), now.year);
+    });
+}
+
+void LogExports::ExportAdif(
+    const std::function<std::string(const std::string& power, const std::string& comment)>& textOf) {
     const std::string power = desk.dialogs.Show(kPowerBox);
     const std::string comment = desk.dialogs.Show(kCommentBox);
     const FileRequest request = SaveRequest(directories, "ADIF Files (*.adi) | *.adi", "Tallyhut.adi");
@@ -46,14 +74,7 @@ void LogExports::expADIF_Click() {
         if (!path) {
             return;
         }
-        const DateTime now = desk.clock.Now();
-        const AdifExport details{.title = ProgramTitle(form),
-                                 .exportedAt = FormatDateTime(now, "ddddd h:nn:ss AMPM", shortDate),
-                                 .power = power,
-                                 .comment = comment,
-                                 .phone = contest.preferences.gContestMode != 0,
-                                 .sections = contest.sections.Chosen()};
-        WriteReportFile(files, directories, *path, AdifText(details, contest.log, now.year));
+        WriteReportFile(files, directories, *path, textOf(power, comment));
         desk.dialogs.Show(WrittenBox(*path));
     } catch (const PlatformError& failure) {
         desk.dialogs.Show(NotWrittenBox(failure.what()));

@@ -31,6 +31,7 @@ void ReportsPart::Bind(Form1& form1, LogGuard& guard) {
     form1.mnuCabrillo.Click = withLog([this] { entryForm.Open(); });
     form1.mnuSummary.Click = withLog([this] { entryForm.Open(); });
     form1.expADIF.Click = withLog([this] { exports.expADIF_Click(); });
+    form1.expADIFX.Click = withLog([this] { exports.expADIFX_Click(); });
     form1.mnuExport.Click = withLog([this] { exports.mnuExport_Click(); });
     form1.mnuCopyListtoClipboard.Click = withLog([this] { exports.mnuCopyListtoClipboard_Click(); });
     form1.mnuPrintLog.Click = withLog([this] { paperReports.PrintLog(); });

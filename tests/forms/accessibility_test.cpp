@@ -276,6 +276,7 @@ TEST_F(AccessibilityTest, ACaptionIsTiedToItsFieldUnlessTheFieldHasANameOfItsOwn
 TEST_F(AccessibilityTest, AListIsCalledByTheCaptionAboveItOrElseByItsForm) {
     EXPECT_EQ(NameOf(program.portsForm, "lstPorts"), "Port numbers, and the device that each means:");
     EXPECT_EQ(NameOf(program.portsForm, "lstDevices"), "Devices found:");
+    EXPECT_EQ(NameOf(program.importPart.importForm, "lstReport"), "Lines of the file to look at:");
     EXPECT_EQ(NameOf(program.rigForm, "List1"), "Rig Interface Setup");
     EXPECT_EQ(NameOf(program.helpForm, "Text1"), "Tallyhut Logging Program Help Page");
 }
@@ -289,6 +290,7 @@ TEST_F(AccessibilityTest, ButtonsOfOneCaptionAreToldApartByTheirRow) {
 TEST_F(AccessibilityTest, AnOptionIsARadioButtonAndACheckBoxIsNone) {
     EXPECT_EQ(ElementOf(program.form2, "OptCatYes").role(), QAccessible::RadioButton);
     EXPECT_EQ(ElementOf(program.tuneForm, "chkScan").role(), QAccessible::CheckBox);
+    EXPECT_EQ(NameOf(program.form2, "chkCabrillo3"), "Header as Cabrillo 3 lists it");
 }
 
 TEST_F(AccessibilityTest, AnOptionIsUnchosenWhereTheProgramUnchoosesIt) {

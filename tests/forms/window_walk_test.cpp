@@ -208,6 +208,18 @@ TEST_F(WindowWalkTest, TheWarningsOfTheEditFormMoveNothing) {
     }
 }
 
+TEST_F(WindowWalkTest, AReportOfAnImportHasItsRoomHoweverLongItIs) {
+    frmImport& form = program.importPart.importForm;
+    shown.Show(form);
+    form.lblReport.SetCaption(
+        "10999 contacts, 85 sections, score 1869830, now in /home/operator/Documents/Tallyhut Log/" +
+        std::string(80, 'x') + ". 123456 lines were not imported. The list ends before 113456 more remarks.");
+    form.lstReport.SetRows(10'000, [](std::size_t row, std::size_t column) {
+        return column == 0 ? std::to_string(row + 1) : "Not understood: a contact has 14 words";
+    });
+    Check(form, "-long");
+}
+
 TEST_F(WindowWalkTest, TypingMovesNothingOnTheMainForm) {
     QWidget& window = shown.WindowOf(program.form1);
     std::map<const ControlWidget*, QRect> before;

@@ -119,6 +119,68 @@ TEST(Cabrillo, NoCategoryChosenLeavesItsLineOut) {
     EXPECT_EQ(lines.at(7), "CATEGORY-POWER: ");
 }
 
+/// The lines of the head that begin with the tag.
+std::string HeadLine(const CabrilloEntry& entry, const Preferences& station, std::string_view tag) {
+    std::string found;
+    for (const std::string& line : Written(entry, station, {})) {
+        if (line.starts_with(tag)) {
+            found += found.empty() ? line : '|' + line;
+        }
+    }
+    return found;
+}
+
+TEST(Cabrillo, TheHeadOfVersion3HasItsOperatorCategories) {
+    struct Row {
+        std::string_view chosen, operators, transmitter, assisted;
+    };
+    const std::vector<Row> rows{
+        {"SINGLE-OP", "SINGLE-OP", "ONE", "NON-ASSISTED"},
+        {"SINGLE-OP-ASSISTED", "SINGLE-OP", "ONE", "ASSISTED"},
+        {"MULTI-OP", "MULTI-OP", "ONE", "NON-ASSISTED"},
+        {"MULTI-TWO", "MULTI-OP", "TWO", "NON-ASSISTED"},
+        {"MULTI-MULTI", "MULTI-OP", "UNLIMITED", "NON-ASSISTED"},
+        {"CHECKLOG", "CHECKLOG", "ONE", "NON-ASSISTED"},
+    };
+    CabrilloEntry entry = SingleOperator();
+    entry.asCabrillo3Lists = true;
+    for (const Row& row : rows) {
+        entry.categoryOperator = row.chosen;
+        EXPECT_EQ(HeadLine(entry, CwStation(), "CATEGORY-OPERATOR"),
+                  "CATEGORY-OPERATOR: " + std::string{row.operators});
+        EXPECT_EQ(HeadLine(entry, CwStation(), "CATEGORY-TRANSMITTER"),
+                  "CATEGORY-TRANSMITTER: " + std::string{row.transmitter})
+            << row.chosen;
+        EXPECT_EQ(HeadLine(entry, CwStation(), "CATEGORY-ASSISTED"), "CATEGORY-ASSISTED: " + std::string{row.assisted})
+            << row.chosen;
+    }
+    entry.categoryOperator = "MULTI-TWO";
+    entry.assisted = true;
+    EXPECT_EQ(HeadLine(entry, CwStation(), "CATEGORY-ASSISTED"), "CATEGORY-ASSISTED: ASSISTED");
+}
+
+TEST(Cabrillo, TheHeadOfVersion3TellsModeLocationAndEmailByItsOwnTags) {
+    CabrilloEntry entry = SingleOperator();
+    entry.eMail = "pat@example.net";
+    entry.asCabrillo3Lists = true;
+    EXPECT_EQ(HeadLine(entry, PhoneStation(), "CATEGORY-MODE"), "CATEGORY-MODE: SSB");
+    EXPECT_EQ(HeadLine(entry, CwStation(), "CATEGORY-MODE"), "CATEGORY-MODE: CW");
+    EXPECT_EQ(HeadLine(entry, CwStation(), "LOCATION"), "LOCATION: IL");
+    EXPECT_EQ(HeadLine(entry, CwStation(), "ARRL-SECTION"), "");
+    EXPECT_EQ(HeadLine(entry, CwStation(), "EMAIL"), "EMAIL: pat@example.net");
+    EXPECT_EQ(HeadLine(entry, CwStation(), "ADDRESS: (e-mail)"), "");
+    entry.eMail = "";
+    EXPECT_EQ(HeadLine(entry, CwStation(), "EMAIL"), "");
+}
+
+TEST(Cabrillo, ThePhoneContactsOfVersion3StayPH) {
+    CabrilloEntry entry = SingleOperator();
+    entry.asCabrillo3Lists = true;
+    EXPECT_EQ(HeadLine(entry, PhoneStation(), "QSO:"), "");
+    const Lines all = Written(entry, PhoneStation(), {Usual()}, 1);
+    EXPECT_TRUE(all.at(all.size() - 2).starts_with("QSO:  7000 PH "));
+}
+
 TEST(Cabrillo, ContactStandsInItsColumns) {
     const std::string line = ContactLine(Usual());
     EXPECT_EQ(line, "QSO:  7000 CW 2026-11-07 2104 W9ZZZ       137 A 72 IL  W1XX         88 A 72 MDC");

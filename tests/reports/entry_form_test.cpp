@@ -456,5 +456,27 @@ TEST_F(EntryFormTest, CancelledPrintPrintsNothing) {
     EXPECT_TRUE(printer.documents.empty());
 }
 
+TEST_F(EntryFormTest, TheHeadIsThatOfCabrillo3OnlyWhereTheBoxIsTickedAndTheTickIsNotKept) {
+    Start();
+    dialogs.files = {"/contest/old.log", "/contest/new.log"};
+    InForm([this] {
+        EXPECT_FALSE(form2().chkCabrillo3.Value());
+        form2().Option14.SetValue(true);
+        ClickInForm(form2().Command4);
+        form2().chkCabrillo3.SetValue(true);
+        ClickInForm(form2().Command4);
+    });
+    EXPECT_NE(Content("old.log").find("\r\nARRL-SECTION: IL\r\n"), std::string::npos);
+    EXPECT_NE(Content("old.log").find("\r\nCATEGORY-OPERATOR: MULTI-TWO\r\n"), std::string::npos);
+    EXPECT_NE(Content("new.log").find("\r\nLOCATION: IL\r\n"), std::string::npos);
+    EXPECT_NE(Content("new.log").find("\r\nCATEGORY-OPERATOR: MULTI-OP\r\nCATEGORY-TRANSMITTER: TWO\r\n"),
+              std::string::npos);
+    InForm([this] {
+        ClickInForm(form2().cmdKept);
+        EXPECT_TRUE(form2().Option14.Value());
+        EXPECT_FALSE(form2().chkCabrillo3.Value());
+    });
+}
+
 }  // namespace
 }  // namespace tallyhut

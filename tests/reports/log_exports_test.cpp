@@ -163,5 +163,33 @@ TEST_F(LogExportsTest, EmptyListCopiesItsHeadings) {
     EXPECT_EQ(clipboard.text, "Rec#\tNs\tNr\tP\tCall\tCk\tSec\tDate\tTime\tBnd\r\n");
 }
 
+TEST_F(LogExportsTest, AdifWithTheExchangeAsksTheSameTwoQuestions) {
+    stored.gOwnCall = "W9ZZZ";
+    StartWith({Worked("W1XX")});
+    dialogs.inputs = {"5", "My comment"};
+    dialogs.files.emplace_back("/contest/out.adi");
+    ChooseMenu(Main().expADIFX);
+    EXPECT_EQ(dialogs.boxes, (std::vector<std::string>{
+                                 kPowerLine,
+                                 kCommentLine,
+                                 kSaveLine,
+                                 "message \"File Written Successfully.\" \"The file was successfully written to the "
+                                 "directory:\r\n\r\n/contest/out.adi.\" OK Information",
+                             }));
+    EXPECT_NE(Content("out.adi").find("<SRX:2>88 <SRX_STRING:8>A 72 MDC "), std::string::npos);
+    EXPECT_NE(Content("out.adi").find("<STATION_CALLSIGN:5>W9ZZZ <OPERATOR:5>W9ZZZ "), std::string::npos);
+    EXPECT_NE(Content("out.adi").find("<CREATED_TIMESTAMP:15>20261107 210433 "), std::string::npos);
+}
+
+TEST_F(LogExportsTest, AdifWithTheExchangeNeverTakesThePlaceOfTheLog) {
+    StartWith({Worked("W1XX")});
+    const std::string before = LogOnDisk();
+    dialogs.inputs = {"", ""};
+    dialogs.files.emplace_back(kLogPath);
+    ChooseMenu(Main().expADIFX);
+    EXPECT_EQ(LogOnDisk(), before);
+    EXPECT_TRUE(dialogs.boxes.back().starts_with("message \"Unable to write file.\""));
+}
+
 }  // namespace
 }  // namespace tallyhut

@@ -24,6 +24,7 @@ constexpr std::array kRows{
     OneLine("lblText(10)", "Text10:*"),
     Below("lblText(11)", "Text11:*"),
     Text("lblMissing"),
+    OneLine("", "chkCabrillo3"),
     OneLine("", "Command4"),
 
     Column(2),

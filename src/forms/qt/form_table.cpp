@@ -28,6 +28,7 @@ constexpr std::array kTables{
     NamedTable{"frmCodePractice", kFrmCodePracticeTable},
     NamedTable{"frmEditCon", kFrmEditConTable},
     NamedTable{"frmFrequencyTest", kFrmFrequencyTestTable},
+    NamedTable{"frmImport", kFrmImportTable},
     NamedTable{"frmPorts", kFrmPortsTable},
     NamedTable{"frmRigTune", kFrmRigTuneTable},
     NamedTable{"frmSections", kFrmSectionsTable},

@@ -1,0 +1,215 @@
+#include "import/cabrillo_reader.h"
+
+#include <algorithm>
+#include <array>
+
+#include "import/contact_fields.h"
+#include "import/log_text.h"
+#include "values/text.h"
+
+namespace tallyhut {
+namespace {
+
+constexpr std::size_t kLongestLine = 1000;  // beyond any that a program writes
+constexpr std::string_view kBlanks = " \t";
+
+/// The words of a contact behind its tag; a number of the transmitter may follow.
+enum QsoWord : std::size_t {
+    kFrequency,
+    kMode,
+    kDate,
+    kTime,
+    kOwnCall,
+    kSent,
+    kOwnPrecedence,
+    kOwnCheck,
+    kOwnSection,
+    kCall,
+    kReceived,
+    kPrecedence,
+    kCheck,
+    kSection,
+    kQsoWords,
+};
+
+/// One more than a line may have, so that a longer one shows.
+using QsoWords = std::array<std::string_view, kQsoWords + 2>;
+
+/// What is said of a station in the head. Several tags say the same; the first that does counts.
+struct StationTag {
+    std::string_view tag;
+    std::string ImportedStation::*value;
+};
+
+constexpr std::array kStationTags{
+    StationTag{"CALLSIGN", &ImportedStation::call},
+    StationTag{"LOCATION", &ImportedStation::section},
+    StationTag{"ARRL-SECTION", &ImportedStation::section},
+};
+
+/// Tags of all versions of the format that say nothing that a log holds.
+constexpr std::array<std::string_view, 37> kOtherTags{
+    "START-OF-LOG",
+    "END-OF-LOG",
+    "CREATED-BY",
+    "CATEGORY",
+    "CATEGORY-ASSISTED",
+    "CATEGORY-BAND",
+    "CATEGORY-DXPEDITION",
+    "CATEGORY-MODE",
+    "CATEGORY-OPERATOR",
+    "CATEGORY-OVERLAY",
+    "CATEGORY-POWER",
+    "CATEGORY-STATION",
+    "CATEGORY-TIME",
+    "CATEGORY-TRANSMITTER",
+    "CERTIFICATE",
+    "CLAIMED-SCORE",
+    "CLUB",
+    "CLUB-NAME",
+    "EMAIL",
+    "E-MAIL",
+    "GRID-LOCATOR",
+    "GRID-SQUARE",
+    "IOTA-ISLAND-NAME",
+    "NAME",
+    "ADDRESS",
+    "ADDRESS-CITY",
+    "ADDRESS-STATE-PROVINCE",
+    "ADDRESS-STATE",
+    "ADDRESS-POSTALCODE",
+    "ADDRESS-ZIPCODE",
+    "ADDRESS-COUNTRY",
+    "OPERATOR",
+    "OPERATORS",
+    "OFFTIME",
+    "SOAPBOX",
+    "RIG",
+    "DEBUG",
+};
+
+constexpr std::string_view kPhoneContest = "SSB";
+
+/// How many words the text has, the array's size for more than it holds.
+std::size_t TakeWords(std::string_view text, QsoWords& words) {
+    std::size_t count = 0;
+    for (text = Stripped(text); !text.empty() && count < words.size(); ++count) {
+        words.at(count) = text.substr(0, text.find_first_of(kBlanks));
+        text = Stripped(text.substr(words.at(count).size()));
+    }
+    return count;
+}
+
+struct Reader {
+    TextLines lines;
+    ImportedLog log;
+    ImportedStation fromContacts;  ///< for what the head does not say
+
+    void ReadAll() {
+        while (!lines.AtEnd()) {
+            if (const std::string_view line = Stripped(lines.Take()); !line.empty()) {
+                ReadLine(line);
+            }
+        }
+        FillInStation();
+    }
+
+private:
+    void ReadLine(std::string_view line) {
+        const std::size_t colon = line.size() > kLongestLine ? std::string_view::npos : line.find(':');
+        if (colon == std::string_view::npos) {
+            log.notes.Add(lines.number, line, "Not understood: no line of Cabrillo");
+            return;
+        }
+        const std::string tag = UpperCase(Stripped(line.substr(0, colon)));
+        const std::string_view value = Stripped(line.substr(colon + 1));
+        if (tag == "QSO") {
+            ReadContact(line, value);
+        } else if (tag == "X-QSO") {
+            log.notes.Add(lines.number, line, "Left out: marked as not counting (X-QSO)");
+        } else {
+            ReadTag(line, tag, value);
+        }
+    }
+
+    void ReadTag(std::string_view line, std::string_view tag, std::string_view value) {
+        const auto* const row = std::ranges::find(kStationTags, tag, &StationTag::tag);
+        if (row != kStationTags.end()) {
+            KeepFirst(log.station.*row->value, value);
+        } else if (tag == "CONTEST") {
+            log.station.phone = UpperCase(value).find(kPhoneContest) != std::string::npos;
+        } else if (!tag.starts_with("X-") && std::ranges::find(kOtherTags, tag) == kOtherTags.end()) {
+            log.notes.Add(lines.number, line, "Not understood: unknown tag");
+        }
+    }
+
+    static void KeepFirst(std::string& kept, std::string_view value) {
+        if (kept.empty()) {
+            kept = UpperCase(value);
+        }
+    }
+
+    void ReadContact(std::string_view line, std::string_view text) {
+        QsoWords words;
+        const std::size_t count = TakeWords(text, words);
+        const bool hasTransmitter = count == kQsoWords + 1 && IsDigits(words[kQsoWords]);
+        if (count != kQsoWords && !hasTransmitter) {
+            log.notes.Add(lines.number, line, "Not understood: a contact has 14 words");
+            return;
+        }
+        ContactFields fields = FieldsOf(words);
+        if (KindOfMode(words[kMode]) == ModeKind::None && fields.refused.empty()) {
+            fields.refused = '"' + std::string{words[kMode]} + "\" is no mode of the contest";
+        }
+        if (!fields.refused.empty()) {
+            log.notes.Add(lines.number, line, "Not understood: " + fields.refused);
+            return;
+        }
+        log.contacts.push_back({std::move(fields.contact), lines.number});
+        TakeStation(words);
+    }
+
+    static ContactFields FieldsOf(const QsoWords& words) {
+        ContactFields fields;
+        fields.TakeKilohertz(words[kFrequency]);
+        fields.TakeDate(words[kDate]);
+        fields.TakeTime(words[kTime]);
+        fields.TakeSent(words[kSent]);
+        fields.TakeCall(words[kCall]);
+        fields.TakeReceived(words[kReceived]);
+        fields.TakePrecedence(words[kPrecedence]);
+        fields.TakeCheck(words[kCheck]);
+        fields.TakeSection(words[kSection]);
+        return fields;
+    }
+
+    void TakeStation(const QsoWords& words) {
+        KeepFirst(fromContacts.call, words[kOwnCall]);
+        KeepFirst(fromContacts.precedence, words[kOwnPrecedence]);
+        KeepFirst(fromContacts.check, words[kOwnCheck]);
+        KeepFirst(fromContacts.section, words[kOwnSection]);
+        if (!fromContacts.phone) {
+            fromContacts.phone = KindOfMode(words[kMode]) == ModeKind::Phone;
+        }
+    }
+
+    void FillInStation() {
+        for (const auto value : {&ImportedStation::call, &ImportedStation::precedence, &ImportedStation::check,
+                                 &ImportedStation::section}) {
+            KeepFirst(log.station.*value, fromContacts.*value);
+        }
+        if (!log.station.phone) {
+            log.station.phone = fromContacts.phone;
+        }
+    }
+};
+
+}  // namespace
+
+ImportedLog ReadCabrillo(std::string_view text) {
+    Reader reader{.lines = {text}, .log = {}, .fromContacts = {}};
+    reader.ReadAll();
+    return std::move(reader.log);
+}
+
+}  // namespace tallyhut

@@ -14,8 +14,8 @@ struct ToldSection {
     std::string_view prefixes;
     std::string_view state;
     DxccEntity dxcc;
-    std::string_view since = "";
-    std::string_view until = "";
+    std::string_view since = {};
+    std::string_view until = {};
 };
 
 /// The order is the labels' and is not alphabetic: WCF stands far from the other sections of its call area.

@@ -9,7 +9,6 @@
 #include <cmath>
 #include <functional>
 #include <iterator>
-#include <ranges>
 #include <set>
 #include <string_view>
 #include <utility>
@@ -584,9 +583,9 @@ void Form1Layout::PlaceSections() {
     std::ranges::stable_sort(headings, {}, leftOf);
     columnsOfLastHeading_ = headings.empty() ? 1 : sectionColumns_ - columnOf(headings.back());
     int end = sectionColumns_;
-    for (ControlWidget* heading : headings | std::views::reverse) {
-        const int column = columnOf(heading);
-        grid.addWidget(&heading->Widget(), 0, column, 1, std::max(end - column, 1));
+    for (auto heading = headings.rbegin(); heading != headings.rend(); ++heading) {
+        const int column = columnOf(*heading);
+        grid.addWidget(&(*heading)->Widget(), 0, column, 1, std::max(end - column, 1));
         end = column;
     }
     std::ranges::stable_sort(sections, {},

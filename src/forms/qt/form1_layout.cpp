@@ -583,9 +583,10 @@ void Form1Layout::PlaceSections() {
     std::ranges::stable_sort(headings, {}, leftOf);
     columnsOfLastHeading_ = headings.empty() ? 1 : sectionColumns_ - columnOf(headings.back());
     int end = sectionColumns_;
-    for (auto heading = headings.rbegin(); heading != headings.rend(); ++heading) {
-        const int column = columnOf(*heading);
-        grid.addWidget(&(*heading)->Widget(), 0, column, 1, std::max(end - column, 1));
+    std::ranges::reverse(headings);
+    for (ControlWidget* heading : headings) {
+        const int column = columnOf(heading);
+        grid.addWidget(&heading->Widget(), 0, column, 1, std::max(end - column, 1));
         end = column;
     }
     std::ranges::stable_sort(sections, {},

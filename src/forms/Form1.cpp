@@ -278,6 +278,7 @@ Form1::Form1(Desk& owner)
       mnuAbout{mnuHelpTitle, "mnuAbout", "&About"},
       Timer1{*this, "Timer1", 60'000, true},
       Timer2{*this, "Timer2", 1'000, true} {
+    expADIFX.yieldsLetter = true;  // operators end the program by it
     LineDX.SetVisible(false);
     for (int i = LineSpot.First(); i <= LineSpot.Last(); ++i) {
         LineSpot(i).SetVisible(false);

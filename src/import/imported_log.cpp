@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "values/utf8.h"
+
 namespace tallyhut {
 namespace {
 
@@ -14,7 +16,7 @@ void ImportNotes::Add(std::size_t line, std::string_view text, std::string findi
     if (kept.size() == kMostKept) {
         return;
     }
-    std::string shown{text.substr(0, kShownText)};
+    std::string shown = Latin1Of(text.substr(0, kShownText));
     std::ranges::replace_if(
         shown, [](char c) { return static_cast<unsigned char>(c) < ' ' || c == '\x7F'; }, ' ');
     kept.push_back({line, std::move(shown), std::move(finding)});

@@ -128,9 +128,9 @@ void LogImport::Import(const std::string& path) {
                     machine.dataFolder);
     const auto count = static_cast<std::int32_t>(log.contacts.size());
     std::string told = Counted(log.contacts.size(), "contact", "contacts") + ", " +
-                                Counted(sections.gSectionsWorked, "section", "sections") + ", score " +
-                                PlainText(Score(sections.gSectionsWorked, count)) + ", now in " + folder + ". " +
-                                Counted(log.notes.count, "line was", "lines were") + " not imported.";
+                       Counted(sections.gSectionsWorked, "section", "sections") + ", score " +
+                       PlainText(Score(sections.gSectionsWorked, count)) + ", now in " + folder + ". " +
+                       Counted(log.notes.count, "line was", "lines were") + " not imported.";
     ImportNotes all = Joined(std::move(log.notes), std::move(remarks));
     const std::string more = MoreNotes(all);
     Report(told + more, std::move(all));
@@ -201,7 +201,6 @@ void LogImport::Report(std::string told, ImportNotes notes) {
     lines = std::move(notes.kept);
     dialog.ShowModal();
     dialog.Unload();
-    lines.clear();
 }
 
 void LogImport::frmImport_Load() {

@@ -165,6 +165,8 @@ struct MenuEntry : Control {
     MenuEntry* Above() const { return above_; }
     const std::vector<MenuEntry*>& Entries() const { return entries_; }
 
+    bool yieldsLetter = false;  ///< the letter that its caption marks is that of another entry of the menu
+
 private:
     std::string shortcut_;
     MenuEntry* above_ = nullptr;

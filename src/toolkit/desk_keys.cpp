@@ -15,8 +15,12 @@ bool IsDigit(int keyCode) {
     return keyCode >= '0' && keyCode <= '9';
 }
 
-/// The letter that finds an entry in its open menu: the access key, or else the caption's first character.
+/// The letter that finds an entry in its open menu: the access key, or else the caption's first character; 0 for one
+/// that leaves its letter to another.
 char MenuLetter(const MenuEntry& entry) {
+    if (entry.yieldsLetter) {
+        return '\0';
+    }
     if (const char access = AccessKeyOf(entry.Caption()); access != 0) {
         return access;
     }

@@ -68,6 +68,15 @@ struct ExitTest : ProgramFixture {
 
 // File, Exit.
 
+TEST_F(ExitTest, TheLettersOfFileAndExitEndTheProgram) {
+    Start();
+    EXPECT_EQ(EndStatusOf([this] {
+                  Press("Alt+F");
+                  Press("x");
+              }),
+              0);
+}
+
 TEST_F(ExitTest, ExitWithTheTimeRunningKeepsTheSecondsAndRecordsTheTotal) {
     Start();
     OperateTenMinutes();

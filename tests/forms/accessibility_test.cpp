@@ -273,6 +273,12 @@ TEST_F(AccessibilityTest, ACaptionIsTiedToItsFieldUnlessTheFieldHasANameOfItsOwn
     EXPECT_EQ(NameOf("txtNum"), "Number");
 }
 
+TEST_F(AccessibilityTest, NoTwoEntriesOfTheFileMenuClaimTheLetterOfExit) {
+    const QWidget& window = shown.WindowOf(program.form1);
+    EXPECT_EQ(window.findChild<QAction*>("mnuExit")->text(), "E&xit");
+    EXPECT_EQ(window.findChild<QAction*>("expADIFX")->text(), "ADIF With Exchange");
+}
+
 TEST_F(AccessibilityTest, AListIsCalledByTheCaptionAboveItOrElseByItsForm) {
     EXPECT_EQ(NameOf(program.portsForm, "lstPorts"), "Port numbers, and the device that each means:");
     EXPECT_EQ(NameOf(program.portsForm, "lstDevices"), "Devices found:");

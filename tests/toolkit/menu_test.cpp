@@ -39,6 +39,18 @@ TEST_F(MenuTest, LetterClicksAnEntryOfTheOpenMenuWithOrWithoutAlt) {
     EXPECT_EQ(form.one.Text(), "");
 }
 
+TEST_F(MenuTest, AnEntryMayLeaveItsLetterToAnother) {
+    MenuEntry other{form, "other", "O&ther"};
+    MenuEntry exchange{other, "exchange", "E&xchange"};
+    MenuEntry leave{other, "leave", "E&xit"};
+    RecordClick(exchange);
+    RecordClick(leave);
+    exchange.yieldsLetter = true;
+    Press("Alt+T");
+    Press("x");
+    EXPECT_EQ(TakeEvents(), "leave.Click");
+}
+
 TEST_F(MenuTest, EntryWithEntriesOpensThem) {
     Press("Alt+B");
     Press("h");

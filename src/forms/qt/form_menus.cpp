@@ -64,7 +64,8 @@ void FormMenus::Sync(MenuEntry& entry) {
     QAction& action = *found->second;
     const ControlState& state = entry.State();
     const QString keys = ToQt(entry.Shortcut());
-    action.setText(ToQt(state.text) +
+    const QString caption = ToQt(state.text);
+    action.setText((entry.yieldsLetter ? QString{caption}.remove('&') : caption) +
                    (keys.isEmpty() ? QString{} : '\t' + keys));  // told, not taken: the form sees to it
     action.setVisible(state.visible);
     action.setEnabled(state.enabled);

@@ -12,10 +12,10 @@ inline constexpr std::string_view kCallCharacters = "/0123456789ABCDEFGHIJKLMNOP
 inline constexpr CallKey kCallBase = kCallCharacters.size() + 1;
 
 /// What a digit counts in a key, the call's first character first.
-inline constexpr std::array<CallKey, kLongestCall> kCallWeights = [] {
-    std::array<CallKey, kLongestCall> weights{};
+inline constexpr std::array<CallKey, kLongestKeyedCall> kCallWeights = [] {
+    std::array<CallKey, kLongestKeyedCall> weights{};
     CallKey weight = 1;
-    for (std::size_t i = kLongestCall; i-- > 0; weight *= kCallBase) {
+    for (std::size_t i = kLongestKeyedCall; i-- > 0; weight *= kCallBase) {
         weights.at(i) = weight;
     }
     return weights;

@@ -13,11 +13,15 @@ namespace tallyhut {
 using CallKey = std::uint64_t;
 
 /// What the field of the call takes.
-inline constexpr std::size_t kLongestCall = 12;
+inline constexpr std::size_t kLongestKeyedCall = 12;
 
-/// Nothing for what is no call in this sense: empty, longer than kLongestCall, a character that is no capital, digit or
+/// Nothing for what has no key: empty, longer than kLongestKeyedCall, a character that is no capital, digit or
 /// "/".
 std::optional<CallKey> KeyOfCall(std::string_view call);
+
+/// The key of a call as files list it: in either case, blanks and tabs around it. Nothing for a word without a digit or
+/// without a letter, which is no call.
+std::optional<CallKey> KeyOfListedCall(std::string_view word);
 
 /// The call of a key that KeyOfCall has given.
 std::string CallOfKey(CallKey key);

@@ -34,7 +34,7 @@ std::size_t FilterWord(std::uint64_t mixed, std::size_t words) {
 /// of which that is true.
 struct Neighbours {
     CallKey key = 0;
-    std::array<CallKey, kLongestCall> digits = {};
+    std::array<CallKey, kLongestKeyedCall> digits = {};
     std::size_t length = 0;
 
     explicit Neighbours(std::string_view call) {
@@ -90,7 +90,7 @@ private:
     template <typename Known>
     bool PutIn(const Known& known) const {
         CallKey before = 0;
-        for (std::size_t i = 0; i <= length && length < kLongestCall; ++i) {
+        for (std::size_t i = 0; i <= length && length < kLongestKeyedCall; ++i) {
             const CallKey behind = key - before;
             if (AnyAt(i, before + behind / kCallBase, 0, known)) {
                 return true;

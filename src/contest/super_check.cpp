@@ -9,6 +9,7 @@
 #include "contest/worked_before.h"
 #include "values/text_lines.h"
 #include "values/utf8.h"
+#include "values/value_error.h"
 
 namespace tallyhut {
 namespace {
@@ -125,6 +126,9 @@ SuperCheck ReadSuperCheck(std::string_view fileBytes) {
         if (const std::optional<CallKey> call = CallInLine(lines.Take())) {
             calls.push_back(*call);
         }
+    }
+    if (calls.empty()) {
+        throw ValueError{"It is no list of calls: no line of it holds a call."};
     }
     return SuperCheck{std::move(calls)};
 }

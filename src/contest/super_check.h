@@ -40,7 +40,7 @@ private:
 };
 
 /// Reads a list with one call a line. Lines that begin with '#' and words that are no calls are none: so is the version
-/// that some lists hold as a word of its own, "VER" and a date.
+/// that some lists hold as a word of its own, "VER" and a date. Throws ValueError, saying so, where no call is left.
 SuperCheck ReadSuperCheck(std::string_view fileBytes);
 
 /// The line of what is typed: the calls that hold it with a blank between, in brackets those in the log. At most 125

@@ -35,6 +35,7 @@ struct Form1 : Form {
     Label lblDialog;
     Label lblPossDup;
     Label lblDupe;
+    Label lblScp;  ///< known calls that hold what is typed
     Button cmdDup;
 
     // Clocks, operating time, band.
@@ -118,6 +119,7 @@ struct Form1 : Form {
     MenuEntry mnuPacket;
     MenuEntry mnuBlind;
     MenuEntry mnuPorts;
+    MenuEntry mnuKnownCalls;
     MenuEntry mnuBand;
     MenuEntry mnu160;
     MenuEntry mnu80;

@@ -4,6 +4,8 @@
 #include "log/band_selection.h"
 #include "log/contact_editing.h"
 #include "log/entry_flow.h"
+#include "log/exchange_suggestions.h"
+#include "log/known_calls_setup.h"
 #include "log/section_choice.h"
 #include "log/section_colours.h"
 #include "log/start_question.h"
@@ -21,6 +23,7 @@ struct LogPart {
     frmEditCon editForm;
     frmStationID stationForm;
     Form6 colourForm;
+    frmKnownCalls knownCallsForm;
 
     Contest contest;
     PreferencesFile preferencesFile;
@@ -46,6 +49,12 @@ struct LogPart {
     UtcOffsetCheck utcOffset;
     StartQuestion question;
     SectionColours colours;
+    KnownCallFiles knownCalls;
+    SuperCheckDisplay superCheck;
+    ExchangeSuggestions suggestions;
+    KnownCallsSetup knownCallsSetup;
+
+    std::function<void()> callChanged = [] {};  ///< in the call field; behind what this part does
 
     void AddTo(ToldNames& told) const;
 
@@ -57,6 +66,7 @@ private:
     void BindEditForm();
     void BindStationForm();
     void BindColourForm();
+    void BindKnownCallsForm();
     void BindMenus();
     void AddEntry(ToldNames& told) const;
     void AddPreferences(ToldNames& told) const;

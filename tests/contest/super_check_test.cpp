@@ -4,6 +4,8 @@
 
 #include <algorithm>
 
+#include "values/value_error.h"
+
 namespace tallyhut {
 namespace {
 
@@ -47,7 +49,7 @@ TEST(SuperCheck, WhatNoCallHoldsShowsNothing) {
     for (const std::string_view typed : {"ZZ", "K1WW", "1K", "k1", "K1 ", "\xC4K1", "K1WK1WK1WK1WK1W", "-K1W"}) {
         EXPECT_EQ(LineOf("K1W\nK1A\n", typed), "") << typed;
     }
-    EXPECT_EQ(LineOf("", "K1"), "");
+    EXPECT_EQ(SuperCheckLine({}, "K1", {}), "");
 }
 
 TEST(SuperCheck, ACallThatHoldsItTwiceStandsThereOnce) {
@@ -95,9 +97,18 @@ TEST(SuperCheck, AListIsReadLineByLine) {
               "K1A VE3XYZ W1AW ");
     EXPECT_EQ(Calls("\xEF\xBB\xBFK1A\nW1AW\n"), "K1A W1AW ");
     EXPECT_EQ(Calls("\xFF\xFEK\0001\0A\0\n\0W\0001\0A\0W\0"s), "K1A W1AW ");
-    EXPECT_EQ(Calls(std::string(100'000, '\0')), "");
-    EXPECT_EQ(Calls(std::string(100'000, 'K')), "");
-    EXPECT_EQ(Calls(""), "");
+}
+
+TEST(SuperCheck, AFileWithoutACallIsRefused) {
+    for (const std::string& file : {""s, "# VER20261101\n"s, "VER20261101"s, "NOCALL\n73\n"s,
+                                    std::string(100'000, '\0'), std::string(100'000, 'K'), "\xFF\xFE"s}) {
+        try {
+            ReadSuperCheck(file);
+            ADD_FAILURE() << file.substr(0, 20);
+        } catch (const ValueError& damage) {
+            EXPECT_STREQ(damage.what(), "It is no list of calls: no line of it holds a call.");
+        }
+    }
 }
 
 }  // namespace

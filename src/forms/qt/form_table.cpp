@@ -28,6 +28,7 @@ constexpr std::array kTables{
     NamedTable{"frmCodePractice", kFrmCodePracticeTable},
     NamedTable{"frmEditCon", kFrmEditConTable},
     NamedTable{"frmFrequencyTest", kFrmFrequencyTestTable},
+    NamedTable{"frmKnownCalls", kFrmKnownCallsTable},
     NamedTable{"frmPorts", kFrmPortsTable},
     NamedTable{"frmRigTune", kFrmRigTuneTable},
     NamedTable{"frmStationID", kFrmStationIDTable},

@@ -123,6 +123,7 @@ extern const FormTable kFrmCWStringsTable;
 extern const FormTable kFrmCodePracticeTable;
 extern const FormTable kFrmEditConTable;
 extern const FormTable kFrmFrequencyTestTable;
+extern const FormTable kFrmKnownCallsTable;
 extern const FormTable kFrmPortsTable;
 extern const FormTable kFrmRigTuneTable;
 extern const FormTable kFrmStationIDTable;

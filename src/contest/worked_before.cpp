@@ -1,9 +1,21 @@
 #include "contest/worked_before.h"
 
+#include <algorithm>
+#include <bitset>
+
 namespace tallyhut {
 namespace {
 
 constexpr std::size_t kListLength = 125;
+constexpr std::size_t kLooks = 1024;
+
+/// What most calls differ in, so that a row that is none of a few is told by one look.
+std::size_t LookOf(std::string_view call) {
+    constexpr unsigned kShift = 3;
+    const auto first = static_cast<unsigned char>(call.front());
+    const auto last = static_cast<unsigned char>(call.back());
+    return ((static_cast<std::size_t>(first) << kShift) ^ last ^ call.size()) % kLooks;
+}
 
 }  // namespace
 
@@ -14,6 +26,26 @@ std::optional<std::int32_t> WorkedBefore(const ContactLog& log, std::string_view
         }
     }
     return std::nullopt;
+}
+
+std::vector<bool> WorkedAmong(const ContactLog& log, const std::vector<std::string_view>& calls) {
+    std::bitset<kLooks> looks;
+    for (const std::string_view call : calls) {
+        looks.set(call.empty() ? 0 : LookOf(call));
+    }
+    std::vector<bool> worked(calls.size());
+    const std::int32_t rows = calls.empty() ? 0 : log.gContactCount;
+    for (std::int32_t row = 1; row <= rows; ++row) {
+        const std::string& call = log.Row(row).Call;
+        if (!looks.test(call.empty() ? 0 : LookOf(call))) {
+            continue;
+        }
+        const auto same = std::ranges::find(calls, call);
+        if (same != calls.end()) {
+            worked[static_cast<std::size_t>(same - calls.begin())] = true;
+        }
+    }
+    return worked;
 }
 
 std::string PartialCalls(const ContactLog& log, std::string_view begin) {

@@ -36,6 +36,7 @@ struct Form1 : Form {
     Label lblHint;  ///< what helps with what is refused there
     Label lblPossDup;
     Label lblDupe;
+    Label lblScp;  ///< known calls that hold what is typed
     Button cmdDup;
 
     // Clocks, operating time, band.
@@ -123,6 +124,7 @@ struct Form1 : Form {
     MenuEntry mnuBlind;
     MenuEntry mnuPorts;
     MenuEntry mnuSections;
+    MenuEntry mnuKnownCalls;
     MenuEntry mnuBand;
     MenuEntry mnu160;
     MenuEntry mnu80;

@@ -40,7 +40,7 @@ KeyingPart::KeyingPart(Machine& machine, Desk& desk, SupportPart& support, LogPa
 void KeyingPart::Bind(LogPart& log) {
     Form1& form1 = log.form1;
     sender.enterContact = [&log] { log.commit.Mains(); };
-    form1.txtCall.Change = [this, &form1] {
+    log.callChanged = [this, &form1] {
         messages.gCWCall = form1.txtCall.Text();
         setup.ShowPreview();
     };

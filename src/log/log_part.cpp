@@ -25,6 +25,7 @@ LogPart::LogPart(Machine& machine, Desk& desk, SupportPart& support)
       stationForm{desk},
       colourForm{desk},
       sectionsForm{desk},
+      knownCallsForm{desk},
       preferencesFile{machine.files, support.directories, contest.preferences},
       logFile{machine.files, support.directories},
       records{machine.files, support.directories, machine.environment.ShortDatePicture()},
@@ -48,7 +49,11 @@ LogPart::LogPart(Machine& machine, Desk& desk, SupportPart& support)
       question{desk, station, fileMenu, reload, entry, contest},
       colours{colourForm, desk, contest.preferences, preferencesFile, guard},
       shippedSections{machine.files, machine.dataFolder + "/sections"},
-      sectionSetup{sectionsForm, desk, sectionChoice, shippedSections, guard} {
+      sectionSetup{sectionsForm, desk, sectionChoice, shippedSections, guard},
+      knownCalls{machine.files, support.directories, machine.settings, machine.dialogs},
+      superCheck{form1, contest, knownCalls},
+      suggestions{panel, contest, commit, knownCalls},
+      knownCallsSetup{knownCallsForm, desk, knownCalls, superCheck} {
     display.grid.PlaceLabels();
     station.SetSharedPreference = [&support](std::string_view key, std::string_view value, bool saveNow) {
         support.shared.SetSharedPreference(key, value, saveNow);
@@ -68,6 +73,7 @@ void LogPart::Bind(SupportPart& support) {
     BindStationForm();
     BindColourForm();
     BindSectionsForm();
+    BindKnownCallsForm();
     BindMenus();
     form1.mnuPorts.Click = [&support] { support.ports.mnuPorts_Click(); };
     form1.mnuHelp.Click = [&support] { support.help.mnuHelp_Click(); };
@@ -90,7 +96,15 @@ void LogPart::BindEntryFields() {
     form1.txtCall.GotFocus = [this] { entry.txtCall_GotFocus(); };
     form1.txtCK.GotFocus = [this] { entry.txtCK_GotFocus(); };
     form1.txtSec.GotFocus = [this] { entry.txtSec_GotFocus(); };
-    form1.txtCall.LostFocus = [this] { entry.txtCall_LostFocus(); };
+    form1.txtCall.LostFocus = [this] {
+        entry.txtCall_LostFocus();
+        suggestions.CallLeft();
+    };
+    form1.txtCall.Change = [this] {
+        suggestions.CallChanged();
+        superCheck.Show();
+        callChanged();
+    };
     form1.txtNum.KeyGate = [this](const Key& key) { return duplicates.HoldsKey(key); };
     form1.txtPre.KeyGate = [this](const Key& key) { return entry.txtPre_HoldsKey(key); };
     form1.txtCall.KeyGate = [this](const Key& key) { return duplicates.HoldsKey(key); };
@@ -162,12 +176,24 @@ void LogPart::BindSectionsForm() {
     form1.mnuSections.Click = [this] { sectionSetup.mnuSections_Click(); };
 }
 
+void LogPart::BindKnownCallsForm() {
+    knownCallsForm.Form_Load = [this] { knownCallsSetup.frmKnownCalls_Load(); };
+    knownCallsForm.txtHistory.KeyPress = [this](int& KeyAscii) { knownCallsSetup.txtHistory_KeyPress(KeyAscii); };
+    knownCallsForm.txtScp.KeyPress = [this](int& KeyAscii) { knownCallsSetup.txtScp_KeyPress(KeyAscii); };
+    knownCallsForm.cmdHistory.Click = [this] { knownCallsSetup.cmdHistory_Click(); };
+    knownCallsForm.cmdScp.Click = [this] { knownCallsSetup.cmdScp_Click(); };
+    knownCallsForm.chkHistory.Click = [this] { knownCallsSetup.chkHistory_Click(); };
+    knownCallsForm.chkScp.Click = [this] { knownCallsSetup.chkScp_Click(); };
+    knownCallsForm.cmdDone.Click = [this] { knownCallsSetup.cmdDone_Click(); };
+}
+
 void LogPart::BindMenus() {
     form1.mnuOpen.Click = [this] { guard.Reopen(); };
     form1.mnuNew.Click = [this] { fileMenu.mnuNew_Click(); };
     form1.mnuArchive.Click = [this] { fileMenu.mnuArchive_Click(); };
     form1.mnuRestore.Click = [this] { fileMenu.mnuRestore_Click(); };
     form1.mnuPostContest.Click = [this] { postContest.mnuPostContest_Click(); };
+    form1.mnuKnownCalls.Click = [this] { knownCallsSetup.mnuKnownCalls_Click(); };
     form1.mnuSetup.Click = [this] { station.mnuSetup_Click(); };
     for (const BandRow& row : kBands) {
         (form1.*row.entry).Click = [this, &row] { band.ChooseBand(row.band); };

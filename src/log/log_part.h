@@ -4,6 +4,8 @@
 #include "log/band_selection.h"
 #include "log/contact_editing.h"
 #include "log/entry_flow.h"
+#include "log/exchange_suggestions.h"
+#include "log/known_calls_setup.h"
 #include "log/section_colours.h"
 #include "log/section_setup.h"
 #include "log/start_question.h"
@@ -22,6 +24,7 @@ struct LogPart {
     frmStationID stationForm;
     Form6 colourForm;
     frmSections sectionsForm;
+    frmKnownCalls knownCallsForm;
 
     Contest contest;
     PreferencesFile preferencesFile;
@@ -49,6 +52,12 @@ struct LogPart {
     SectionColours colours;
     ShippedSections shippedSections;
     SectionSetup sectionSetup;
+    KnownCallFiles knownCalls;
+    SuperCheckDisplay superCheck;
+    ExchangeSuggestions suggestions;
+    KnownCallsSetup knownCallsSetup;
+
+    std::function<void()> callChanged = [] {};  ///< in the call field; behind what this part does
 
     void AddTo(ToldNames& told) const;
 
@@ -61,6 +70,7 @@ private:
     void BindStationForm();
     void BindColourForm();
     void BindSectionsForm();
+    void BindKnownCallsForm();
     void BindMenus();
     void AddEntry(ToldNames& told) const;
     void AddPreferences(ToldNames& told) const;

@@ -21,13 +21,20 @@ struct TextBoxDesign {
     bool visible = true;
 };
 
+/// What a text box suggests is drawn in this.
+inline constexpr Colour kSuggestion = 0x808080;
+
 /// A text field. Caret and selection count characters from 0.
 struct TextBox : Control {
     TextBox(Form& owner, std::string controlName, const TextBoxDesign& design);
 
     const std::string& Text() const { return state_.text; }
     /// Cuts to the maximum length and puts the caret at 0.
-    void SetText(std::string_view text) { SetTextValue(text); }
+    void SetText(std::string_view text);
+    /// The same with a text that the operator may leave as it is: what is typed or pasted takes its place, Backspace
+    /// and Delete empty the field, and then it is a text like any other. An empty one is no suggestion.
+    void Suggest(std::string_view text);
+    bool IsSuggested() const { return state_.suggested; }
     int SelStart() const { return state_.selStart; }
     int SelLength() const { return state_.selLength; }
     std::string SelectedText() const;
@@ -46,6 +53,8 @@ struct TextBox : Control {
     void MoveCaret(int keyCode, bool extend);
 
 private:
+    void SelectSuggestion();
+    void EndSuggestion();
     void Splice(int start, int length, std::string_view inserted);
     int Caret() const;
     std::string Accepted(std::string_view text) const;

@@ -35,6 +35,31 @@ TextBox::TextBox(Form& owner, std::string controlName, const TextBoxDesign& desi
     state_.backColor = kWindowGround;
 }
 
+void TextBox::SetText(std::string_view text) {
+    EndSuggestion();
+    SetTextValue(text);
+}
+
+void TextBox::Suggest(std::string_view text) {
+    SetText(text);
+    state_.suggested = !state_.text.empty();
+    SetForeColor(state_.suggested ? kSuggestion : kWindowText);
+}
+
+/// What the operator does next is done to the whole of it.
+void TextBox::SelectSuggestion() {
+    if (state_.suggested) {
+        Select(0, static_cast<int>(state_.text.size()));
+    }
+}
+
+void TextBox::EndSuggestion() {
+    if (state_.suggested) {
+        state_.suggested = false;
+        SetForeColor(kWindowText);
+    }
+}
+
 std::string TextBox::SelectedText() const {
     return state_.text.substr(static_cast<std::size_t>(state_.selStart), static_cast<std::size_t>(state_.selLength));
 }
@@ -52,6 +77,7 @@ int TextBox::Caret() const {
 }
 
 void TextBox::Splice(int start, int length, std::string_view inserted) {
+    EndSuggestion();
     const auto at = static_cast<std::size_t>(start);
     const auto count = static_cast<std::size_t>(length);
     const bool changed = std::string_view{state_.text}.substr(at, count) != inserted;
@@ -64,6 +90,7 @@ void TextBox::Splice(int start, int length, std::string_view inserted) {
 }
 
 void TextBox::TypeCharacter(unsigned char character) {
+    SelectSuggestion();
     const int length = static_cast<int>(state_.text.size()) - state_.selLength + 1;
     if (state_.locked || (state_.maxLength > 0 && length > state_.maxLength)) {
         return;
@@ -76,6 +103,7 @@ void TextBox::Backspace() {
     if (state_.locked) {
         return;
     }
+    SelectSuggestion();
     if (state_.selLength > 0) {
         Splice(state_.selStart, state_.selLength, "");
     } else if (state_.selStart > 0) {
@@ -88,6 +116,7 @@ void TextBox::Delete() {
     if (state_.locked) {
         return;
     }
+    SelectSuggestion();
     if (state_.selLength > 0) {
         Splice(state_.selStart, state_.selLength, "");
     } else if (state_.selStart < static_cast<int>(state_.text.size())) {
@@ -114,6 +143,10 @@ void TextBox::Paste(std::string_view text) {
         return;
     }
     std::string accepted = Accepted(text);
+    if (accepted.empty()) {
+        return;
+    }
+    SelectSuggestion();
     if (state_.maxLength > 0) {
         const std::size_t kept = state_.text.size() - static_cast<std::size_t>(state_.selLength);
         const auto limit = static_cast<std::size_t>(state_.maxLength);

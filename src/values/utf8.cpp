@@ -52,6 +52,22 @@ std::uint32_t TakeCharacter(std::string_view& text) {
     return overlong || surrogate || character > 0x10FFFF ? kNoCharacter : character;
 }
 
+std::string_view WithoutMark(std::string_view fileBytes) {
+    return fileBytes.starts_with(kByteOrderMark) ? fileBytes.substr(kByteOrderMark.size()) : fileBytes;
+}
+
+/// An odd byte at the end is none.
+std::string FromUtf16(std::string_view units, bool bigEndian) {
+    std::string text;
+    text.reserve(units.size() / 2);
+    for (std::size_t at = 0; at + 1 < units.size(); at += 2) {
+        const char high = units[bigEndian ? at : at + 1];
+        const char low = units[bigEndian ? at + 1 : at];
+        text += high == 0 ? low : '?';
+    }
+    return text;
+}
+
 }  // namespace
 
 bool IsUtf8BeyondAscii(std::string_view text) {
@@ -80,10 +96,17 @@ std::string FromUtf8(std::string_view utf8, std::string_view forOthers) {
 }
 
 std::string Latin1Of(std::string_view fileBytes) {
-    if (fileBytes.starts_with(kByteOrderMark)) {
-        fileBytes.remove_prefix(kByteOrderMark.size());
-    }
+    fileBytes = WithoutMark(fileBytes);
     return IsUtf8BeyondAscii(fileBytes) ? FromUtf8(fileBytes, "?") : std::string{fileBytes};
+}
+
+std::string_view PlainBytesOf(std::string_view fileBytes, std::string& room) {
+    const bool littleEndian = fileBytes.starts_with("\xFF\xFE");
+    if (!littleEndian && !fileBytes.starts_with("\xFE\xFF")) {
+        return WithoutMark(fileBytes);
+    }
+    room = FromUtf16(fileBytes.substr(2), !littleEndian);
+    return room;
 }
 
 }  // namespace tallyhut

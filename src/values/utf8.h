@@ -15,4 +15,9 @@ std::string FromUtf8(std::string_view utf8, std::string_view forOthers = "");
 /// '?' for what does not fit there; any other text as it stands.
 std::string Latin1Of(std::string_view fileBytes);
 
+/// The text of a file that is plain ASCII where it matters: without the mark at its beginning, and UTF-16 with a mark
+/// as 8-bit text, with '?' for what does not fit there. All other bytes stay as they are. May refer to `room`, which
+/// then holds the text.
+std::string_view PlainBytesOf(std::string_view fileBytes, std::string& room);
+
 }  // namespace tallyhut

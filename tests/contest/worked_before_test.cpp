@@ -33,6 +33,14 @@ TEST(WorkedBefore, RowBehindTheLastContactDoesNotCount) {
     EXPECT_FALSE(WorkedBefore(log, "K2A"));
 }
 
+TEST(WorkedBefore, AmongAFewCallsEachIsToldToTheLetter) {
+    const ContactLog log = LogOfCalls({"W1XX", "K2A", "W1XX", "", "N0A"});
+    EXPECT_EQ(WorkedAmong(log, {"K2A", "W1X", "W1XX", "N0B", "", "N0A", "K2"}),
+              (std::vector<bool>{true, false, true, false, true, true, false}));
+    EXPECT_EQ(WorkedAmong(log, {}), std::vector<bool>{});
+    EXPECT_EQ(WorkedAmong({}, {"K2A", ""}), (std::vector<bool>{false, false}));
+}
+
 TEST(PartialCalls, NewestStandsFirst) {
     EXPECT_EQ(PartialCalls(LogOfCalls({"W1A", "K1A", "W1B", "W2"}), "W1"), "W1B W1A ");
     EXPECT_EQ(PartialCalls(LogOfCalls({"W1A"}), "W2"), "");

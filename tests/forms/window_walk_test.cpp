@@ -41,8 +41,8 @@ std::vector<ControlWidget*> ShownControls(const QWidget& window) {
 /// A text that changes is drawn smaller where it is long, and what a place on a picture says is more than its text; all
 /// others have their full room.
 bool MayShrink(const Control& control) {
-    return control.name == "lblDialog" || control.name == "lblDupe" || control.name == "lblCounty" ||
-           control.name == "priv" || control.name == "lblPanel";
+    return control.name == "lblDialog" || control.name == "lblDupe" || control.name == "lblScp" ||
+           control.name == "lblCounty" || control.name == "priv" || control.name == "lblPanel";
 }
 
 bool LiesUnderOthers(const Control& control) {
@@ -63,6 +63,17 @@ struct WindowWalkTest : testing::Test {
         program.form1.Timer2.Elapsed();
         program.form1.txtCall.SetText("");
         shown.Type("88aw9zzz");
+    }
+
+    /// More than a line of them begins with AA1.
+    void KnowCalls() {
+        std::string calls = "W4AN\n";
+        for (char letter = 'A'; letter <= 'Z'; ++letter) {
+            calls += std::string{"AA1X"} + letter + "\nAA1Y" + letter + '\n';
+        }
+        program.logPart.knownCalls.superCheck = ReadSuperCheck(calls);
+        program.logPart.knownCalls.showsCalls = true;
+        program.logPart.superCheck.Show();
     }
 
     /// These have more on them than the least screen at a scale of 2 has pixels for.
@@ -165,6 +176,44 @@ TEST_F(WindowWalkTest, NorWithEverythingShown) {
     }
 }
 
+TEST_F(WindowWalkTest, NorWithKnownCallsBeneathThePossibleDuplicates) {
+    KnowCalls();
+    FillStation();
+    program.form1.txtCall.SetText("AA1");
+    EXPECT_EQ(program.form1.lblScp.Caption().size(), 125U);
+    Check(program.form1, "-known");
+}
+
+TEST_F(WindowWalkTest, ALineOfKnownCallsIsWholeAndReadable) {
+    KnowCalls();
+    program.form1.txtCall.SetText("AA1");
+    shown.Settle();
+    const auto controls = ShownControls(shown.WindowOf(program.form1));
+    const auto line = std::ranges::find_if(
+        controls, [this](const ControlWidget* control) { return &control->Logical() == &program.form1.lblScp; });
+    ASSERT_NE(line, controls.end());
+    const QSize need = (*line)->Needed((*line)->Widget().width());
+    EXPECT_LE(need.height(), (*line)->Widget().height() + 1) << "in its usual size";
+}
+
+TEST_F(WindowWalkTest, WhereNoCallsAreKnownTheirLineHasNoRoom) {
+    const auto heightOfTheList = [this] {
+        shown.Settle();
+        for (ControlWidget* control : ShownControls(shown.WindowOf(program.form1))) {
+            if (&control->Logical() == &program.form1.ListView1) {
+                return control->Widget().height();
+            }
+        }
+        return 0;
+    };
+    const int before = heightOfTheList();
+    KnowCalls();
+    EXPECT_LT(heightOfTheList(), before);
+    program.logPart.knownCalls.showsCalls = false;
+    program.logPart.superCheck.Show();
+    EXPECT_EQ(heightOfTheList(), before);
+}
+
 TEST_F(WindowWalkTest, NothingOfADialogIsCutOrLiesOnAnother) {
     program.form1.ListView1.SelectRow(1);
     for (Form* form : program.desk.Forms()) {
@@ -221,6 +270,8 @@ TEST_F(WindowWalkTest, AReportOfAnImportHasItsRoomHoweverLongItIs) {
 }
 
 TEST_F(WindowWalkTest, TypingMovesNothingOnTheMainForm) {
+    KnowCalls();
+    shown.Settle();
     QWidget& window = shown.WindowOf(program.form1);
     std::map<const ControlWidget*, QRect> before;
     for (ControlWidget* control : ShownControls(window)) {

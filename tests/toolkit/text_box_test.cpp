@@ -323,6 +323,71 @@ TEST_F(TextBoxTest, KeysEditManyLines) {
     }
 }
 
+/// As Shown, a suggestion in round brackets.
+std::string ShownWithSuggestion(const TextBox& box) {
+    const bool drawnAsOne = box.State().foreColor == kSuggestion;
+    EXPECT_EQ(box.IsSuggested(), drawnAsOne);
+    return box.IsSuggested() ? '(' + Shown(box) + ')' : Shown(box);
+}
+
+TEST_F(TextBoxTest, WhatTheOperatorDoesFirstIsDoneToTheWholeOfASuggestion) {
+    TextBox box{form, "box", {.maxLength = 4}};
+    Begin(box, "");
+    clipboard.text = "xy";
+    const EditRow rows[] = {
+        {"", "a", "a|"},        {"", "a b", "ab|"},           {"", "Backspace", "|"},   {"", "Delete", "|"},
+        {"", "Ctrl+V", "xy|"},  {"", "Shift+Insert", "xy|"},  {"", "End a", "a|"},      {"", "Right Backspace", "|"},
+        {"", "Home", "(|MDC)"}, {"", "Right", "(M|DC)"},      {"", "Ctrl+C", "(|MDC)"}, {"", "Ctrl+X", "(|MDC)"},
+        {"", "M", "M|"},        {"", "End Left Delete", "|"},
+    };
+    for (const EditRow& row : rows) {
+        box.SetText("");
+        box.Suggest("MDC");
+        EXPECT_EQ(ShownWithSuggestion(box), "(|MDC)");
+        PressAll(*this, row.keys);
+        EXPECT_EQ(ShownWithSuggestion(box), row.after) << row.keys;
+    }
+}
+
+TEST_F(TextBoxTest, AKeyThatTheFieldRefusesLeavesTheSuggestion) {
+    TextBox box{form, "box", {}};
+    Begin(box, "");
+    box.KeyPress = [](int& KeyAscii) { KeyAscii = 0; };
+    box.Suggest("72");
+    Type("a");
+    EXPECT_EQ(ShownWithSuggestion(box), "(|72)");
+}
+
+TEST_F(TextBoxTest, APasteThatTheFieldRefusesLeavesTheSuggestion) {
+    TextBox box{form, "box", {.refusesPaste = "\""}};
+    box.Suggest("72");
+    box.Paste("\"\r\n");
+    EXPECT_EQ(ShownWithSuggestion(box), "(|72)");
+}
+
+TEST_F(TextBoxTest, ASuggestionThatIsTypedOrPastedOrSetIsOneNoMore) {
+    TextBox box{form, "box", {}};
+    const std::function<void()> ways[] = {[&] { box.ReplaceByPaste("M"); }, [&] { box.Paste("M"); },
+                                          [&] { box.TypeCharacter('M'); }, [&] { box.SetText("M"); }};
+    for (const auto& way : ways) {
+        box.Suggest("M");
+        way();
+        EXPECT_FALSE(box.IsSuggested());
+        EXPECT_EQ(box.State().foreColor, kWindowText);
+        EXPECT_EQ(box.Text(), "M");
+    }
+}
+
+TEST_F(TextBoxTest, ASuggestionRunsChangeAsAnyTextFromCodeAndAnEmptyOneIsNone) {
+    TextBox box{form, "box", {}};
+    RecordChange(box);
+    box.Suggest("72");
+    EXPECT_EQ(TakeEvents(), "box.Change");
+    box.Suggest("");
+    EXPECT_EQ(TakeEvents(), "box.Change");
+    EXPECT_EQ(ShownWithSuggestion(box), "|");
+}
+
 TEST_F(TextBoxTest, AKeyInALongTextCostsNoMoreThanInAShortOne) {
     TextBox box{form, "box", {}};
     Begin(box, "");

@@ -45,5 +45,21 @@ TEST(Utf8, TextThatIsNoUtf8StandsAsItIs) {
     }
 }
 
+TEST(Utf8, PlainBytesAreThoseBehindTheMark) {
+    std::string room;
+    EXPECT_EQ(PlainBytesOf("K1ABC", room), "K1ABC");
+    EXPECT_EQ(PlainBytesOf("\xEF\xBB\xBFK1ABC,Qu\xC3\xA9", room), "K1ABC,Qu\xC3\xA9");
+    EXPECT_EQ(PlainBytesOf("\xE9K1", room), "\xE9K1");
+    EXPECT_EQ(PlainBytesOf("", room), "");
+}
+
+TEST(Utf8, PlainBytesOfUtf16AreItsCharacters) {
+    std::string room;
+    EXPECT_EQ(PlainBytesOf("\xFF\xFEK\0001\0\xE9\0\xAC\x20"s, room), "K1\xE9?");
+    EXPECT_EQ(PlainBytesOf("\xFE\xFF\0K\0001\0\xE9\x20\xAC"s, room), "K1\xE9?");
+    EXPECT_EQ(PlainBytesOf("\xFF\xFEK\0001"s, room), "K");
+    EXPECT_EQ(PlainBytesOf("\xFF\xFE"s, room), "");
+}
+
 }  // namespace
 }  // namespace tallyhut

@@ -32,6 +32,7 @@ struct Style {
     bool boxed = false;
     bool wrapped = false;
     bool right = false;
+    bool keepsRoom = true;  ///< while it is hidden
 };
 
 constexpr Style kCaption{.quiet = true};
@@ -46,6 +47,7 @@ constexpr Style kSending{.text = 1.55, .height = 2.2, .data = true, .bold = true
 constexpr Style kMessage{.text = 1.5, .height = 2.9, .trimmed = false, .boxed = true, .wrapped = true};
 constexpr Style kHint{.text = 0.9, .bold = true, .trimmed = false};
 constexpr Style kDupes{.text = 1.15, .height = 4.1, .data = true, .trimmed = false, .boxed = true, .wrapped = true};
+constexpr Style kKnownCalls{.height = 2.9, .data = true, .boxed = true, .wrapped = true, .keepsRoom = false};
 constexpr Style kBigClock{.text = 2.6, .height = 3.3, .data = true, .bold = true};
 constexpr Style kClock{.text = 1.9, .height = 3.3, .data = true};
 constexpr Style kAmPm{.text = 1.2, .height = 3.3, .data = true};
@@ -111,6 +113,7 @@ constexpr std::array kRows{
     Row{"txtPostConDate", Part::Message, 1, 5, 1, kSmallField, 8.4, "", "yyyy/mm/dd"},
     Row{"cmdDup", Part::Message, 1, 6, 1, kSmallButton, 4.5},
     Row{"lblDupe", Part::Message, 2, 0, 7, kDupes},
+    Row{"lblScp", Part::Message, 3, 0, 7, kKnownCalls, 0, "Known calls"},
 
     Row{"Label11", Part::Clock, 0, 0, 1, kCaption},
     Row{"lblLocalTime", Part::Clock, 0, 1, 3, kCaption},
@@ -468,7 +471,7 @@ void Form1Layout::Add(ControlWidget& widget) {
     QWidget& shown = widget.Widget();
     const bool fills = StyleOf(control).height <= 0;
     QSizePolicy policy{QSizePolicy::Ignored, fills ? QSizePolicy::Ignored : QSizePolicy::Fixed};
-    policy.setRetainSizeWhenHidden(true);
+    policy.setRetainSizeWhenHidden(StyleOf(control).keepsRoom);
     shown.setSizePolicy(policy);
     if (const Row* row = RowOf(control)) {
         grids_.at(row->part)->addWidget(&shown, row->row, row->column, 1, row->columns);

@@ -29,6 +29,7 @@ constexpr std::array kTables{
     NamedTable{"frmEditCon", kFrmEditConTable},
     NamedTable{"frmFrequencyTest", kFrmFrequencyTestTable},
     NamedTable{"frmImport", kFrmImportTable},
+    NamedTable{"frmKnownCalls", kFrmKnownCallsTable},
     NamedTable{"frmPorts", kFrmPortsTable},
     NamedTable{"frmRigTune", kFrmRigTuneTable},
     NamedTable{"frmSections", kFrmSectionsTable},

@@ -24,7 +24,7 @@ QPalette FieldPalette(const Control& control, bool focused, const QPalette& desk
     const QColor own = focused && !page ? theme.focusField : theme.field;
     const QColor ground = state.backColor >= 0 ? ToQColor(state.backColor, theme) : own;
     const QColor plain = state.backColor >= 0 ? TextOn(ground) : (focused && !page ? theme.focusText : theme.text);
-    const QColor text = state.foreColor >= 0 ? ToQColor(state.foreColor, theme) : plain;
+    const QColor text = state.foreColor >= 0 ? Readable(ToQColor(state.foreColor, theme), ground) : plain;
     QPalette palette = desktop;
     palette.setColor(QPalette::Base, ground);
     palette.setColor(QPalette::Text, state.enabled ? text : Mixed(text, ground, 0.6));

@@ -45,6 +45,7 @@ void StartUp::LoadSteps() {
     Form1& form1 = log.form1;
     const Preferences& preferences = log.contest.preferences;
     log.sectionChoice.TakeFromFolder();
+    log.display.offTime.ReadSettings();
     layout.LayOutMainForm();
     log.panel.message.Write(kFirstMessage);
     form1.lblNumCurCon.SetCaption(" " + NumberForm(log.contest.log.gContactCount + 1));

@@ -2,10 +2,13 @@
 
 #include <algorithm>
 
+#include "values/format.h"
+
 namespace tallyhut {
 namespace {
 
 constexpr std::int64_t kSecondsAMinute = 60;
+constexpr std::int64_t kMinutesAnHour = 60;
 
 /// What the minutes from one contact to the next add, the next one's own included.
 std::int64_t Operated(ContestMinute from, ContestMinute to) {
@@ -14,6 +17,10 @@ std::int64_t Operated(ContestMinute from, ContestMinute to) {
 }
 
 }  // namespace
+
+std::string ClockText(std::int64_t minutes) {
+    return FormatNumber(minutes / kMinutesAnHour, "00") + ':' + FormatNumber(minutes % kMinutesAnHour, "00");
+}
 
 ContestMinute MinuteOf(const DateTime& utc) {
     return SecondsBetween({}, utc) / kSecondsAMinute;

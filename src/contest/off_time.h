@@ -3,6 +3,7 @@
 #include <cstdint>
 #include <optional>
 #include <span>
+#include <string>
 #include <vector>
 
 #include "contest/contact_log.h"
@@ -21,6 +22,9 @@ inline constexpr std::int64_t kLeastOffTime = 30;
 
 /// A minute of UTC, counted from the zero date.
 using ContestMinute = std::int64_t;
+
+/// Minutes as hours and minutes, "03:12"; hours have two digits or more.
+std::string ClockText(std::int64_t minutes);
 
 /// The minute that the moment lies in.
 ContestMinute MinuteOf(const DateTime& utc);

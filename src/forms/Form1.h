@@ -53,6 +53,10 @@ struct Form1 : Form {
     Label Label30;  ///< the band
     Label lblMode;  ///< CW or Phone
     Label lblRig;   ///< the radio's frequency, or that it does not answer
+    Label lblLeftCaption;
+    Label lblLeft;        ///< hours and minutes left to operate
+    Label lblOffCaption;  ///< when the present silence is off
+    Label lblOff;         ///< hours and minutes of the present silence
 
     // The contacts.
     Label lblRecentContacts;
@@ -147,6 +151,7 @@ struct Form1 : Form {
     MenuEntry mnuBandStats;
     MenuEntry mnuCWStrings;
     MenuEntry mnuRigTune;
+    MenuEntry mnuOffTime;
     MenuEntry mnuReports;
     MenuEntry mnuWriteLog;
     MenuEntry mnuWriteDupe;

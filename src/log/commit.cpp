@@ -81,7 +81,7 @@ void Commit::Mains() {
         const Running standing{messageStands, refused};
         panel.desk.RunPending();
     }
-    display.rates.TimeStats();
+    display.ShowTimes();
     contest.log.gFrq.clear();
 }
 

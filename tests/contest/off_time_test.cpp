@@ -122,6 +122,13 @@ TEST(OffTime, ContactsCountUpToThe1440thMinuteOfOperating) {
     EXPECT_EQ(FirstMinuteBeyond(withOff), start + 1029 + 411) << "29 empty minutes";
 }
 
+TEST(OffTime, MinutesAreToldAsHoursAndMinutes) {
+    EXPECT_EQ(ClockText(0), "00:00");
+    EXPECT_EQ(ClockText(7), "00:07");
+    EXPECT_EQ(ClockText(1439), "23:59");
+    EXPECT_EQ(ClockText(6000), "100:00");
+}
+
 TEST(OffTime, AContactsMinuteIsOfItsDateAndTimeAsTheyAreWritten) {
     EXPECT_EQ(MinuteOf(ContactAt("2026/11/07", "21:04:59"), kYear), Minute("7 21:04"));
     EXPECT_EQ(MinuteOf(ContactAt("11/7", "9:04 PM"), kYear), Minute("7 21:04"));

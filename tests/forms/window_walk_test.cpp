@@ -176,7 +176,7 @@ TEST_F(WindowWalkTest, NorWithEverythingShown) {
 }
 
 TEST_F(WindowWalkTest, NothingOfADialogIsCutOrLiesOnAnother) {
-    program.form1.ListView1.SelectRow(1);
+    program.editing.editedRow = 2;
     for (Form* form : program.desk.Forms()) {
         if (form->design.dialog && !form->Controls().empty()) {
             shown.Show(*form);
@@ -200,7 +200,7 @@ TEST_F(WindowWalkTest, ADialogStandsOnTheScreenWithTheFrameThatTheDesktopPutsAro
 }
 
 TEST_F(WindowWalkTest, TheWarningsOfTheEditFormMoveNothing) {
-    program.form1.ListView1.SelectRow(1);
+    program.editing.editedRow = 2;
     frmEditCon& form = program.editForm;
     QWidget& window = shown.Show(form);
     std::map<const ControlWidget*, QRect> before;

@@ -239,6 +239,7 @@ Form1::Form1(Desk& owner)
       mnuRestore{mnuFile, "mnuRestore", "&Restore from Archive or Backup"},
       mnuCabrillo{mnuFile, "mnuCabrillo", "&Write Cabrillo File"},
       mnuSummary{mnuFile, "mnuSummary", "Summary Shee&t"},
+      mnuCheckLog{mnuFile, "mnuCheckLog", "Chec&k Log"},
       expADIF{mnuFile, "expADIF", "Export &ADIF Format"},
       mnuExport{mnuFile, "mnuExport", "&Export For Stationbook Import"},
       mnuCopyListtoClipboard{mnuFile, "mnuCopyListtoClipboard", "&Copy Listed Items to Clipboard"},

@@ -106,6 +106,7 @@ struct Form1 : Form {
     MenuEntry mnuRestore;
     MenuEntry mnuCabrillo;
     MenuEntry mnuSummary;
+    MenuEntry mnuCheckLog;
     MenuEntry expADIF;
     MenuEntry mnuExport;
     MenuEntry mnuCopyListtoClipboard;

@@ -27,15 +27,24 @@ ContestMinute MinuteOf(const DateTime& utc) {
 }
 
 std::optional<ContestMinute> MinuteOf(const Contact& contact, int presentYear) {
-    const std::optional<DateTime> date = ParseDate(contact.Date, presentYear);
-    const std::optional<DateTime> time = ParseTime(contact.Time);
-    return date && time ? std::optional{MinuteOf(*date) + MinuteOf(*time)} : std::nullopt;
+    return MinuteReader{presentYear}.MinuteOf(contact);
+}
+
+std::optional<ContestMinute> MinuteReader::MinuteOf(const Contact& contact) {
+    if (contact.Date != date_) {
+        const std::optional<DateTime> date = ParseDate(contact.Date, presentYear_);
+        date_ = contact.Date;
+        midnight_ = date ? std::optional{::tallyhut::MinuteOf(*date)} : std::nullopt;
+    }
+    const std::optional<DateTime> time = midnight_ ? ParseTime(contact.Time) : std::nullopt;
+    return time ? std::optional{*midnight_ + ::tallyhut::MinuteOf(*time)} : std::nullopt;
 }
 
 std::vector<ContestMinute> MinutesOf(const ContactLog& log, int presentYear) {
     std::vector<ContestMinute> minutes;
+    MinuteReader reader{presentYear};
     for (std::int32_t n = 1; n <= log.gContactCount; ++n) {
-        if (const std::optional<ContestMinute> minute = MinuteOf(log.Row(n), presentYear)) {
+        if (const std::optional<ContestMinute> minute = reader.MinuteOf(log.Row(n))) {
             minutes.push_back(*minute);
         }
     }

@@ -32,9 +32,10 @@ struct Subject {
         if (!head.empty() && head.front().tag != kFirstTag) {
             head.clear();
         }
+        MinuteReader reader{checked.presentYear};
         minutes.resize(static_cast<std::size_t>(Count()) + 1);
         for (std::int32_t n = 1; n <= Count(); ++n) {
-            minutes[static_cast<std::size_t>(n)] = MinuteOf(Row(n), checked.presentYear);
+            minutes[static_cast<std::size_t>(n)] = reader.MinuteOf(Row(n));
         }
     }
 
@@ -184,15 +185,18 @@ void SectionsBeyondTheCallsArea(const Subject& subject, Findings& findings) {
     });
 }
 
+/// Nothing is asked where the contact has a minute, and so a date and a time.
 void DatesThatAreNone(const Subject& subject, Findings& findings) {
-    OfField(subject, "Date", &Contact::Date, findings, [&subject](const std::string& value) -> Objection {
-        return ParseDate(value, subject.checked.presentYear) ? Objection{} : "no date";
+    OfEach(subject, "Date", findings, [&subject](std::int32_t n, const Contact& contact) -> Objection {
+        const bool isDate = subject.Minute(n) || ParseDate(contact.Date, subject.checked.presentYear);
+        return isDate ? Objection{} : Quoted(contact.Date) + ": no date";
     });
 }
 
 void TimesThatAreNone(const Subject& subject, Findings& findings) {
-    OfField(subject, "Time", &Contact::Time, findings,
-            [](const std::string& value) -> Objection { return IsTime(value) ? Objection{} : "no time"; });
+    OfEach(subject, "Time", findings, [&subject](std::int32_t n, const Contact& contact) -> Objection {
+        return subject.Minute(n) || IsTime(contact.Time) ? Objection{} : Quoted(contact.Time) + ": no time";
+    });
 }
 
 void TimesOutOfOrder(const Subject& subject, Findings& findings) {

@@ -122,6 +122,15 @@ TEST(OffTime, ContactsCountUpToThe1440thMinuteOfOperating) {
     EXPECT_EQ(FirstMinuteBeyond(withOff), start + 1029 + 411) << "29 empty minutes";
 }
 
+TEST(OffTime, AReaderOfMinutesGoesFromDateToDate) {
+    MinuteReader reader{kYear};
+    for (const char* at :
+         {"7 21:04", "7 21:05", "8 21:05", "7 23:00", "7 x", "7 23:01", "31 23:01", "31 23:01", "x "}) {
+        EXPECT_EQ(reader.MinuteOf(ContactAt(at)), MinuteOf(ContactAt(at), kYear)) << at;
+    }
+    EXPECT_EQ(reader.MinuteOf(ContactAt("", "21:00")), std::nullopt);
+}
+
 TEST(OffTime, MinutesAreToldAsHoursAndMinutes) {
     EXPECT_EQ(ClockText(0), "00:00");
     EXPECT_EQ(ClockText(7), "00:07");

@@ -178,6 +178,19 @@ TEST_F(CheckedEntryTest, AnotherFileIsNoEntry) {
     Check([this] { EXPECT_EQ(Rows(), Lines{}); });
 }
 
+TEST_F(CheckedEntryTest, AnEntryThatCannotBeReadIsAFindingBesideTheOthers) {
+    StartWithEntry("W9ZZZ.log", "");
+    files.unreachable["/contest/W9ZZZ.log"] = "Input/output error";
+    program->log.Row(1).Ck = "7";
+    Check([this] {
+        ASSERT_EQ(Rows().size(), 2U);
+        EXPECT_EQ(Rows().front(), "1|W1X|Ck|\"7\": not two digits");
+        EXPECT_TRUE(Rows().back().starts_with("||Entry|")) << Rows().back();
+        EXPECT_NE(Rows().back().find("Input/output error"), std::string::npos) << Rows().back();
+    });
+    EXPECT_TRUE(TakeBoxes().empty());
+}
+
 TEST_F(CheckedEntryTest, OfALongFileTheHeadIsRead) {
     StartWithEntry("W9ZZZ.log", "START-OF-LOG: 3.0\r\nCLAIMED-SCORE: 4\r\n" + std::string(1'000'000, '\0') +
                                     "\r\nCATEGORY-MODE: PH\r\n");

@@ -2,6 +2,9 @@
 
 #include <gtest/gtest.h>
 
+#include <random>
+#include <set>
+
 #include "contest/told_sections.h"
 #include "reports/cabrillo.h"
 #include "tests/reports/report_fixture.h"
@@ -22,6 +25,23 @@ TEST(EntryHead, TellsATagOnceAndPassesOverWhatIsNone) {
     EXPECT_EQ(ReadEntryHead("SOAPBOX: one\nno tag\nSOAPBOX: two\nCLUB:\n"), (Head{{"SOAPBOX", "one"}, {"CLUB", ""}}));
     EXPECT_EQ(ReadEntryHead(""), Head{});
     EXPECT_EQ(ReadEntryHead(std::string(100'000, '\0')), Head{});
+}
+
+TEST(EntryHead, OfAnyBytesIsTagsWithoutLineEnds) {
+    constexpr std::string_view kPieces = "AQSO-X:\r\n \t\xFF:";
+    std::mt19937 random{7};
+    for (int round = 0; round < 2'000; ++round) {
+        std::string bytes;
+        for (int i = 0; i < 60; ++i) {
+            bytes += kPieces[random() % kPieces.size()];
+        }
+        std::set<std::string> tags;
+        for (const auto& [tag, value] : ReadEntryHead(bytes)) {
+            EXPECT_TRUE(tags.insert(tag).second) << bytes;
+            EXPECT_EQ((tag + value).find_first_of("\r\n"), std::string::npos) << bytes;
+            EXPECT_NE(tag, "QSO") << bytes;
+        }
+    }
 }
 
 std::string Objection(const std::string& tag, const std::string& value) {

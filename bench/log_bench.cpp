@@ -2,6 +2,8 @@
 
 #include <benchmark/benchmark.h>
 
+#include <utility>
+
 #include "bench/loaded_program.h"
 
 namespace tallyhut {
@@ -56,6 +58,48 @@ void CommitOfTheLastContact(benchmark::State& state) {
     }
 }
 BENCHMARK(CommitOfTheLastContact)->Unit(benchmark::kMicrosecond)->Iterations(500);
+
+/// What a minute costs: 60 looks, of which one finds a new minute.
+void MinuteOfTheOffTimeClock(benchmark::State& state) {
+    LoadedProgram loaded{kFull};
+    OffTimeClock& clock = loaded.program.display.offTime;
+    clock.chosen = true;
+    clock.Show();
+    for (auto _ : state) {
+        for (int second = 0; second < 60; ++second) {
+            loaded.clock.Advance(1'000);
+            clock.Show();
+        }
+    }
+}
+BENCHMARK(MinuteOfTheOffTimeClock)->Unit(benchmark::kMicrosecond);
+
+void OffTimesBehindAContact(benchmark::State& state) {
+    LoadedProgram loaded{kFull};
+    ContactLog& log = loaded.program.log;
+    OffTimeClock& clock = loaded.program.display.offTime;
+    clock.chosen = true;
+    for (auto _ : state) {
+        state.PauseTiming();
+        log.gContactCount = kFull - 1;
+        clock.Show();
+        log.Row(++log.gContactCount) = std::as_const(log).Row(1);  // the oldest moves all others
+        state.ResumeTiming();
+        clock.Show();
+    }
+}
+BENCHMARK(OffTimesBehindAContact)->Unit(benchmark::kMicrosecond)->Iterations(200);
+
+void OffTimesBehindAnEdit(benchmark::State& state) {
+    LoadedProgram loaded{kFull};
+    OffTimeClock& clock = loaded.program.display.offTime;
+    clock.chosen = true;
+    for (auto _ : state) {
+        benchmark::DoNotOptimize(loaded.program.log.Row(1));
+        clock.Show();
+    }
+}
+BENCHMARK(OffTimesBehindAnEdit)->Unit(benchmark::kMicrosecond);
 
 void ReloadOfAFullLog(benchmark::State& state) {
     LoadedProgram loaded{kFull};

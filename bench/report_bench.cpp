@@ -7,6 +7,7 @@
 #include "reports/adif.h"
 #include "reports/cabrillo.h"
 #include "reports/dupe_sheet.h"
+#include "reports/log_check.h"
 #include "reports/merged_log.h"
 
 namespace tallyhut {
@@ -69,6 +70,26 @@ void LogReport(benchmark::State& state) {
     }
 }
 BENCHMARK(LogReport)->Unit(benchmark::kMillisecond);
+
+/// With so many known calls; none of those in the log is one, so that each call's neighbours are looked for.
+void CheckOfTheLog(benchmark::State& state) {
+    const Entry entry;
+    SectionTable sections;
+    sections.Fill();
+    std::vector<CallKey> keys;
+    for (int n = 0; n < state.range(0); ++n) {
+        keys.push_back(*KeyOfCall("W" + PlainText(n % 10) + CallOf(n / 10).substr(2) + "Z"));
+    }
+    const KnownCalls known{std::move(keys)};
+    for (auto round : state) {
+        benchmark::DoNotOptimize(FindingsIn({.log = entry.log,
+                                             .station = entry.station,
+                                             .sections = sections,
+                                             .known = known,
+                                             .presentYear = kNow.year}));
+    }
+}
+BENCHMARK(CheckOfTheLog)->Arg(0)->Arg(85'000)->Arg(170'000)->Unit(benchmark::kMillisecond);
 
 }  // namespace
 }  // namespace tallyhut

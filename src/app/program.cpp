@@ -15,11 +15,11 @@ constexpr const char* kProgramTitle = "Tallyhut Log";
 constexpr const char* kTimeNotSaved = "Not all of the operating time could be saved. ";
 
 /// In which order the forms are listed, and unloaded at the end.
-constexpr std::array<std::string_view, 25> kFormOrder{
+constexpr std::array<std::string_view, 26> kFormOrder{
     "Form1",        "frmSplash",   "frmQ7ZZQLogo",  "frmEditCon",    "frmStationID",     "Form2",       "frmPorts",
     "Form5",        "Form6",       "RigControlfrm", "frmRigTune",    "frmFrequencyTest", "PhoneFrm",    "CWFrm",
     "frmCWStrings", "BlindFrm",    "PacketSpotfrm", "SpectrumMap",   "SectionMap",       "frmBandPlan", "GraphQSO",
-    "frmbndstats",  "frmSections", "frmImport",     "frmKnownCalls",
+    "frmbndstats",  "frmSections", "frmImport",     "frmKnownCalls", "frmCheckLog",
 };
 
 std::string AlreadyRunning(const std::string& folder) {

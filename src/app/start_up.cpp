@@ -47,6 +47,7 @@ void StartUp::LoadSteps() {
     log.sectionChoice.TakeFromFolder();
     log.knownCalls.TakeStored();
     log.superCheck.Show();
+    log.display.offTime.ReadSettings();
     layout.LayOutMainForm();
     log.panel.message.Write(kFirstMessage);
     form1.lblNumCurCon.SetCaption(" " + NumberForm(log.contest.log.gContactCount + 1));

@@ -2,6 +2,7 @@
 
 #include <array>
 #include <string_view>
+#include <utility>
 
 #include "contest/bands.h"
 #include "contest/told_sections.h"
@@ -37,6 +38,20 @@ LabelDesign GridHeading(int column) {
 
 LabelDesign SentPart(int column) {
     return {.place = {1500 + column * 900.0, 330, 800, 330}, .fontSize = 14};
+}
+
+LabelDesign OffTimeLabel(int row, double left, double width, std::string toolTip) {
+    constexpr double kTop = 2140;
+    constexpr double kHeight = 170;
+    return {.place = {left, kTop + row * kHeight, width, kHeight}, .toolTip = std::move(toolTip), .visible = false};
+}
+
+LabelDesign OffTimeCaption(int row) {
+    return OffTimeLabel(row, 6150, 1100, "24 hours of the contest count; 30 empty minutes in a row are off");
+}
+
+LabelDesign OffTimeValue(int row) {
+    return OffTimeLabel(row, 7260, 500, "");
 }
 
 LabelDesign ScoreValue(int row) {
@@ -141,6 +156,10 @@ Form1::Form1(Desk& owner)
       Label30{*this, "Label30", "", {.place = {7800, 1830, 600, 330}, .fontSize = 14}},
       lblMode{*this, "lblMode", "", {.place = {8450, 1830, 600, 330}, .fontSize = 12}},
       lblRig{*this, "lblRig", "", {.place = {7800, 2160, 1550, 240}}},
+      lblLeftCaption{*this, "lblLeftCaption", "Left to operate", OffTimeCaption(0)},
+      lblLeft{*this, "lblLeft", "", OffTimeValue(0)},
+      lblOffCaption{*this, "lblOffCaption", "Silence", OffTimeCaption(1)},
+      lblOff{*this, "lblOff", "", OffTimeValue(1)},
       lblRecentContacts{*this, "lblRecentContacts", "Recent Contacts", {.place = {180, 2480, 1600, kRow}}},
       cmdEdit{
           *this, "cmdEdit", "Edit Contact", {.place = {1900, 2480, 1000, kRow}, .tabStop = false, .visible = false}},
@@ -222,6 +241,7 @@ Form1::Form1(Desk& owner)
       mnuRestore{mnuFile, "mnuRestore", "&Restore from Archive or Backup"},
       mnuCabrillo{mnuFile, "mnuCabrillo", "&Write Cabrillo File"},
       mnuSummary{mnuFile, "mnuSummary", "Summary Shee&t"},
+      mnuCheckLog{mnuFile, "mnuCheckLog", "Chec&k Log"},
       expADIF{mnuFile, "expADIF", "Export &ADIF Format"},
       expADIFX{mnuFile, "expADIFX", "ADIF With E&xchange"},
       mnuExport{mnuFile, "mnuExport", "&Export For Stationbook Import"},
@@ -272,6 +292,7 @@ Form1::Form1(Desk& owner)
       mnuBandStats{mnuView, "mnuBandStats", "&Band Statistics"},
       mnuCWStrings{mnuView, "mnuCWStrings", "&CW Strings", "Ctrl+W"},
       mnuRigTune{mnuView, "mnuRigTune", "Change F&requency", "Ctrl+G"},
+      mnuOffTime{mnuView, "mnuOffTime", "&Off-Time Clock"},
       mnuReports{*this, "mnuReports", "&Reports"},
       mnuWriteLog{mnuReports, "mnuWriteLog", "Write ASCII &Log"},
       mnuWriteDupe{mnuReports, "mnuWriteDupe", "Write &Dupe Sheet"},

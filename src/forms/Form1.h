@@ -55,6 +55,10 @@ struct Form1 : Form {
     Label Label30;  ///< the band
     Label lblMode;  ///< CW or Phone
     Label lblRig;   ///< the radio's frequency, or that it does not answer
+    Label lblLeftCaption;
+    Label lblLeft;        ///< hours and minutes left to operate
+    Label lblOffCaption;  ///< when the present silence is off
+    Label lblOff;         ///< hours and minutes of the present silence
 
     // The contacts.
     Label lblRecentContacts;
@@ -104,6 +108,7 @@ struct Form1 : Form {
     MenuEntry mnuRestore;
     MenuEntry mnuCabrillo;
     MenuEntry mnuSummary;
+    MenuEntry mnuCheckLog;
     MenuEntry expADIF;
     MenuEntry expADIFX;
     MenuEntry mnuExport;
@@ -154,6 +159,7 @@ struct Form1 : Form {
     MenuEntry mnuBandStats;
     MenuEntry mnuCWStrings;
     MenuEntry mnuRigTune;
+    MenuEntry mnuOffTime;
     MenuEntry mnuReports;
     MenuEntry mnuWriteLog;
     MenuEntry mnuWriteDupe;

@@ -82,7 +82,7 @@ void Commit::Mains() {
         const Running standing{messageStands, refused};
         panel.desk.RunPending();
     }
-    display.rates.TimeStats();
+    display.ShowTimes();
     contest.log.gFrq.clear();
 }
 

@@ -51,9 +51,13 @@ void AcceptOnly(int& KeyAscii, int first, int last) {
 
 void ContactEditing::cmdEdit_Click() {
     guard.OpenIfUnopened();
-    if (list.LogRowAt(panel.form.ListView1.Row()) == 0) {
-        return;
+    if (const std::int32_t row = list.LogRowAt(panel.form.ListView1.Row()); row != 0) {
+        Edit(row);
     }
+}
+
+void ContactEditing::Edit(std::int32_t row) {
+    editedRow = row;
     dialog.ShowModal();
     list.ListContacts();
     panel.fields.HideRowButtons();
@@ -62,10 +66,12 @@ void ContactEditing::cmdEdit_Click() {
 
 void ContactEditing::cmdDelete_Click() {
     guard.OpenIfUnopened();
-    const std::int32_t row = list.LogRowAt(panel.form.ListView1.Row());
-    if (row == 0) {
-        return;
+    if (const std::int32_t row = list.LogRowAt(panel.form.ListView1.Row()); row != 0) {
+        Delete(row);
     }
+}
+
+void ContactEditing::Delete(std::int32_t row) {
     const Answer answer = panel.desk.dialogs.Show(kAreYouSureBox);
     panel.fields.HideRowButtons();
     if (answer != Answer::Yes) {
@@ -135,7 +141,6 @@ void ContactEditing::InTheList(void (ContactEditing::*step)()) {
 }
 
 void ContactEditing::frmEditCon_Load() {
-    editedRow = list.LogRowAt(panel.form.ListView1.Row());
     if (editedRow == 0) {
         return;
     }
@@ -252,10 +257,9 @@ void ContactEditing::Store() {
     contest.log.Row(editedRow).Sec = SectionCode();
 }
 
-/// The contact being edited is still the one selected in the list.
 void ContactEditing::cmdDeleteDupe_Click() {
     dialog.Unload();
-    cmdDelete_Click();
+    Delete(editedRow);
 }
 
 }  // namespace tallyhut

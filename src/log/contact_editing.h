@@ -9,7 +9,7 @@
 
 namespace tallyhut {
 
-/// The only ways to change a logged contact: from the list to the edit form, and deleting. Each changes the tables,
+/// The only ways to change a logged contact: the edit form, and deleting. Each changes the tables,
 /// rewrites the log whole and reloads it. A log that cannot be written is a LogWriteError and nobody's business here.
 struct ContactEditing {
     Panel& panel;
@@ -19,6 +19,9 @@ struct ContactEditing {
     ContactList& list;
 
     std::int32_t editedRow = 0;  ///< the log row in the edit form
+
+    /// Shows the contact of a log row in the edit form; returns when that has been closed and the log rewritten.
+    void Edit(std::int32_t row);
 
     // The main form.
     void cmdEdit_Click();
@@ -44,6 +47,8 @@ struct ContactEditing {
     void cmdDeleteDupe_Click();
 
 private:
+    /// Asks first.
+    void Delete(std::int32_t row);
     bool DoneOnEnter(int& KeyAscii);
     void InTheList(void (ContactEditing::*step)());
     bool HasDuplicate();

@@ -5,12 +5,13 @@
 
 namespace tallyhut {
 
-ContestDisplay::ContestDisplay(Form1& mainForm, const Contest& shown, UtcClock& utc)
+ContestDisplay::ContestDisplay(Form1& mainForm, const Contest& shown, UtcClock& utc, SettingsStore& settings)
     : form{mainForm},
       contest{shown},
       list{mainForm, shown, utc.clock},
       grid{mainForm, shown},
-      rates{mainForm, shown, utc} {}
+      rates{mainForm, shown, utc},
+      offTime{mainForm, shown, utc, settings} {}
 
 void ContestDisplay::ShowCounts() {
     const ContactLog& log = contest.log;
@@ -33,6 +34,11 @@ void ContestDisplay::ShowScore() {
     form.lblTotSec.SetCaption(PlainText(sections.gSectionsWorked));
     form.lblsectogo.SetCaption(PlainText(sections.gSectionCount - sections.gSectionsWorked));
     form.lblTotScore.SetCaption(PlainText(Score(sections.gSectionsWorked, contest.log.gContactCount)));
+}
+
+void ContestDisplay::ShowTimes() {
+    rates.TimeStats();
+    offTime.Show();
 }
 
 }  // namespace tallyhut

@@ -118,7 +118,7 @@ void FileMenu::BeginAnew() {
 
 void FileMenu::mnuNew_Click() {
     StartNewLog();
-    guard.reload.display.rates.TimeStats();
+    guard.reload.display.ShowTimes();
 }
 
 void FileMenu::mnuArchive_Click() {

@@ -31,7 +31,7 @@ LogPart::LogPart(Machine& machine, Desk& desk, SupportPart& support)
       records{machine.files, support.directories, machine.environment.ShortDatePicture()},
       panel{form1, desk, {form1, contest}, {form1}},
       utc{machine.clock, contest},
-      display{form1, contest, utc},
+      display{form1, contest, utc, machine.settings},
       sectionChoice{machine.files, support.directories, machine.dialogs, contest, display.grid},
       time{panel, contest, preferencesFile, records, utc},
       band{form1, contest.preferences, preferencesFile, time, desk},
@@ -78,7 +78,10 @@ void LogPart::Bind(SupportPart& support) {
     form1.mnuPorts.Click = [&support] { support.ports.mnuPorts_Click(); };
     form1.mnuHelp.Click = [&support] { support.help.mnuHelp_Click(); };
     form1.Timer1.Elapsed = [this] { display.rates.TimeStats(); };
-    form1.Timer2.Elapsed = [this] { time.Timer2_Elapsed(); };
+    form1.Timer2.Elapsed = [this] {
+        time.Timer2_Elapsed();
+        display.offTime.Show();
+    };
     form1.cmdClear.Click = [this] { entry.cmdClear_Click(); };
     form1.cmdDup.Click = [this] { duplicates.cmdDup_Click(); };
     form1.cmdLogOn.Click = [this] { time.cmdLogOn_Click(); };
@@ -202,6 +205,7 @@ void LogPart::BindMenus() {
     form1.callopt.Click = [this] { entry.callopt_Click(); };
     form1.mnuCallTwice.Click = [this] { entry.mnuCallTwice_Click(); };
     form1.mnuColors.Click = [this] { colours.mnuColors_Click(); };
+    form1.mnuOffTime.Click = [this] { display.offTime.mnuOffTime_Click(); };
     form1.mnuDXSpotsColor.Click = [this] { Toggle(form1.mnuDXSpotsColor, contest.preferences.gColorNeededSpots); };
     form1.mnuAudioAlert.Click = [this] { Toggle(form1.mnuAudioAlert, contest.preferences.gAudioAlert); };
 }

@@ -43,7 +43,7 @@ void LogReload::mnuopen2(const std::function<void()>& beforeTheEnd) {
         Clear();
         Take(file.Open());
         display.ShowCounts();
-        display.rates.TimeStats();
+        display.ShowTimes();
         if (contest.log.gSavedCount == 0) {
             contest.log.gSavedCount = static_cast<float>(contest.log.gContactCount);
         }
@@ -64,7 +64,7 @@ void LogReload::FollowDisk() {
     Clear();
     Take(text);
     display.ShowCounts();
-    display.rates.TimeStats();
+    display.ShowTimes();
 }
 
 /// Nothing where the disk does not say, or says what no reload would take.

@@ -31,6 +31,13 @@ inline std::string SentExchange(const Preferences& station) {
     return station.gOwnPrec + ' ' + station.gOwnCall + ' ' + station.gOwnCheck + ' ' + station.gOwnSection;
 }
 
+/// A value of a file as it is told of, in quotes; a long one is cut.
+inline std::string Quoted(std::string_view value) {
+    constexpr std::size_t kLongest = 24;
+    const bool isLong = value.size() > kLongest;
+    return '"' + std::string{value.substr(0, kLongest)} + (isLong ? "...\"" : "\"");
+}
+
 /// A number as it prints within a line: its number form and a blank behind it.
 template <typename T>
 std::string PrintedNumber(T value) {

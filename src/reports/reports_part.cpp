@@ -4,10 +4,11 @@ namespace tallyhut {
 
 ReportsPart::ReportsPart(Machine& machine, Desk& desk, SupportPart& support, LogPart& log)
     : form2{desk},
+      checkForm{desk},
       entryForm{log.form1, form2, desk, support.directories, log.contest, support.shared, machine},
       paperReports{log.panel, log.contest, log.logFile, log.records, log.display, machine.printer},
-      exports{log.form1,   desk,          support.directories,
-              log.contest, machine.files, machine.environment.ShortDatePicture()} {
+      exports{log.form1, desk, support.directories, log.contest, machine.files, machine.environment.ShortDatePicture()},
+      check{checkForm, desk, log.contest, log.editing, machine.files, support.directories} {
     Bind(log.form1, log.guard);
 }
 
@@ -21,6 +22,12 @@ void ReportsPart::Bind(Form1& form1, LogGuard& guard) {
     form2.Command2.Click = [this] { entryForm.Command2_Click(); };
     form2.Command3.Click = [this] { entryForm.Command3_Click(); };
     form2.Command4.Click = [this] { entryForm.Command4_Click(); };
+    checkForm.Form_Load = [this] { check.frmCheckLog_Load(); };
+    checkForm.lstFindings.Click = [this] { check.lstFindings_Click(); };
+    checkForm.lstFindings.DblClick = [this] { check.cmdEdit_Click(); };
+    checkForm.lstFindings.KeyDown = [this](int& KeyCode, int Shift) { check.lstFindings_KeyDown(KeyCode, Shift); };
+    checkForm.cmdEdit.Click = [this] { check.cmdEdit_Click(); };
+    checkForm.cmdDone.Click = [this] { checkForm.Hide(); };
     // Each begins with the log open, so that none leaves out what a start could not read.
     const auto withLog = [&guard](auto step) {
         return [&guard, step] {
@@ -30,6 +37,7 @@ void ReportsPart::Bind(Form1& form1, LogGuard& guard) {
     };
     form1.mnuCabrillo.Click = withLog([this] { entryForm.Open(); });
     form1.mnuSummary.Click = withLog([this] { entryForm.Open(); });
+    form1.mnuCheckLog.Click = withLog([this] { check.mnuCheckLog_Click(); });
     form1.expADIF.Click = withLog([this] { exports.expADIF_Click(); });
     form1.expADIFX.Click = withLog([this] { exports.expADIFX_Click(); });
     form1.mnuExport.Click = withLog([this] { exports.mnuExport_Click(); });

@@ -86,6 +86,7 @@ std::optional<int> Digits(std::string_view text, std::size_t least, std::size_t 
 
 std::vector<std::string_view> Split(std::string_view text, char separator) {
     std::vector<std::string_view> parts;
+    parts.reserve(3);  // of a date or a time
     for (;;) {
         const std::size_t end = text.find(separator);
         parts.push_back(text.substr(0, end));

@@ -159,6 +159,26 @@ TEST_F(AccessibilityTest, TimeOffIsSpokenByTheMessageLine) {
     EXPECT_EQ(reader.Spoken(), Told{"spoken: Logged Off at 11/8/2026 03:12:44 Log On after 03:42:44"});
 }
 
+TEST_F(AccessibilityTest, TheTimesOfTheOffTimeClockSayWhatTheyAre) {
+    program.display.offTime.mnuOffTime_Click();
+    program.form1.lblLeft.SetCaption("00:05");
+    program.form1.lblOffCaption.SetCaption("Silence, off at 20:50");
+    program.form1.lblOff.SetCaption("00:29");
+    shown.Settle();
+    EXPECT_EQ(NameOf("lblLeft"), "Left to operate 00:05");
+    EXPECT_EQ(NameOf("lblOffCaption"), "Silence, off at 20:50");
+    EXPECT_EQ(NameOf("lblOff"), "Silence 00:29");
+    EXPECT_EQ(reader.Spoken(), Told{}) << "a minute that passes is not spoken";
+}
+
+TEST_F(AccessibilityTest, TheFindingsOfACheckAreNamedByTheirNumber) {
+    frmCheckLog& form = program.reportsPart.checkForm;
+    shown.Show(form);
+    EXPECT_EQ(NameOf(form, "lstFindings"), form.lblFindings.Caption());
+    EXPECT_EQ(NameOf(form, "cmdEdit"), "Edit");
+    form.Hide();
+}
+
 TEST_F(AccessibilityTest, AnEmptiedMessageLineIsNotSpoken) {
     program.time.gTimeOn = 1;
     Work("88a");

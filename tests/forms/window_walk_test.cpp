@@ -75,6 +75,14 @@ struct WindowWalkTest : testing::Test {
         program.logPart.knownCalls.showsCalls = true;
         program.logPart.superCheck.Show();
     }
+    /// With the longest texts.
+    void ShowOffTimes() {
+        program.display.offTime.mnuOffTime_Click();
+        program.form1.lblLeft.SetCaption("23:59");
+        program.form1.lblLeft.SetForeColor(0x0000FF);
+        program.form1.lblOffCaption.SetCaption("Silence, off at 20:50");
+        program.form1.lblOff.SetCaption("00:29");
+    }
 
     /// These have more on them than the least screen at a scale of 2 has pixels for.
     bool IsBeyondTheScreen(const Form& form) {
@@ -157,6 +165,7 @@ TEST_F(WindowWalkTest, NorWithEverythingShown) {
     form.txtPostConTime.SetText("21:04");
     form.txtPostConDate.SetText("2026/11/07");
     program.time.cmdLogOn_Click();
+    ShowOffTimes();
     form.lblDialog.SetCaption("Duplicate VE1OP/3XX MAR 11/07 21:04:33 ON 160  Rec#  10999  Serial Rcvd: 10999");
     form.lblDialog.SetBackColor(kDialogDupe);
     form.lblDupe.SetCaption(
@@ -215,7 +224,7 @@ TEST_F(WindowWalkTest, WhereNoCallsAreKnownTheirLineHasNoRoom) {
 }
 
 TEST_F(WindowWalkTest, NothingOfADialogIsCutOrLiesOnAnother) {
-    program.form1.ListView1.SelectRow(1);
+    program.editing.editedRow = 2;
     for (Form* form : program.desk.Forms()) {
         if (form->design.dialog && !form->Controls().empty()) {
             shown.Show(*form);
@@ -239,7 +248,7 @@ TEST_F(WindowWalkTest, ADialogStandsOnTheScreenWithTheFrameThatTheDesktopPutsAro
 }
 
 TEST_F(WindowWalkTest, TheWarningsOfTheEditFormMoveNothing) {
-    program.form1.ListView1.SelectRow(1);
+    program.editing.editedRow = 2;
     frmEditCon& form = program.editForm;
     QWidget& window = shown.Show(form);
     std::map<const ControlWidget*, QRect> before;
@@ -279,6 +288,31 @@ TEST_F(WindowWalkTest, TypingMovesNothingOnTheMainForm) {
     }
     program.time.cmdLogOn_Click();
     shown.Type("88aw4an");
+    shown.Settle();
+    for (ControlWidget* control : ShownControls(window)) {
+        EXPECT_EQ(Text(before.at(control)), Text(InWindow(control->Widget()))) << control->Logical().FullName();
+    }
+}
+
+/// Its labels take room that the panel of the clocks has beside the entry row.
+TEST_F(WindowWalkTest, TheOffTimeClockMovesNothingOutsideOfItsPanelAndNothingWhileItRuns) {
+    QWidget& window = shown.WindowOf(program.form1);
+    const QWidget* clocks = window.findChild<QWidget*>("lblutctime")->parentWidget()->parentWidget();
+    std::map<const ControlWidget*, QRect> before;
+    for (ControlWidget* control : ShownControls(window)) {
+        before[control] = InWindow(control->Widget());
+    }
+    ShowOffTimes();
+    Check(program.form1, "-off-time");
+    for (ControlWidget* control : ShownControls(window)) {
+        const QRect place = InWindow(control->Widget());
+        if (!clocks->isAncestorOf(&control->Widget())) {
+            EXPECT_EQ(Text(before.at(control)), Text(place)) << control->Logical().FullName();
+        }
+        before[control] = place;
+    }
+    program.form1.lblOffCaption.SetCaption("Off time");
+    program.form1.lblOff.SetCaption("");
     shown.Settle();
     for (ControlWidget* control : ShownControls(window)) {
         EXPECT_EQ(Text(before.at(control)), Text(InWindow(control->Widget()))) << control->Logical().FullName();

@@ -54,6 +54,8 @@ constexpr Style kAmPm{.text = 1.2, .height = 3.3, .data = true};
 constexpr Style kDuration{.text = 1.6, .height = 2.1, .data = true};
 constexpr Style kBand{.text = 2.4, .height = 2.9, .data = true, .bold = true};
 constexpr Style kMode{.text = 1.6, .height = 2.9, .data = true};
+constexpr Style kOffTimeCaption{.height = 1.35, .quiet = true};
+constexpr Style kOffTime{.text = 1.1, .height = 1.35, .data = true};
 constexpr Style kRigLine{.text = 1.15, .height = 1.6, .data = true};
 constexpr Style kClockState{.text = 0.95, .height = 1.6, .bold = true, .boxed = true};
 constexpr Style kLegend{.text = 0.9, .height = 1.3, .data = true};
@@ -130,6 +132,10 @@ constexpr std::array kRows{
     Row{"Label30", Part::Clock, 5, 1, 1, kBand, 4.6},
     Row{"lblMode", Part::Clock, 5, 2, 1, kMode, 4.3, "Contest"},
     Row{"lblRig", Part::Clock, 6, 1, 3, kRigLine, 0, "Radio"},
+    Row{"lblLeftCaption", Part::OffTime, 0, 0, 1, kOffTimeCaption, 8.2},
+    Row{"lblLeft", Part::OffTime, 0, 1, 1, kOffTime, 4},
+    Row{"lblOffCaption", Part::OffTime, 0, 2, 1, kOffTimeCaption, 11.6},
+    Row{"lblOff", Part::OffTime, 0, 3, 1, kOffTime, 4, "Silence"},
 
     Row{"lblRecentContacts", Part::ContactsHead, 0, 0, 1, kTitle, 11},
     Row{"cmdEdit", Part::ContactsHead, 0, 2, 1, kButton, 7},
@@ -194,6 +200,7 @@ constexpr std::array kCaptions{
     CaptionOf{"Label12", "lblttrack"},
     CaptionOf{"Label14", "lbltimeon"},
     CaptionOf{"lblBandSwitch", "Label30"},
+    CaptionOf{"lblLeftCaption", "lblLeft"},
     CaptionOf{"lblRecentContacts", "ListView1"},
     CaptionOf{"lblRecentContacts", "cmdList"},
     CaptionOf{"lblScoreCaption(1)", "lblTotCon"},
@@ -222,12 +229,14 @@ struct Stretch {
 };
 
 constexpr std::array kStretches{
-    Stretch{Part::Entry, 1, 110}, Stretch{Part::Entry, 3, 60},       Stretch{Part::Entry, 5, 290},
-    Stretch{Part::Entry, 7, 80},  Stretch{Part::Entry, 9, 120},      Stretch{Part::Entry, 10, 62},
-    Stretch{Part::Message, 1, 1}, Stretch{Part::Clock, 0, 55},       Stretch{Part::Clock, 2, 20},
-    Stretch{Part::Clock, 3, 25},  Stretch{Part::ContactsHead, 1, 1}, Stretch{Part::SectionsHead, 0, 1},
-    Stretch{Part::Legend, 2, 1},  Stretch{Part::Score, 0, 3},        Stretch{Part::Score, 1, 2},
-    Stretch{Part::Score, 2, 1},   Stretch{Part::Score, 3, 3},        Stretch{Part::Score, 4, 2},
+    Stretch{Part::Entry, 1, 110},      Stretch{Part::Entry, 3, 60},    Stretch{Part::Entry, 5, 290},
+    Stretch{Part::Entry, 7, 80},       Stretch{Part::Entry, 9, 120},   Stretch{Part::Entry, 10, 62},
+    Stretch{Part::Message, 1, 1},      Stretch{Part::Clock, 0, 55},    Stretch{Part::Clock, 2, 20},
+    Stretch{Part::Clock, 3, 25},       Stretch{Part::OffTime, 0, 262}, Stretch{Part::OffTime, 1, 193},
+    Stretch{Part::OffTime, 2, 375},    Stretch{Part::OffTime, 3, 170}, Stretch{Part::ContactsHead, 1, 1},
+    Stretch{Part::SectionsHead, 0, 1}, Stretch{Part::Legend, 2, 1},    Stretch{Part::Score, 0, 3},
+    Stretch{Part::Score, 1, 2},        Stretch{Part::Score, 2, 1},     Stretch{Part::Score, 3, 3},
+    Stretch{Part::Score, 4, 2},
 };
 
 constexpr std::string_view kSectionLabels = "Label10";
@@ -419,6 +428,7 @@ void Form1Layout::Build() {
     QVBoxLayout* clock = panel(*top, 37);
     clockPanel_ = clock->parentWidget();
     AddGrid(Part::Clock, *clockPanel_, *clock, 1);
+    AddGrid(Part::OffTime, *clockPanel_, *clock, 0);
     QVBoxLayout* contacts = panel(*bottom, 49);
     AddGrid(Part::ContactsHead, *contacts->parentWidget(), *contacts, 0);
     AddGrid(Part::Contacts, *contacts->parentWidget(), *contacts, 1);
@@ -625,6 +635,7 @@ void Form1Layout::ShowPartsInUse() {
     const auto isShown = [](const ControlWidget* widget) { return widget->Logical().IsShown(); };
     const auto inUse = [this, &isShown](Part part) { return std::ranges::any_of(parts_[part], isShown); };
     clockPanel_->setVisible(inUse(Part::Clock));
+    grids_.at(Part::OffTime)->parentWidget()->setVisible(inUse(Part::OffTime));
     extraPanel_->setVisible(inUse(Part::Extra));
     const bool list = std::ranges::any_of(parts_[Part::Spots], [](const ControlWidget* widget) {
         return widget->Logical().name == kSpotList && widget->Logical().IsShown();

@@ -13,7 +13,20 @@ class QBoxLayout;
 namespace tallyhut {
 
 /// The parts of the main form's window, each a grid of its own.
-enum class Part { Entry, Message, Clock, ContactsHead, Contacts, SectionsHead, Sections, Legend, Score, Spots, Extra };
+enum class Part {
+    Entry,
+    Message,
+    Clock,
+    OffTime,
+    ContactsHead,
+    Contacts,
+    SectionsHead,
+    Sections,
+    Legend,
+    Score,
+    Spots,
+    Extra
+};
 
 /// The main form's window: the entry row and its message line first, then clocks, contacts, sections and score. Where
 /// each control stands is a row of a table; one that the table does not know stands in a row at the bottom.

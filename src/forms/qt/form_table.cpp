@@ -25,6 +25,7 @@ constexpr std::array kTables{
     NamedTable{"SectionMap", kSectionMapTable},
     NamedTable{"frmBandPlan", kFrmBandPlanTable},
     NamedTable{"frmCWStrings", kFrmCWStringsTable},
+    NamedTable{"frmCheckLog", kFrmCheckLogTable},
     NamedTable{"frmCodePractice", kFrmCodePracticeTable},
     NamedTable{"frmEditCon", kFrmEditConTable},
     NamedTable{"frmFrequencyTest", kFrmFrequencyTestTable},

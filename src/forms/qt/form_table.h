@@ -120,6 +120,7 @@ extern const FormTable kForm6Table;
 extern const FormTable kFrmBandPlanTable;
 extern const FormTable kFrmBndStatsTable;
 extern const FormTable kFrmCWStringsTable;
+extern const FormTable kFrmCheckLogTable;
 extern const FormTable kFrmCodePracticeTable;
 extern const FormTable kFrmEditConTable;
 extern const FormTable kFrmFrequencyTestTable;

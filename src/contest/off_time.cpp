@@ -1,0 +1,82 @@
+#include "contest/off_time.h"
+
+#include <algorithm>
+
+#include "values/format.h"
+
+namespace tallyhut {
+namespace {
+
+constexpr std::int64_t kSecondsAMinute = 60;
+constexpr std::int64_t kMinutesAnHour = 60;
+
+/// What the minutes from one contact to the next add, the next one's own included.
+std::int64_t Operated(ContestMinute from, ContestMinute to) {
+    const std::int64_t empty = to - from - 1;
+    return empty >= kLeastOffTime ? 1 : to - from;
+}
+
+}  // namespace
+
+std::string ClockText(std::int64_t minutes) {
+    return FormatNumber(minutes / kMinutesAnHour, "00") + ':' + FormatNumber(minutes % kMinutesAnHour, "00");
+}
+
+ContestMinute MinuteOf(const DateTime& utc) {
+    return SecondsBetween({}, utc) / kSecondsAMinute;
+}
+
+std::optional<ContestMinute> MinuteOf(const Contact& contact, int presentYear) {
+    return MinuteReader{presentYear}.MinuteOf(contact);
+}
+
+std::optional<ContestMinute> MinuteReader::MinuteOf(const Contact& contact) {
+    if (contact.Date != date_) {
+        const std::optional<DateTime> date = ParseDate(contact.Date, presentYear_);
+        date_ = contact.Date;
+        midnight_ = date ? std::optional{::tallyhut::MinuteOf(*date)} : std::nullopt;
+    }
+    const std::optional<DateTime> time = midnight_ ? ParseTime(contact.Time) : std::nullopt;
+    return time ? std::optional{*midnight_ + ::tallyhut::MinuteOf(*time)} : std::nullopt;
+}
+
+std::vector<ContestMinute> MinutesOf(const ContactLog& log, int presentYear) {
+    std::vector<ContestMinute> minutes;
+    MinuteReader reader{presentYear};
+    for (std::int32_t n = 1; n <= log.gContactCount; ++n) {
+        if (const std::optional<ContestMinute> minute = reader.MinuteOf(log.Row(n))) {
+            minutes.push_back(*minute);
+        }
+    }
+    std::ranges::sort(minutes);
+    return minutes;
+}
+
+OffTime OffTimeAt(ContestMinute now, std::span<const ContestMinute> contacts) {
+    OffTime at;
+    if (contacts.empty()) {
+        return at;
+    }
+    std::int64_t operated = 1;
+    for (std::size_t i = 1; i < contacts.size(); ++i) {
+        operated += Operated(contacts[i - 1], contacts[i]);
+    }
+    at.silence = std::max<std::int64_t>(now - contacts.back() - 1, 0);
+    at.offFrom = contacts.back() + 1 + kLeastOffTime;
+    operated += at.IsOff() ? 0 : at.silence;
+    at.left = std::max<std::int64_t>(kMinutesToOperate - operated, 0);
+    return at;
+}
+
+std::optional<ContestMinute> FirstMinuteBeyond(std::span<const ContestMinute> contacts) {
+    std::int64_t operated = 1;
+    for (std::size_t i = 1; i < contacts.size(); ++i) {
+        operated += Operated(contacts[i - 1], contacts[i]);
+        if (operated > kMinutesToOperate) {
+            return contacts[i];
+        }
+    }
+    return std::nullopt;
+}
+
+}  // namespace tallyhut

@@ -1,0 +1,108 @@
+#include "log/off_time_clock.h"
+
+#include <algorithm>
+#include <array>
+#include <utility>
+
+#include "toolkit/desk.h"
+#include "values/number.h"
+#include "values/value_error.h"
+
+namespace tallyhut {
+namespace {
+
+constexpr const char* kSection = "Machine";
+constexpr const char* kKey = "OffTimeClock";
+constexpr const char* kOn = "1";
+constexpr const char* kOff = "0";
+
+constexpr std::array<std::int64_t, 2> kWarnings{30, 5};  ///< minutes left
+constexpr Colour kRed = 0x0000FF;
+constexpr std::int64_t kMinutesADay = 24 * 60;
+constexpr std::int64_t kLongest = 100 * 60 - 1;  ///< that two digits of hours tell
+
+std::string SilenceCaption(const OffTime& at) {
+    if (at.silence == 0) {
+        return "Silence";
+    }
+    return at.IsOff() ? "Off time" : "Silence, off at " + ClockText(*at.offFrom % kMinutesADay);
+}
+
+}  // namespace
+
+SortedMinutes::Change SortedMinutes::Follow(const ContactLog& log, int presentYear) {
+    const std::int32_t before = std::exchange(contacts_, log.gContactCount);
+    const std::uint64_t lent = log.RowsLent() - std::exchange(rowsLent_, log.RowsLent());
+    const std::int32_t added = contacts_ - before;
+    if (added == 0 && lent == 0) {
+        return Change::None;
+    }
+    // So many rows lent as there are more contacts: only those have been written.
+    if (before == 0 || !std::cmp_equal(lent, added)) {
+        minutes_ = MinutesOf(log, presentYear);
+        return Change::ReadAnew;
+    }
+    for (std::int32_t n = before + 1; n <= contacts_; ++n) {
+        if (const std::optional<ContestMinute> minute = MinuteOf(log.Row(n), presentYear)) {
+            minutes_.insert(std::ranges::upper_bound(minutes_, *minute), *minute);
+        }
+    }
+    return Change::Added;
+}
+
+void OffTimeClock::ReadSettings() {
+    const std::string stored = settings.Get(kSection, kKey);
+    chosen = stored == kOn || stored == kOff ? std::optional{stored == kOn} : std::nullopt;
+}
+
+void OffTimeClock::mnuOffTime_Click() {
+    chosen = !IsOn();
+    Show();
+    settings.Set(kSection, kKey, *chosen ? kOn : kOff);
+}
+
+void OffTimeClock::Show() try {
+    const bool on = IsOn();
+    ShowLabels(on);
+    if (!on) {
+        shownAt_.reset();
+        return;
+    }
+    const DateTime now = utc.Now();
+    const SortedMinutes::Change change = contacts_.Follow(contest.log, now.year);
+    if (change != SortedMinutes::Change::None || shownAt_ != MinuteOf(now)) {
+        ShowTimes(now, change);
+    }
+} catch (const ValueError&) {
+    // A clock beyond all years: the next look may be better.
+} catch (const LogFullError&) {
+    // A count beyond the tables, while the box about too long a log stands: likewise.
+}
+
+void OffTimeClock::ShowLabels(bool on) {
+    form.mnuOffTime.SetChecked(on);
+    for (Label* label : {&form.lblLeftCaption, &form.lblLeft, &form.lblOffCaption, &form.lblOff}) {
+        label->SetVisible(on);
+    }
+}
+
+void OffTimeClock::ShowTimes(const DateTime& now, SortedMinutes::Change change) {
+    const bool wasShown = std::exchange(shownAt_, MinuteOf(now)).has_value();
+    const OffTime at = OffTimeAt(*shownAt_, contacts_.Minutes());
+    form.lblLeft.SetCaption(ClockText(at.left));
+    form.lblOff.SetCaption(at.silence == 0 ? "" : ClockText(std::min(at.silence, kLongest)));
+    form.lblOffCaption.SetCaption(SilenceCaption(at));
+    Warn(at.left, wasShown && change != SortedMinutes::Change::ReadAnew);
+}
+
+void OffTimeClock::Warn(std::int64_t left, bool aloud) {
+    const auto reached = static_cast<std::size_t>(
+        std::ranges::count_if(kWarnings, [left](std::int64_t limit) { return left <= limit; }));
+    form.lblLeft.SetForeColor(reached > 0 ? kRed : kWindowText);
+    if (reached > std::exchange(warnings_, reached) && aloud) {
+        form.desk.dialogs.Beep();
+        form.desk.Announce("Left to operate: " + PlainText(left) + (left == 1 ? " minute" : " minutes"));
+    }
+}
+
+}  // namespace tallyhut

@@ -12,7 +12,7 @@ namespace {
 
 constexpr const char* kTitle = "Make Call History";
 constexpr const char* kFilter = "Call History (*.txt) | *.txt";
-constexpr const char* kFileName = "CallHistory.txt";
+constexpr const char* kFileName = "GatheredHistory.txt";
 
 MessageBox ToldBox(const std::string& text) {
     return {.title = kTitle, .text = text, .buttons = Buttons::OK, .icon = Icon::Exclamation};

@@ -4,7 +4,7 @@
 
 #include "contest/contest.h"
 #include "forms/Form1.h"
-#include "import/call_history.h"
+#include "import/gathered_history.h"
 #include "import/log_reading.h"
 #include "platform/files.h"
 #include "support/directories.h"
@@ -28,7 +28,7 @@ struct HistoryMaking {
 private:
     /// What was read so far.
     struct Gathered {
-        CallHistory history;
+        GatheredHistory history;
         std::size_t logs = 0;
         std::size_t notUnderstood = 0;
     };

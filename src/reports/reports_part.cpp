@@ -9,6 +9,7 @@ ReportsPart::ReportsPart(Machine& machine, Desk& desk, SupportPart& support, Log
       paperReports{log.panel, log.contest, log.logFile, log.records, log.display, machine.printer},
       exports{log.form1, desk, support.directories, log.contest, machine.files, machine.environment.ShortDatePicture()},
       check{checkForm, desk, log.contest, log.editing, machine.files, support.directories} {
+    check.knownCalls = [&log] { return log.knownCalls.All(); };
     Bind(log.form1, log.guard);
 }
 

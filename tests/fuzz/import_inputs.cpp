@@ -6,7 +6,7 @@
 #include "contest/told_sections.h"
 #include "import/adif_reader.h"
 #include "import/cabrillo_reader.h"
-#include "import/call_history.h"
+#include "import/history_text.h"
 #include "import/log_text.h"
 #include "import/record_reader.h"
 
@@ -35,7 +35,7 @@ bool IsSound(const ImportedLog& log, std::size_t lines) {
 
 /// The history has no row with more or fewer columns than it names.
 bool MakesRows(const ImportedLog& log) {
-    CallHistory history;
+    GatheredHistory history;
     history.Add(log, ToldSections(), 2026);
     const std::string text = history.Text("");
     TextLines lines{text};

@@ -47,7 +47,7 @@ TEST_F(HistoryMakingTest, AsksForLogsUntilCancelAndThenWhereToSave) {
     EXPECT_TRUE(dialogs.boxes[1].starts_with("open \"Choose another log; Cancel ends with 1 log\""));
     EXPECT_TRUE(dialogs.boxes[2].starts_with("open \"Choose another log; Cancel ends with 2 logs\""));
     EXPECT_EQ(dialogs.boxes[3],
-              R"(save "" "Call History (*.txt) | *.txt" "/contest" "/contest/CallHistory.txt" prompt)");
+              R"(save "" "Call History (*.txt) | *.txt" "/contest" "/contest/GatheredHistory.txt" prompt)");
     EXPECT_EQ(Operations(), 0);
 }
 

@@ -1,4 +1,4 @@
-#include "import/call_history.h"
+#include "import/gathered_history.h"
 
 #include "import/contact_fields.h"
 #include "values/format.h"
@@ -21,7 +21,7 @@ std::string MomentOf(const Contact& contact, int presentYear) {
 
 }  // namespace
 
-void CallHistory::Add(const ImportedLog& log, const SectionList& sections, int presentYear) {
+void GatheredHistory::Add(const ImportedLog& log, const SectionList& sections, int presentYear) {
     for (const auto* contacts : {&log.contacts, &log.incomplete}) {
         for (const ImportedContact& imported : *contacts) {
             AddContact(imported.contact, sections, presentYear);
@@ -29,7 +29,7 @@ void CallHistory::Add(const ImportedLog& log, const SectionList& sections, int p
     }
 }
 
-void CallHistory::AddContact(const Contact& contact, const SectionList& sections, int presentYear) {
+void GatheredHistory::AddContact(const Contact& contact, const SectionList& sections, int presentYear) {
     const std::string call = UpperCase(Trim(contact.Call));
     const std::string section{sections.CodeOf(UpperCase(Trim(contact.Sec)))};
     const std::string check = Trim(contact.Ck);
@@ -48,13 +48,13 @@ void CallHistory::AddContact(const Contact& contact, const SectionList& sections
     }
 }
 
-void CallHistory::Keep(Known& known, std::string_view text, const std::string& moment) {
+void GatheredHistory::Keep(Known& known, std::string_view text, const std::string& moment) {
     if (moment >= known.moment) {
         known = {std::string{text}, moment};
     }
 }
 
-std::string CallHistory::Text(std::string_view comment) const {
+std::string GatheredHistory::Text(std::string_view comment) const {
     std::string text{kColumns};
     text.append(kLineEnd).append("# ").append(comment).append(kLineEnd);
     for (const auto& [call, row] : calls_) {

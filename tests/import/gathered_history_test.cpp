@@ -1,4 +1,4 @@
-#include "import/call_history.h"
+#include "import/gathered_history.h"
 
 #include <gtest/gtest.h>
 
@@ -25,7 +25,7 @@ ImportedContact Heard(const std::string& call, const std::string& check, const s
 
 /// The rows of the history that the logs make.
 std::string Rows(const std::vector<std::vector<ImportedContact>>& logs, const SectionList& sections = ToldSections()) {
-    CallHistory history;
+    GatheredHistory history;
     for (const auto& contacts : logs) {
         history.Add({.station = {}, .contacts = contacts, .incomplete = {}, .notes = {}}, sections, 2026);
     }
@@ -35,12 +35,12 @@ std::string Rows(const std::vector<std::vector<ImportedContact>>& logs, const Se
     return text.substr(head.size());
 }
 
-TEST(CallHistory, RowsStandInTheOrderOfTheCalls) {
+TEST(GatheredHistory, RowsStandInTheOrderOfTheCalls) {
     EXPECT_EQ(Rows({{Heard("W1XX", "72", "MDC", "2026/11/07"), Heard("K1AB", "63", "CT", "2026/11/07")}}),
               "K1AB,CT,63\r\nW1XX,MDC,72\r\n");
 }
 
-TEST(CallHistory, TheNewestContactCountsWhateverTheOrderOfTheLogs) {
+TEST(GatheredHistory, TheNewestContactCountsWhateverTheOrderOfTheLogs) {
     const auto older = Heard("W1XX", "72", "MDC", "2024/11/02");
     const auto newer = Heard("W1XX", "73", "VA", "2025/11/01");
     EXPECT_EQ(Rows({{older}, {newer}}), "W1XX,VA,73\r\n");
@@ -48,7 +48,7 @@ TEST(CallHistory, TheNewestContactCountsWhateverTheOrderOfTheLogs) {
     EXPECT_EQ(Rows({{newer, older}}), "W1XX,VA,73\r\n");
 }
 
-TEST(CallHistory, TheTimeDecidesWithinADayAndAMomentWithoutADateIsTheOldest) {
+TEST(GatheredHistory, TheTimeDecidesWithinADayAndAMomentWithoutADateIsTheOldest) {
     const auto early = Heard("W1XX", "72", "MDC", "2025/11/01", "21:04");
     const auto late = Heard("W1XX", "73", "VA", "2025/11/01", "21:04:30");
     EXPECT_EQ(Rows({{late, early}}), "W1XX,VA,73\r\n");
@@ -56,26 +56,26 @@ TEST(CallHistory, TheTimeDecidesWithinADayAndAMomentWithoutADateIsTheOldest) {
     EXPECT_EQ(Rows({{late, Heard("W1XX", "74", "OH", "11/1/2025", "21:04:30")}}), "W1XX,OH,74\r\n");
 }
 
-TEST(CallHistory, WhatTheNewerContactLacksTheOlderOneTells) {
+TEST(GatheredHistory, WhatTheNewerContactLacksTheOlderOneTells) {
     EXPECT_EQ(Rows({{Heard("W1XX", "72", "MDC", "2024/11/02"), Heard("W1XX", "", "VA", "2025/11/01")}}),
               "W1XX,VA,72\r\n");
 }
 
-TEST(CallHistory, WhatIsNoCallCheckOrSectionIsLeftOut) {
+TEST(GatheredHistory, WhatIsNoCallCheckOrSectionIsLeftOut) {
     EXPECT_EQ(Rows({{Heard("W1,XX", "72", "MDC", "2024/11/02"), Heard("", "72", "MDC", "2024/11/02"),
                      Heard("K1AB", "7", "C,T", "2024/11/02"), Heard("k2ab", "7O", " ct ", "2024/11/02"),
                      Heard("K3AB", "63", "", "2024/11/02")}}),
               "K2AB,CT,\r\nK3AB,,63\r\n");
 }
 
-TEST(CallHistory, AnAliasBecomesItsCode) {
+TEST(GatheredHistory, AnAliasBecomesItsCode) {
     const SectionList list = ReadSectionList(R"("MDC","Maryland-DC","3","","MD DC","",291,"","","")");
     EXPECT_EQ(Rows({{Heard("W1XX", "72", "MD", "2024/11/02")}}, list), "W1XX,MDC,72\r\n");
     EXPECT_EQ(Rows({{Heard("W1XX", "72", "MD", "2024/11/02")}}), "W1XX,MD,72\r\n");
 }
 
-TEST(CallHistory, RecordsThatAreTooLittleForALogTellWhatTheyHave) {
-    CallHistory history;
+TEST(GatheredHistory, RecordsThatAreTooLittleForALogTellWhatTheyHave) {
+    GatheredHistory history;
     history.Add(ReadAdif("<call:4>W1XX <arrl_sect:3>MDC <qso_date:8>20251101 <eor>"), ToldSections(), 2026);
     EXPECT_EQ(history.Count(), 1U);
     EXPECT_NE(history.Text("").find("W1XX,MDC,\r\n"), std::string::npos);

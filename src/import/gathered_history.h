@@ -12,7 +12,7 @@ namespace tallyhut {
 
 /// The check and section of each call that the logs of some years hold. Of two contacts with a call the newer one
 /// counts, and of the same moment the one that came later; a contact that lacks one of the two leaves the older one's.
-class CallHistory {
+class GatheredHistory {
 public:
     /// Takes the contacts of a log, the incomplete ones too. An alias of the list becomes its code.
     ///

@@ -6,7 +6,7 @@
 #include "contest/told_sections.h"
 #include "import/adif_reader.h"
 #include "import/cabrillo_reader.h"
-#include "import/history_text.h"
+#include "import/gathered_history.h"
 #include "import/log_text.h"
 #include "import/record_reader.h"
 

@@ -147,8 +147,8 @@ std::vector<CallKey> CallHistory::Calls() const {
 
 void CallHistory::Add(CallKey call, std::string_view check, std::string_view section) {
     Row& row = rows_.emplace_back(Row{.call = call});
-    std::ranges::copy(check, row.check.begin());
-    std::ranges::copy(section, row.section.begin());
+    check.copy(row.check.data(), row.check.size());
+    section.copy(row.section.data(), row.section.size());
 }
 
 void CallHistory::Settle() {

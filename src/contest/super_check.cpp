@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <numeric>
 #include <optional>
-#include <ranges>
 
 #include "contest/call_digits.h"
 #include "contest/worked_before.h"
@@ -87,10 +86,10 @@ std::vector<std::string_view> SuperCheck::Holding(std::string_view text, std::si
 }
 
 void SuperCheck::AddBeginning(std::string_view text, std::size_t most, std::vector<std::string_view>& found) const {
-    const auto places = std::views::iota(Place{0}, static_cast<Place>(calls_.size()));
-    const auto first = std::ranges::lower_bound(places, text, {}, [this](Place place) { return Call(place); });
-    for (auto place = first; place != places.end() && found.size() < most && Call(*place).starts_with(text); ++place) {
-        found.push_back(Call(*place));
+    const auto first = std::ranges::lower_bound(calls_, KeyOfCall(text).value_or(~CallKey{0}));
+    for (auto place = static_cast<Place>(first - calls_.begin());
+         place < calls_.size() && found.size() < most && Call(place).starts_with(text); ++place) {
+        found.push_back(Call(place));
     }
 }
 

@@ -7,14 +7,17 @@ namespace tallyhut {
 namespace {
 
 constexpr std::size_t kListLength = 125;
-constexpr std::size_t kLooks = 1024;
+constexpr std::size_t kLooks = 4096;
 
-/// What most calls differ in, so that a row that is none of a few is told by one look.
+/// What most calls differ in, their last characters, so that a row that is none of a few is told by one look.
 std::size_t LookOf(std::string_view call) {
-    constexpr unsigned kShift = 3;
-    const auto first = static_cast<unsigned char>(call.front());
-    const auto last = static_cast<unsigned char>(call.back());
-    return ((static_cast<std::size_t>(first) << kShift) ^ last ^ call.size()) % kLooks;
+    constexpr std::size_t kBase = 37;
+    constexpr std::size_t kCharacters = 3;
+    std::size_t look = 0;
+    for (const char character : call.substr(call.size() - std::min(call.size(), kCharacters))) {
+        look = look * kBase + static_cast<unsigned char>(character);
+    }
+    return look % kLooks;
 }
 
 }  // namespace
@@ -31,13 +34,13 @@ std::optional<std::int32_t> WorkedBefore(const ContactLog& log, std::string_view
 std::vector<bool> WorkedAmong(const ContactLog& log, const std::vector<std::string_view>& calls) {
     std::bitset<kLooks> looks;
     for (const std::string_view call : calls) {
-        looks.set(call.empty() ? 0 : LookOf(call));
+        looks.set(LookOf(call));
     }
     std::vector<bool> worked(calls.size());
     const std::int32_t rows = calls.empty() ? 0 : log.gContactCount;
     for (std::int32_t row = 1; row <= rows; ++row) {
         const std::string& call = log.Row(row).Call;
-        if (!looks.test(call.empty() ? 0 : LookOf(call))) {
+        if (!looks.test(LookOf(call))) {
             continue;
         }
         const auto same = std::ranges::find(calls, call);

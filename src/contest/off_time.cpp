@@ -8,7 +8,6 @@ namespace tallyhut {
 namespace {
 
 constexpr std::int64_t kSecondsAMinute = 60;
-constexpr std::int64_t kMinutesAnHour = 60;
 
 /// What the minutes from one contact to the next add, the next one's own included.
 std::int64_t Operated(ContestMinute from, ContestMinute to) {

@@ -21,7 +21,6 @@ constexpr std::string_view kPrecedences = "QABUMS";
 constexpr const char* kLetterO = "the letter O where a zero belongs";
 constexpr const char* kFirstTag = "START-OF-LOG";
 constexpr ContestMinute kHopMinutes = 10;
-constexpr ContestMinute kADay = 24 * 60;
 
 using Objection = std::optional<std::string>;
 using Findings = std::vector<Finding>;
@@ -207,7 +206,7 @@ void TimesOutOfOrder(const Subject& subject, Findings& findings) {
             return {};
         }
         const std::optional<ContestMinute> last = std::exchange(before, minute);
-        return last > minute ? Objection{"earlier than the contact before it, at " + ClockText(*last % kADay)}
+        return last > minute ? Objection{"earlier than the contact before it, at " + ClockText(*last % kMinutesADay)}
                              : Objection{};
     });
 }

@@ -18,7 +18,7 @@ std::int64_t Operated(ContestMinute from, ContestMinute to) {
 }  // namespace
 
 std::string ClockText(std::int64_t minutes) {
-    return FormatNumber(minutes / kMinutesAnHour, "00") + ':' + FormatNumber(minutes % kMinutesAnHour, "00");
+    return FormatNumber(minutes / kMinutesOfAnHour, "00") + ':' + FormatNumber(minutes % kMinutesOfAnHour, "00");
 }
 
 ContestMinute MinuteOf(const DateTime& utc) {

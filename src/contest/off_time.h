@@ -15,10 +15,10 @@ namespace tallyhut {
 // A log has whole minutes, so off is what lies between two contacts with 30 empty minutes or more between them: behind
 // 21:00 it is 21:31 before the next one. All other minutes from the first contact to the last are operated.
 
-inline constexpr std::int64_t kMinutesAnHour = 60;
-inline constexpr std::int64_t kMinutesADay = 24 * kMinutesAnHour;
+inline constexpr std::int64_t kMinutesOfAnHour = 60;
+inline constexpr std::int64_t kMinutesOfADay = 24 * kMinutesOfAnHour;
 /// The minutes that a station may operate.
-inline constexpr std::int64_t kMinutesToOperate = 24 * kMinutesAnHour;
+inline constexpr std::int64_t kMinutesToOperate = 24 * kMinutesOfAnHour;
 /// The empty minutes that are off.
 inline constexpr std::int64_t kLeastOffTime = 30;
 

@@ -18,13 +18,13 @@ constexpr const char* kOff = "0";
 
 constexpr std::array<std::int64_t, 2> kWarnings{30, 5};  ///< minutes left
 constexpr Colour kRed = 0x0000FF;
-constexpr std::int64_t kLongest = 100 * kMinutesAnHour - 1;  ///< that two digits of hours tell
+constexpr std::int64_t kLongest = 100 * kMinutesOfAnHour - 1;  ///< that two digits of hours tell
 
 std::string SilenceCaption(const OffTime& at) {
     if (at.silence == 0) {
         return "Silence";
     }
-    return at.IsOff() ? "Off time" : "Silence, off at " + ClockText(*at.offFrom % kMinutesADay);
+    return at.IsOff() ? "Off time" : "Silence, off at " + ClockText(*at.offFrom % kMinutesOfADay);
 }
 
 }  // namespace

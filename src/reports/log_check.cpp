@@ -206,7 +206,7 @@ void TimesOutOfOrder(const Subject& subject, Findings& findings) {
             return {};
         }
         const std::optional<ContestMinute> last = std::exchange(before, minute);
-        return last > minute ? Objection{"earlier than the contact before it, at " + ClockText(*last % kMinutesADay)}
+        return last > minute ? Objection{"earlier than the contact before it, at " + ClockText(*last % kMinutesOfADay)}
                              : Objection{};
     });
 }

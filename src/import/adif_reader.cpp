@@ -10,6 +10,7 @@
 #include "import/contact_fields.h"
 #include "import/log_text.h"
 #include "values/text.h"
+#include "values/text_lines.h"
 
 namespace tallyhut {
 namespace {
@@ -75,7 +76,7 @@ std::optional<Tag> TagAt(std::string_view text, std::size_t at) {
     }
     const std::string_view inside = near.substr(1, close - 1);
     const std::size_t colon = std::min(inside.find(':'), inside.size());
-    Tag tag{.name = UpperCase(Stripped(inside.substr(0, colon))), .length = {}, .dataAt = at + close + 1};
+    Tag tag{.name = UpperCase(Bare(inside.substr(0, colon))), .length = {}, .dataAt = at + close + 1};
     if (colon < inside.size()) {
         const std::string_view behind = inside.substr(colon + 1);
         tag.length = behind.substr(0, behind.find(':'));
@@ -92,7 +93,7 @@ struct Exchange {
 Exchange SplitExchange(std::string_view text) {
     std::vector<std::string_view> words;
     constexpr std::size_t kMostWords = 5;
-    for (text = Stripped(text); !text.empty() && words.size() < kMostWords; text = Stripped(text)) {
+    for (text = Bare(text); !text.empty() && words.size() < kMostWords; text = Bare(text)) {
         words.push_back(text.substr(0, text.find(' ')));
         text.remove_prefix(words.back().size());
     }
@@ -256,7 +257,7 @@ private:
         if (!field.empty()) {
             record.Damage(std::string{name} + " stands there twice");
         }
-        field = Stripped(data);
+        field = Bare(data);
     }
 
     std::string_view Beginning() const { return text.substr(record.at, std::min(at, text.size()) - record.at); }

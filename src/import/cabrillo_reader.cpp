@@ -6,6 +6,7 @@
 #include "import/contact_fields.h"
 #include "import/log_text.h"
 #include "values/text.h"
+#include "values/text_lines.h"
 
 namespace tallyhut {
 namespace {
@@ -93,9 +94,9 @@ constexpr std::string_view kPhoneContest = "SSB";
 /// How many words the text has, the array's size for more than it holds.
 std::size_t TakeWords(std::string_view text, QsoWords& words) {
     std::size_t count = 0;
-    for (text = Stripped(text); !text.empty() && count < words.size(); ++count) {
+    for (text = Bare(text); !text.empty() && count < words.size(); ++count) {
         words.at(count) = text.substr(0, text.find_first_of(kBlanks));
-        text = Stripped(text.substr(words.at(count).size()));
+        text = Bare(text.substr(words.at(count).size()));
     }
     return count;
 }
@@ -107,7 +108,7 @@ struct Reader {
 
     void ReadAll() {
         while (!lines.AtEnd()) {
-            if (const std::string_view line = Stripped(lines.Take()); !line.empty()) {
+            if (const std::string_view line = lines.Take(); !line.empty()) {
                 ReadLine(line);
             }
         }
@@ -118,15 +119,15 @@ private:
     void ReadLine(std::string_view line) {
         const std::size_t colon = line.size() > kLongestLine ? std::string_view::npos : line.find(':');
         if (colon == std::string_view::npos) {
-            log.notes.Add(lines.number, line, "Not understood: no line of Cabrillo");
+            log.notes.Add(lines.Number(), line, "Not understood: no line of Cabrillo");
             return;
         }
-        const std::string tag = UpperCase(Stripped(line.substr(0, colon)));
-        const std::string_view value = Stripped(line.substr(colon + 1));
+        const std::string tag = UpperCase(Bare(line.substr(0, colon)));
+        const std::string_view value = Bare(line.substr(colon + 1));
         if (tag == "QSO") {
             ReadContact(line, value);
         } else if (tag == "X-QSO") {
-            log.notes.Add(lines.number, line, "Left out: marked as not counting (X-QSO)");
+            log.notes.Add(lines.Number(), line, "Left out: marked as not counting (X-QSO)");
         } else {
             ReadTag(line, tag, value);
         }
@@ -139,7 +140,7 @@ private:
         } else if (tag == "CONTEST") {
             log.station.phone = UpperCase(value).find(kPhoneContest) != std::string::npos;
         } else if (!tag.starts_with("X-") && std::ranges::find(kOtherTags, tag) == kOtherTags.end()) {
-            log.notes.Add(lines.number, line, "Not understood: unknown tag");
+            log.notes.Add(lines.Number(), line, "Not understood: unknown tag");
         }
     }
 
@@ -154,7 +155,7 @@ private:
         const std::size_t count = TakeWords(text, words);
         const bool hasTransmitter = count == kQsoWords + 1 && IsDigits(words[kQsoWords]);
         if (count != kQsoWords && !hasTransmitter) {
-            log.notes.Add(lines.number, line, "Not understood: a contact has 14 words");
+            log.notes.Add(lines.Number(), line, "Not understood: a contact has 14 words");
             return;
         }
         ContactFields fields = FieldsOf(words);
@@ -162,10 +163,10 @@ private:
             fields.refused = '"' + std::string{words[kMode]} + "\" is no mode of the contest";
         }
         if (!fields.refused.empty()) {
-            log.notes.Add(lines.number, line, "Not understood: " + fields.refused);
+            log.notes.Add(lines.Number(), line, "Not understood: " + fields.refused);
             return;
         }
-        log.contacts.push_back({std::move(fields.contact), lines.number});
+        log.contacts.push_back({std::move(fields.contact), lines.Number()});
         TakeStation(words);
     }
 
@@ -207,7 +208,7 @@ private:
 }  // namespace
 
 ImportedLog ReadCabrillo(std::string_view text) {
-    Reader reader{.lines = {text}, .log = {}, .fromContacts = {}};
+    Reader reader{.lines = TextLines{text}, .log = {}, .fromContacts = {}};
     reader.ReadAll();
     return std::move(reader.log);
 }

@@ -10,6 +10,7 @@
 #include "import/record_reader.h"
 #include "platform/platform_error.h"
 #include "values/number.h"
+#include "values/utf8.h"
 
 namespace tallyhut {
 namespace {
@@ -18,7 +19,7 @@ constexpr std::uint64_t kMegabyte = 1'000'000;
 constexpr std::uint64_t kLongestFile = 200 * kMegabyte;
 constexpr std::uint64_t kLongFile = 5 * kMegabyte;  // what takes a time that is felt
 
-ImportedLog LogIn(const std::string& text, const std::string& path, OwnLogs ownLogs) {
+ImportedLog LogIn(std::string_view text, const std::string& path, OwnLogs ownLogs) {
     switch (FormatOf(text)) {
         case LogFormat::Cabrillo:
             return ReadCabrillo(text);
@@ -72,7 +73,9 @@ ImportedLog LogReading::Read(const std::string& path, OwnLogs ownLogs) const {
     if (length >= kLongFile) {
         message.Write("Reading " + path.substr(path.rfind('/') + 1) + ", " + PlainText(length / kMegabyte) + " MB ...");
     }
-    return LogIn(WithoutMark(file->Part(0, static_cast<std::size_t>(length))), path, ownLogs);
+    const std::string bytes = file->Part(0, static_cast<std::size_t>(length));
+    std::string room;
+    return LogIn(PlainBytesOf(bytes, room), path, ownLogs);
 }
 
 }  // namespace tallyhut

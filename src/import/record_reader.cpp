@@ -1,6 +1,6 @@
 #include "import/record_reader.h"
 
-#include "import/log_text.h"
+#include "values/text_lines.h"
 #include "values/value_error.h"
 
 namespace tallyhut {
@@ -15,9 +15,9 @@ ImportedLog ReadRecords(std::string_view text) {
             continue;
         }
         try {
-            log.contacts.push_back({ReadRecord(fields), lines.number});
+            log.contacts.push_back({ReadRecord(fields), lines.Number()});
         } catch (const ValueError&) {
-            log.notes.Add(lines.number, line, "Not understood: no record of a contact");
+            log.notes.Add(lines.Number(), line, "Not understood: no record of a contact");
         }
     }
     return log;

@@ -18,10 +18,20 @@ std::string_view Bare(std::string_view text) {
 }
 
 std::string_view TextLines::Take() {
-    const std::size_t length = std::min(rest_.find(end_), rest_.size());
-    const std::string_view line = rest_.substr(0, length);
-    rest_.remove_prefix(std::min(length + 1, rest_.size()));
-    return Bare(line);
+    ++number_;
+    const std::string_view line = text_.substr(at_, lineFeed_ - at_);
+    const std::size_t length = std::min(line.find('\r'), line.size());
+    at_ += length;
+    at_ += at_ < lineFeed_ && at_ + 1 == lineFeed_ ? 2 : 1;  // CR LF ends one line
+    at_ = std::min(at_, text_.size());
+    if (at_ > lineFeed_) {
+        FindLineFeed();
+    }
+    return Bare(line.substr(0, length));
+}
+
+void TextLines::FindLineFeed() {
+    lineFeed_ = std::min(text_.find('\n', at_), text_.size());
 }
 
 }  // namespace tallyhut

@@ -9,6 +9,8 @@
 #include "import/gathered_history.h"
 #include "import/log_text.h"
 #include "import/record_reader.h"
+#include "values/text_lines.h"
+#include "values/utf8.h"
 
 namespace tallyhut {
 namespace {
@@ -52,7 +54,8 @@ bool MakesRows(const ImportedLog& log) {
 }  // namespace
 
 bool TakesImportInput(std::string_view bytes) {
-    const std::string text = WithoutMark(std::string{bytes});
+    std::string room;
+    const std::string_view text = PlainBytesOf(bytes, room);
     FormatOf(text);
     const auto ends = std::ranges::count_if(text, [](char c) { return c == '\r' || c == '\n'; });
     const std::size_t lines = static_cast<std::size_t>(ends) + 1;

@@ -2,7 +2,10 @@
 
 #include <gtest/gtest.h>
 
+#include <string>
 #include <vector>
+
+#include "values/utf8.h"
 
 namespace tallyhut {
 namespace {
@@ -19,11 +22,11 @@ std::string Utf16(const std::string& text, bool bigEndian) {
 
 TEST(LogText, FilesInUtf16AndInUtf8WithAMarkAreReadAsAnyOther) {
     for (const std::string& bytes : {kQso, "\xEF\xBB\xBF" + kQso, Utf16(kQso, false), Utf16(kQso, true)}) {
-        const std::string text = WithoutMark(bytes);
+        std::string room;
+        const std::string text{PlainBytesOf(bytes, room)};
         EXPECT_EQ(text, kQso);
         EXPECT_EQ(FormatOf(text), LogFormat::Cabrillo);
     }
-    EXPECT_EQ(WithoutMark(std::string{"\xFF\xFE\x42\x01\x41", 5}), "?");
 }
 
 TEST(LogText, WhatStandsFirstSaysTheFormat) {
@@ -46,16 +49,6 @@ TEST(LogText, WhatStandsFirstSaysTheFormat) {
     for (const auto& [text, format] : rows) {
         EXPECT_EQ(FormatOf(text), format) << text;
     }
-}
-
-TEST(LogText, EveryKindOfLineEndEndsALine) {
-    TextLines lines{"a\r\nb\nc\r\rd"};
-    std::string all;
-    while (!lines.AtEnd()) {
-        all += std::string{lines.Take()};
-        all += std::to_string(lines.number) + ' ';
-    }
-    EXPECT_EQ(all, "a1 b2 c3 4 d5 ");
 }
 
 }  // namespace

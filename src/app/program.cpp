@@ -82,6 +82,9 @@ void Program::Connect() {
     form1.mnuTaskbar.Click = [this] { layout.mnuTaskbar_Click(); };
     form1.mnuAbout.Click = [this] { machine.dialogs.Show(AboutBox()); };
     logPart.sectionSetup.changed = [this] {
+        if (logPart.form1.lblHint.IsShown()) {
+            logPart.panel.message.Write("");  // the operator has followed it
+        }
         layout.LayOutMainForm();
         viewsPart.sectionMap.ShowOtherSections();
         spotsPart.posts.MarkNeededSections();
@@ -255,6 +258,7 @@ void Program::GiveSections() {
     try {
         if (sections_ && !logPart.sectionChoice.FolderHasList()) {
             machine.files.Replace(logPart.sectionChoice.Path(), *sections_);
+            startUp.sectionsAreGiven = true;
         }
     } catch (const PlatformError& failure) {
         EndForFailure(std::string{"The sections of the contest cannot be kept. "} + failure.what());

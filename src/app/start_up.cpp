@@ -67,6 +67,9 @@ void StartUp::LoadSteps() {
         log.sectionSetup.AskForNewContest();
     }
     log.question.PromptLogStart();
+    if (sectionsAreGiven) {
+        log.sectionSetup.TellLost();
+    }
     readCwMessages();
     openSpotSource();
     layout.LayOutMainForm();

@@ -14,7 +14,8 @@ struct StartUp {
     LogPart& log;
     MainFormLayout& layout;
 
-    bool asksForSections = false;  ///< of a contest that begins
+    bool asksForSections = false;   ///< of a contest that begins
+    bool sectionsAreGiven = false;  ///< to a folder that may have a log of others already
 
     // Steps that other parts of the program add.
     std::function<void()> readVoiceSettings = [] {};

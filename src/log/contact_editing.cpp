@@ -242,7 +242,9 @@ std::string_view ContactEditing::SectionCode() const {
 }
 
 bool ContactEditing::HasSection() {
-    if (contest.sections.Find(SectionCode()) != 0) {
+    // Of another list that the contest had before: the rest of such a contact can be edited all the same.
+    const bool isAsLogged = contest.sections.Chosen() != nullptr && SectionCode() == contest.log.Row(editedRow).Sec;
+    if (contest.sections.Find(SectionCode()) != 0 || isAsLogged) {
         return true;
     }
     dialog.Label2.SetVisible(true);

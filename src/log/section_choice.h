@@ -24,8 +24,8 @@ struct SectionChoice {
     std::string inForce = {};  ///< the file that is in force, as it stands; empty for ToldSections
 
     std::string Path() const { return WorkingFile(directories, kSectionsFile); }
-    /// Whether the folder has a list, whatever it holds. Throws PlatformError when that cannot be told.
-    bool FolderHasList() const { return files.FileExists(Path()); }
+    /// Whether the folder has a list, whatever stands under its name. Throws PlatformError when that cannot be told.
+    bool FolderHasList() const { return files.FileExists(Path()) || files.FolderExists(Path()); }
     /// Puts in force what the folder says, and shows its sections, none of them worked: whoever calls it lays out the
     /// form and reads the log again. A file that is damaged or cannot be read is told with line and reason, and
     /// ToldSections stand.

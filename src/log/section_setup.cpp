@@ -5,7 +5,8 @@
 
 #include "platform/platform_error.h"
 #include "values/number.h"
-#include "values/text.h"
+#include "values/text_lines.h"
+#include "values/utf8.h"
 #include "values/value_error.h"
 
 namespace tallyhut {
@@ -19,11 +20,8 @@ constexpr std::array<std::string_view, kSectionHeadings> kAreas{"1", "2", "3", "
 
 /// What the file itself says of its list: its first comment.
 std::string FirstComment(std::string_view file) {
-    if (!file.starts_with('#')) {
-        return "";
-    }
-    const std::string_view line = file.substr(1, file.find_first_of("\r\n") - 1);
-    return std::string{Trim(line)};
+    const std::string text = Latin1Of(file);
+    return text.starts_with('#') ? std::string{Bare(TextLines{text}.Take().substr(1))} : "";
 }
 
 std::string Joined(const std::vector<std::string>& words) {
@@ -195,7 +193,6 @@ void SectionSetup::Follow() {
     TellLost();
 }
 
-/// Names the contacts of sections that are none now.
 void SectionSetup::TellLost() {
     const Contest& contest = choice.contest;
     std::string named;

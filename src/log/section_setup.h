@@ -28,6 +28,8 @@ struct SectionSetup {
 
     /// Returns when the dialog has been closed.
     void mnuSections_Click();
+    /// Names the contacts of sections that the list in force lacks, if there are any.
+    void TellLost();
     /// The same question for a folder that has neither log nor list, before anything is logged there.
     void AskForNewContest();
 
@@ -44,7 +46,6 @@ private:
     Offer OfferOfFolder();
     bool MayReplace();
     void Follow();
-    void TellLost();
     void ShowInForce();
     void ShowOffers(int row);
     void TellFailure(const std::exception& failure);

@@ -90,10 +90,12 @@ TEST_F(OffTimeClockTest, AChoiceThatCannotBeStoredCountsAndIsTold) {
 
 TEST_F(OffTimeClockTest, AListPutInForceSwitchesItOnWhereNothingIsChosen) {
     StartOnDesk();
-    program->logPart.sectionChoice.PutInForce(ReadSectionList(kList));
+    files.Put("/contest/Sections.txt", kList);
+    program->logPart.sectionChoice.TakeFromFolder();
     PassTime(1'000);
     EXPECT_EQ(Clock(), "24:00||Silence");
-    program->logPart.sectionChoice.PutInForce(std::nullopt);
+    files.Remove("/contest/Sections.txt");
+    program->logPart.sectionChoice.TakeFromFolder();
     PassTime(1'000);
     EXPECT_EQ(Clock(), "");
 }

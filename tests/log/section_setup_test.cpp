@@ -239,6 +239,41 @@ TEST_F(SectionSetupTest, TheHintGoesWhereTheMessageGoes) {
     EXPECT_EQ(LogLines().size(), 1U);
 }
 
+TEST_F(SectionSetupTest, AHintThatIsFollowedGoesWithItsMessage) {
+    StartOnDesk();
+    LogWith("NS");
+    Setup([&] { UseRow(0); });
+    EXPECT_EQ(Hint(), "");
+    EXPECT_EQ(Main().lblDialog.Caption(), "");
+    Press("Enter");
+    EXPECT_EQ(LogLines().size(), 1U);
+}
+
+TEST_F(SectionSetupTest, AContactOfAnotherListCanBeEditedButForItsSection) {
+    files.Put(kListPath, kList2023);
+    StartOnDesk({Worked("VE1XX", "MAR")});
+    ClickRow(0);
+    Meanwhile([this] {
+        Fill(EditForm().txtEditCk, "73");
+        Fill(EditForm().txtEditSec, "GTA");
+        Click(EditForm().cmdDone);
+        EXPECT_TRUE(EditForm().Label2.State().visible);
+        Fill(EditForm().txtEditSec, "MAR");
+        Click(EditForm().cmdDone);
+    });
+    Click(Main().cmdEdit);
+    EXPECT_NE(LogOnDisk().find(R"("73","MAR",)"), std::string::npos) << LogOnDisk();
+}
+
+TEST_F(SectionSetupTest, AFolderUnderTheListsNameIsTold) {
+    StartOnDesk();
+    files.AddFolder(kListPath);
+    Setup([&] {
+        Pick(2);
+        EXPECT_EQ(RowOf(Dialog().lstSections, 2), "Sections.txt||Damaged");
+    });
+}
+
 TEST_F(SectionSetupTest, WhatNoShippedListKnowsHasNoHint) {
     StartOnDesk();
     LogWith("XYZ");
@@ -316,9 +351,9 @@ TEST_F(NewContestTest, SectionsToldOnTheCommandLineAreNotAskedFor) {
 }
 
 struct SectionsOptionTest : SectionSetupTest {
-    void StartWithOption(const std::string& nameOrPath) {
+    void StartWithOption(const std::string& nameOrPath, const std::vector<Contact>& contacts = {}) {
         files.Put(kPreferencesPath, WritePreferences(stored));
-        files.Put(kLogPath, "");
+        PutLog(contacts);
         files.Put(kWavesPath, kNoWaves);
         MakeProgram();
         program->TakeSections(nameOrPath);
@@ -344,6 +379,11 @@ TEST_F(SectionsOptionTest, AShippedListIsGivenByItsName) {
     StartWithOption("2023");
     EXPECT_EQ(ListOnDisk(), kList2023);
     EXPECT_EQ(program->sections.gSectionCount, 3);
+}
+
+TEST_F(SectionsOptionTest, ContactsThatItLacksAreNamed) {
+    StartWithOption("2023", {Worked("W1XX", "CT"), Worked("VE1XX", "MAR")});
+    EXPECT_NE(dialogs.boxes.back().find("2  MAR"), std::string::npos) << dialogs.boxes.back();
 }
 
 TEST_F(SectionsOptionTest, AFileIsGivenByItsPath) {

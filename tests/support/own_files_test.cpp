@@ -23,7 +23,7 @@ std::string RefusalOf(const Files& files, const Directories& directories, const 
 TEST(OwnFiles, WhatTheContestLivesByIsRefusedByName) {
     sim::Files files;
     const Directories directories{.WorkingDirectory = "/contest", .DataDirectory = {}, .SharedDirectory = {}};
-    for (const std::string name : {"Log.txt", "nspref.txt", "nsonoff.txt"}) {
+    for (const std::string name : {"Log.txt", "nspref.txt", "nsonoff.txt", "Sections.txt"}) {
         files.Put("/contest/" + name, "");
         for (const std::string& path : {"/contest/" + name, name, "../contest/./" + name}) {
             EXPECT_EQ(RefusalOf(files, directories, path),

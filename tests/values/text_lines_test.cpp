@@ -27,7 +27,8 @@ TEST(TextLines, EndAsAnyEditorEndsThem) {
 TEST(TextLines, EveryKindOfEndEndsALineAndEachIsCounted) {
     std::string all;
     for (TextLines lines{"a\r\nb\nc\r\rd\n\re\r\n"}; !lines.AtEnd();) {
-        all += std::to_string(lines.At()) + ':' + std::string{lines.Take()};
+        all += std::to_string(lines.At()) + ':';
+        all += lines.Take();
         all += std::to_string(lines.Number()) + ' ';
     }
     EXPECT_EQ(all, "0:a1 3:b2 5:c3 7:4 8:d5 10:6 11:e7 ");

@@ -108,9 +108,8 @@ SectionSetup::Offer SectionSetup::OfferOfFolder() {
 void SectionSetup::ShowInForce() {
     const std::string_view name =
         choice.inForce.empty() ? kToldSectionsName : NameOfFile(shipped.Lists(), choice.inForce);
-    const std::int32_t count = choice.contest.sections.List().Count();
-    dialog.lblSections.SetCaption(std::string{name.empty() ? kSectionsFile : name} + ", " + PlainText(count) +
-                                  (count == 1 ? " section" : " sections"));
+    dialog.lblSections.SetCaption(std::string{name.empty() ? kSectionsFile : name} + ", " +
+                                  PlainText(choice.contest.sections.List().Count()) + " sections");
 }
 
 void SectionSetup::ShowOffers(int row) {

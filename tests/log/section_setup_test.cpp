@@ -144,7 +144,7 @@ TEST_F(SectionSetupTest, AListOfAnybodysMakingIsLostOnlyIfTheOperatorSaysSo) {
     StartOnDesk();
     dialogs.answers = {Answer::No, Answer::Yes};
     Setup([&] {
-        EXPECT_EQ(Dialog().lblSections.Caption(), "Sections.txt, 1 section");
+        EXPECT_EQ(Dialog().lblSections.Caption(), "Sections.txt, 1 sections");
         EXPECT_EQ(RowOf(Dialog().lstSections, 2), "Sections.txt|1|In the folder of this contest");
         EXPECT_EQ(Dialog().lstSections.Row(), 2);
         UseRow(1);

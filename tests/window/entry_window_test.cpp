@@ -1,5 +1,6 @@
 #include <csignal>
 #include <filesystem>
+#include <utility>
 
 #include "tests/window/window_fixture.h"
 

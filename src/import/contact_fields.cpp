@@ -46,6 +46,11 @@ std::string_view BandOf(double megahertz) {
     return megahertz > 0 && megahertz < kBeyondAllBands ? ContestBand(static_cast<float>(megahertz)) : "";
 }
 
+std::string NoSuch(std::string_view what, std::string_view text) {
+    std::string told = '"' + std::string{text.substr(0, kShown)} + (text.size() > kShown ? "..." : "") + "\" is no ";
+    return told.append(what);
+}
+
 /// "20261107" of that, of "2026-11-07" and of "2026/11/07".
 std::string DateDigits(std::string_view date) {
     constexpr std::array<std::size_t, 2> kStrokes{4, 7};
@@ -79,8 +84,7 @@ ModeKind KindOfMode(std::string_view mode) {
 
 void ContactFields::Refuse(std::string_view what, std::string_view text) {
     if (refused.empty()) {
-        refused = '"' + std::string{text.substr(0, kShown)} + (text.size() > kShown ? "..." : "") + "\" is no ";
-        refused += what;
+        refused = NoSuch(what, text);
     }
 }
 
@@ -179,14 +183,19 @@ void ContactFields::TakeKilohertz(std::string_view frequency) {
 }
 
 void ContactFields::TakeMegahertz(std::string_view frequency) {
-    const std::optional<double> megahertz = ParseNumber(frequency);
-    const std::string_view band = BandOf(megahertz.value_or(0));
-    if (band.empty() || (!contact.Bnd.empty() && contact.Bnd != band)) {
-        Refuse(contact.Bnd.empty() ? "frequency of the contest" : "frequency of the band", frequency);
-        return;
+    std::string number = Trim(frequency);
+    if (const std::size_t comma = number.find(','); comma != std::string::npos) {
+        number[comma] = '.';
     }
-    contact.Bnd = band;
-    contact.Frq = Trim(frequency);
+    const std::string_view band = BandOf(ParseNumber(number).value_or(0));
+    if (!contact.Bnd.empty() && contact.Bnd != band) {
+        remark = NoSuch("frequency of the band", frequency);
+    } else if (band.empty()) {
+        Refuse("frequency of the contest", frequency);
+    } else {
+        contact.Bnd = band;
+        contact.Frq = number;
+    }
 }
 
 }  // namespace tallyhut

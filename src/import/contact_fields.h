@@ -12,6 +12,7 @@ namespace tallyhut {
 struct ContactFields {
     Contact contact = {};
     std::string refused = {};  ///< empty while all could be taken
+    std::string remark = {};   ///< on a frequency that was left out; empty for none
 
     /// The serial numbers: digits, without zeros before them.
     void TakeSent(std::string_view serial);
@@ -29,6 +30,7 @@ struct ContactFields {
     void TakeBand(std::string_view band);
     /// Kilohertz; the lower edge of a band says the band alone.
     void TakeKilohertz(std::string_view frequency);
+    /// With a point or a comma. One that is of no use is left out where the band is known.
     void TakeMegahertz(std::string_view frequency);
 
 private:

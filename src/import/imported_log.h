@@ -49,6 +49,7 @@ struct ImportedLog {
     std::vector<ImportedContact> contacts;    ///< in the order of the file
     std::vector<ImportedContact> incomplete;  ///< with a call, and without something that a contact must have
     ImportNotes notes;                        ///< on what is not among the contacts
+    ImportNotes remarks = {};                 ///< on what is, and on the station
 };
 
 }  // namespace tallyhut

@@ -131,7 +131,7 @@ void LogImport::Import(const std::string& path) {
                        Counted(sections.gSectionsWorked, "section", "sections") + ", score " +
                        PlainText(Score(sections.gSectionsWorked, count)) + ", now in " + folder + ". " +
                        Counted(log.notes.count, "line was", "lines were") + " not imported.";
-    ImportNotes all = Joined(std::move(log.notes), std::move(remarks));
+    ImportNotes all = Joined(Joined(std::move(log.notes), std::move(log.remarks)), std::move(remarks));
     const std::string more = MoreNotes(all);
     Report(told + more, std::move(all));
 }

@@ -93,6 +93,14 @@ TEST(RoundTrip, AdifWithTheExchangeIsReadBackEqual) {
     EXPECT_EQ(log.station.phone, false);
 }
 
+TEST(RoundTrip, ACommentMayHoldTheEndOfARecord) {
+    const AdifExchange details{.title = "Tallyhut Log 4.7", .writtenAt = "", .power = "100", .comment = "a<EOR>b"};
+    const ImportedLog log =
+        ReadAdif(AdifExchangeText(details, CwStation(), LogOf(PlainContacts()), ToldSections(), 2026));
+    EXPECT_EQ(ContactsOf(log), PlainContacts());
+    EXPECT_EQ(Shown(log.notes), std::vector<std::string>{});
+}
+
 TEST(RoundTrip, AdifWithoutTheExchangeIsIncomplete) {
     const AdifExport details{
         .title = "Tallyhut Log 4.7", .exportedAt = "", .power = "100", .comment = "", .phone = false};

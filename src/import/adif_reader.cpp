@@ -9,6 +9,7 @@
 
 #include "import/contact_fields.h"
 #include "import/log_text.h"
+#include "import/station_fields.h"
 #include "values/text.h"
 #include "values/text_lines.h"
 
@@ -182,6 +183,7 @@ ContactFields ContactOf(const Record& record) {
         Row{kFrequency, &ContactFields::TakeMegahertz}, Row{kSent, &ContactFields::TakeSent},
         Row{kReceived, &ContactFields::TakeReceived},   Row{kPrecedence, &ContactFields::TakePrecedence},
         Row{kCheck, &ContactFields::TakeCheck},         Row{kSection, &ContactFields::TakeSection},
+        Row{kMode, &ContactFields::TakeMode},
     };
     ContactFields fields;
     for (const Row& row : kRows) {
@@ -196,6 +198,7 @@ struct Reader {
     std::string_view text;
     ImportedLog log;
     Record record;
+    StationFields station = {.remarks = log.remarks};
     std::size_t at = 0;         ///< of what is read next
     std::size_t countedTo = 0;  ///< how far lines have been counted
     std::size_t line = 1;       ///< of that place
@@ -216,6 +219,8 @@ struct Reader {
         if (record.line != 0) {
             NoteMissingEnd();
         }
+        log.station = station.station;
+        SettleMode(log);
     }
 
 private:
@@ -359,36 +364,21 @@ private:
             if (!fields.remark.empty()) {
                 log.remarks.Add(record.line, fields.contact.Call, "Kept without its frequency: " + fields.remark);
             }
-            log.contacts.push_back({std::move(fields.contact), record.line});
+            const auto phone = record[kMode].empty() ? std::nullopt : std::optional{fields.phone};
+            log.contacts.push_back({std::move(fields.contact), record.line, phone});
             TakeStation();
         }
     }
 
     void TakeStation() {
         const Exchange sent = SplitExchange(record[kSentString]);
-        KeepFirst(log.station.call, record[kStationCall]);
-        KeepFirst(log.station.call, record[kOperator]);
-        KeepFirst(log.station.precedence, sent.precedence);
-        KeepFirst(log.station.check, sent.check);
-        KeepFirst(log.station.section, record[kOwnSection]);
-        KeepFirst(log.station.section, sent.section);
-        if (!log.station.phone) {
-            log.station.phone = IsPhone();
-        }
-    }
-
-    std::optional<bool> IsPhone() const {
-        if (!record[kContest].empty()) {
-            return UpperCase(record[kContest]).find("SSB") != std::string::npos;
-        }
-        const ModeKind kind = KindOfMode(record[kMode]);
-        return kind == ModeKind::None ? std::nullopt : std::optional{kind == ModeKind::Phone};
-    }
-
-    static void KeepFirst(std::string& kept, std::string_view value) {
-        if (kept.empty()) {
-            kept = UpperCase(value);
-        }
+        station.TakeCall(record[kStationCall], record.line);
+        station.TakeCall(record[kOperator], record.line);
+        station.TakePrecedence(sent.precedence);
+        station.TakeCheck(sent.check);
+        station.TakeSection(record[kOwnSection], record.line);
+        station.TakeSection(sent.section, record.line);
+        station.TakeContest(record[kContest], record.line);
     }
 };
 

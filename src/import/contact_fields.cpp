@@ -20,16 +20,8 @@ constexpr std::size_t kDateDigits = 8;
 constexpr std::size_t kShown = 20;
 constexpr double kKilohertzPerMegahertz = 1000;
 
-struct ModeRow {
-    std::string_view word;
-    ModeKind kind;
-};
-
-constexpr std::array kModes{
-    ModeRow{"CW", ModeKind::Cw},     ModeRow{"PH", ModeKind::Phone},  ModeRow{"SSB", ModeKind::Phone},
-    ModeRow{"USB", ModeKind::Phone}, ModeRow{"LSB", ModeKind::Phone}, ModeRow{"FM", ModeKind::Phone},
-    ModeRow{"AM", ModeKind::Phone},
-};
+constexpr std::string_view kMorse = "CW";
+constexpr std::array<std::string_view, 6> kPhoneModes{"PH", "SSB", "USB", "LSB", "FM", "AM"};
 
 bool IsLetter(char c) {
     return c >= 'A' && c <= 'Z';
@@ -75,11 +67,6 @@ bool IsCall(std::string_view text) {
 bool IsSectionCode(std::string_view text) {
     return !text.empty() && text.size() <= kLongestSection &&
            std::ranges::all_of(text, [](char c) { return IsLetter(c) || IsDigit(c); });
-}
-
-ModeKind KindOfMode(std::string_view mode) {
-    const auto* const row = std::ranges::find(kModes, UpperCase(mode), &ModeRow::word);
-    return row == kModes.end() ? ModeKind::None : row->kind;
 }
 
 void ContactFields::Refuse(std::string_view what, std::string_view text) {
@@ -167,6 +154,14 @@ void ContactFields::TakeBand(std::string_view band) {
         return;
     }
     contact.Bnd = row->name;
+}
+
+void ContactFields::TakeMode(std::string_view mode) {
+    const std::string name = UpperCase(mode);
+    phone = std::ranges::find(kPhoneModes, name) != kPhoneModes.end();
+    if (!phone && name != kMorse) {
+        Refuse("mode of the contest", mode);
+    }
 }
 
 void ContactFields::TakeKilohertz(std::string_view frequency) {

@@ -167,10 +167,38 @@ TEST(AdifReader, TellsTheStation) {
     EXPECT_EQ(station.call, "W9ZZZ");
     EXPECT_EQ(station.precedence, "B");
     EXPECT_EQ(station.check, "83");
-    EXPECT_EQ(station.section, "WI");
+    EXPECT_EQ(Shown(station.sections), (Texts{"WI", "IL"}));
     EXPECT_EQ(station.phone, true);
     EXPECT_EQ(ReadAdif(kRecord).station.phone, false);
     EXPECT_EQ(ReadAdif(With("<MODE:2>CW", "<MODE:3>USB")).station.phone, true);
+}
+
+TEST(AdifReader, TheOwnCheckOfAYearIsItsLastTwoDigits) {
+    EXPECT_EQ(ReadAdif(With("<EOR>", "<STX_STRING:10>B 1974 SCV<EOR>")).station.check, "74");
+}
+
+TEST(AdifReader, TheContactsSayTheModeWhereTheContestDoesNot) {
+    for (const std::string contest : {"<CONTEST_ID:7>ARRL-SS<EOR>", "<CONTEST_ID:13>ARRL-SS-PHONE<EOR>"}) {
+        std::string phone = With("<EOR>", contest);
+        EXPECT_EQ(ReadAdif(phone).station.phone, false);
+        phone.replace(phone.find("<MODE:2>CW"), 10, "<MODE:3>SSB");
+        EXPECT_EQ(ReadAdif(phone).station.phone, true);
+        EXPECT_EQ(ReadAdif(kRecord + phone + phone).station.phone, true);
+    }
+}
+
+TEST(AdifReader, ContactsOfOtherModesAreNamed) {
+    const ImportedLog log = ReadAdif(kRecord + kRecord + With("<MODE:2>CW", "<MODE:3>SSB") +
+                                     With("<MODE:2>CW", "<MODE:3>FT8") + With("<MODE:2>CW", "<MODE:4>RTTY"));
+    EXPECT_EQ(log.contacts.size(), 3U);
+    EXPECT_EQ(Shown(log.remarks), Texts{"3: Kept: a phone contact in a log of CW"});
+    EXPECT_EQ(Shown(log.notes), (Texts{"4: Not understood: \"FT8\" is no mode of the contest",
+                                       "5: Not understood: \"RTTY\" is no mode of the contest"}));
+}
+
+TEST(AdifReader, AnotherContestHasOneRemark) {
+    const std::string other = With("<EOR>", "<CONTEST_ID:8>CQ-WW-CW<EOR>");
+    EXPECT_EQ(Shown(ReadAdif(kRecord + other + other).remarks), Texts{"2: Kept, though the contest is not ARRL-SS"});
 }
 
 TEST(AdifReader, HostileFilesOfMegabytesAreReadInOnePass) {

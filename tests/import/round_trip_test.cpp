@@ -64,7 +64,7 @@ TEST(RoundTrip, CabrilloWrittenIsReadBackEqual) {
         EXPECT_EQ(log.station.call, "W9ZZZ");
         EXPECT_EQ(log.station.precedence, "A");
         EXPECT_EQ(log.station.check, "72");
-        EXPECT_EQ(log.station.section, "IL");
+        EXPECT_EQ(Shown(log.station.sections), std::vector<std::string>{"IL"});
         EXPECT_EQ(log.station.phone, true);
     }
 }
@@ -87,7 +87,7 @@ TEST(RoundTrip, AdifWithTheExchangeIsReadBackEqual) {
     const ImportedLog log = ReadAdif(AdifExchangeText(details, CwStation(), LogOf(contacts), ToldSections(), 2026));
     EXPECT_EQ(ContactsOf(log), contacts);
     EXPECT_EQ(log.station.call, "W9ZZZ");
-    EXPECT_EQ(log.station.section, "IL");
+    EXPECT_EQ(Shown(log.station.sections), std::vector<std::string>{"IL"});
     EXPECT_EQ(log.station.precedence, "A");
     EXPECT_EQ(log.station.check, "72");
     EXPECT_EQ(log.station.phone, false);

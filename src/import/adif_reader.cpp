@@ -9,6 +9,7 @@
 
 #include "import/contact_fields.h"
 #include "import/log_text.h"
+#include "import/station_fields.h"
 #include "values/text.h"
 #include "values/text_lines.h"
 
@@ -16,9 +17,10 @@ namespace tallyhut {
 namespace {
 
 constexpr std::size_t kNowhere = std::string_view::npos;
-constexpr std::size_t kLongestTag = 100;  // from "<" to ">"
-constexpr std::string_view kEndOfHead = "<EOH>";
-constexpr std::string_view kEndOfRecord = "<EOR>";
+constexpr std::size_t kLongestTag = 100;      // from "<" to ">"
+constexpr std::size_t kLongestRemark = 1000;  // of data that may hold an end of a record
+constexpr std::string_view kEndOfHead = "EOH";
+constexpr std::string_view kEndOfRecord = "EOR";
 
 /// The fields that matter to a contest's log; all others are passed over.
 enum FieldAt : std::size_t {
@@ -58,13 +60,25 @@ struct Tag {
     std::size_t dataAt = 0;
 };
 
-std::size_t FindTag(std::string_view text, std::string_view tag, std::size_t from) {
+/// A tag that ends a head or a record.
+struct End {
+    std::size_t at = kNowhere;
+    std::size_t length = 0;
+
+    std::size_t Behind() const { return at + length; }
+};
+
+End FindEnd(std::string_view text, std::string_view name, std::size_t from) {
     for (std::size_t at = text.find('<', from); at != kNowhere; at = text.find('<', at + 1)) {
-        if (BeginsWith(text.substr(at), tag)) {
-            return at;
+        if (const std::size_t length = LengthOfEnd(text.substr(at), name); length != 0) {
+            return {at, length};
         }
     }
-    return kNowhere;
+    return {};
+}
+
+bool IsControl(char c) {
+    return static_cast<unsigned char>(c) < ' ';
 }
 
 /// None where no ">" is near.
@@ -82,6 +96,16 @@ std::optional<Tag> TagAt(std::string_view text, std::size_t at) {
         tag.length = behind.substr(0, behind.find(':'));
     }
     return tag;
+}
+
+/// Whether a tag with a length begins in the text.
+bool HoldsField(std::string_view text) {
+    for (std::size_t at = text.find('<'); at != kNowhere; at = text.find('<', at + 1)) {
+        if (const std::optional<Tag> tag = TagAt(text, at); tag && tag->length) {
+            return true;
+        }
+    }
+    return false;
 }
 
 /// The precedence, check and section at the end of an exchange that is told as one text, with the serial before them or
@@ -159,6 +183,7 @@ ContactFields ContactOf(const Record& record) {
         Row{kFrequency, &ContactFields::TakeMegahertz}, Row{kSent, &ContactFields::TakeSent},
         Row{kReceived, &ContactFields::TakeReceived},   Row{kPrecedence, &ContactFields::TakePrecedence},
         Row{kCheck, &ContactFields::TakeCheck},         Row{kSection, &ContactFields::TakeSection},
+        Row{kMode, &ContactFields::TakeMode},
     };
     ContactFields fields;
     for (const Row& row : kRows) {
@@ -173,38 +198,53 @@ struct Reader {
     std::string_view text;
     ImportedLog log;
     Record record;
-    std::size_t at = 0;            ///< of what is read next
-    std::size_t countedTo = 0;     ///< how far lines have been counted
-    std::size_t line = 1;          ///< of that place
-    std::size_t recordEndsAt = 0;  ///< where the next <EOR> stands, from `at` on
+    StationFields station = {.remarks = log.remarks};
+    std::size_t at = 0;         ///< of what is read next
+    std::size_t countedTo = 0;  ///< how far lines have been counted
+    std::size_t line = 1;       ///< of that place
+    End recordEnd = {};         ///< the next <EOR>, from `at` on
 
     void ReadAll() {
         PassHead();
-        recordEndsAt = FindTag(text, kEndOfRecord, at);
+        recordEnd = FindEnd(text, kEndOfRecord, at);
         for (at = text.find('<', at); at != kNowhere; at = text.find('<', at)) {
-            if (at == recordEndsAt) {
+            if (at == recordEnd.at) {
                 EndRecord();
-                at += kEndOfRecord.size();
-                recordEndsAt = FindTag(text, kEndOfRecord, at);
+                at = recordEnd.Behind();
+                recordEnd = FindEnd(text, kEndOfRecord, at);
             } else {
                 ReadField();
             }
         }
         if (record.line != 0) {
-            log.notes.Add(record.line, Beginning(), "Not understood: the record has no end");
+            NoteMissingEnd();
         }
+        log.station = station.station;
+        SettleMode(log);
     }
 
 private:
-    /// A head is there only where the first character is no "<", and it may hold anything.
+    /// A head is there only where the first character is no "<", and it may hold anything. An end behind that of a
+    /// record is of another file's head, which was joined to this one.
     void PassHead() {
-        const std::size_t end = text.starts_with('<') ? kNowhere : FindTag(text, kEndOfHead, 0);
-        at = end == kNowhere ? 0 : end + kEndOfHead.size();
+        const End end = text.starts_with('<') ? End{} : FindEnd(text, kEndOfHead, 0);
+        const bool isFirst = end.at != kNowhere && FindEnd(text.substr(0, end.at), kEndOfRecord, 0).at == kNowhere;
+        at = isFirst ? end.Behind() : 0;
     }
+
+    /// What came before in a head is no record; but a call does not stand in one.
+    void EndLaterHead() {
+        if (!record[kCall].empty()) {
+            NoteMissingEnd();
+        }
+        record = {};
+    }
+
+    void NoteMissingEnd() { log.notes.Add(record.line, Beginning(), "Not understood: the record has no end"); }
 
     /// Goes on behind the data, or where the length cannot be believed, behind the tag.
     void ReadField() {
-        const std::size_t limit = std::min(recordEndsAt, text.size());
+        const std::size_t limit = std::min(recordEnd.at, text.size());
         const std::optional<Tag> tag = TagAt(text, at);
         if (!tag || tag->dataAt > limit) {
             Begin();
@@ -216,8 +256,8 @@ private:
             Begin();
         }
         at = tag->dataAt;
-        if (tag->name == "EOH") {
-            record = {};
+        if (tag->name == kEndOfHead) {
+            EndLaterHead();
         } else if (tag->length) {
             TakeData(tag->name, *tag->length, limit);
         }
@@ -229,13 +269,48 @@ private:
         const auto [parsed, error] = std::from_chars(told.data(), end, length);
         if (error != std::errc{} || parsed != end) {
             record.Damage("the length of " + name + " is no number");
-        } else if (length > limit - at) {
+        } else if (length > limit - at && !HoldsEnd(length)) {
             record.Damage("the length of " + name + " reaches beyond the record");
         } else {
             Keep(name, text.substr(at, length));
             at += length;
+            if (at > limit) {
+                recordEnd = FindEnd(text, kEndOfRecord, at);
+            }
         }
     }
+
+    /// Whether the end of the record that the data reaches beyond belongs to the data. It does not where another record
+    /// begins behind it: in the data, or behind them with what this one has already.
+    bool HoldsEnd(std::size_t length) const {
+        if (!record.damage.empty() || length > kLongestRemark || length > text.size() - at) {
+            return false;
+        }
+        const std::string_view data = text.substr(at, length);
+        const std::string_view behind = text.substr(at + length);
+        return std::ranges::none_of(data, IsControl) && !HoldsField(data) && !IsGlued(behind) && GoesOn(behind);
+    }
+
+    /// Whether the record has an end there, and until then nothing that it has already.
+    bool GoesOn(std::string_view behind) const {
+        const std::size_t end = FindEnd(behind, kEndOfRecord, 0).at;
+        const std::string_view rest = behind.substr(0, end);
+        for (std::size_t next = rest.find('<'); next != kNowhere; next = rest.find('<', next + 1)) {
+            const std::optional<Tag> tag = TagAt(rest, next);
+            const auto* const found = tag ? std::ranges::find(kNames, tag->name) : kNames.end();
+            if (found != kNames.end() && !record.fields.at(IndexOf(found)).empty()) {
+                return false;
+            }
+        }
+        return end != kNowhere;
+    }
+
+    /// Whether the data before went on here.
+    static bool IsGlued(std::string_view behind) {
+        return !behind.empty() && behind.front() != '<' && behind.front() != ' ' && !IsControl(behind.front());
+    }
+
+    static std::size_t IndexOf(const std::string_view* name) { return static_cast<std::size_t>(name - kNames.begin()); }
 
     void Begin() {
         if (record.line != 0) {
@@ -253,7 +328,10 @@ private:
         if (found == kNames.end()) {
             return;
         }
-        std::string_view& field = record.fields.at(static_cast<std::size_t>(found - kNames.begin()));
+        if (IsGlued(text.substr(at + data.size()))) {
+            record.Damage("the length of " + std::string{name} + " is too short");
+        }
+        std::string_view& field = record.fields.at(IndexOf(found));
         if (!field.empty()) {
             record.Damage(std::string{name} + " stands there twice");
         }
@@ -283,36 +361,24 @@ private:
             log.notes.Add(record.line, Beginning(), "Incomplete, not imported: it lacks " + missing);
             log.incomplete.push_back({std::move(fields.contact), record.line});
         } else {
-            log.contacts.push_back({std::move(fields.contact), record.line});
+            if (!fields.remark.empty()) {
+                log.remarks.Add(record.line, fields.contact.Call, "Kept without its frequency: " + fields.remark);
+            }
+            const auto phone = record[kMode].empty() ? std::nullopt : std::optional{fields.phone};
+            log.contacts.push_back({std::move(fields.contact), record.line, phone});
             TakeStation();
         }
     }
 
     void TakeStation() {
         const Exchange sent = SplitExchange(record[kSentString]);
-        KeepFirst(log.station.call, record[kStationCall]);
-        KeepFirst(log.station.call, record[kOperator]);
-        KeepFirst(log.station.precedence, sent.precedence);
-        KeepFirst(log.station.check, sent.check);
-        KeepFirst(log.station.section, record[kOwnSection]);
-        KeepFirst(log.station.section, sent.section);
-        if (!log.station.phone) {
-            log.station.phone = IsPhone();
-        }
-    }
-
-    std::optional<bool> IsPhone() const {
-        if (!record[kContest].empty()) {
-            return UpperCase(record[kContest]).find("SSB") != std::string::npos;
-        }
-        const ModeKind kind = KindOfMode(record[kMode]);
-        return kind == ModeKind::None ? std::nullopt : std::optional{kind == ModeKind::Phone};
-    }
-
-    static void KeepFirst(std::string& kept, std::string_view value) {
-        if (kept.empty()) {
-            kept = UpperCase(value);
-        }
+        station.TakeCall(record[kStationCall], record.line);
+        station.TakeCall(record[kOperator], record.line);
+        station.TakePrecedence(sent.precedence);
+        station.TakeCheck(sent.check);
+        station.TakeSection(record[kOwnSection], record.line);
+        station.TakeSection(sent.section, record.line);
+        station.TakeContest(record[kContest], record.line);
     }
 };
 

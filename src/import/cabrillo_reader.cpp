@@ -5,6 +5,7 @@
 
 #include "import/contact_fields.h"
 #include "import/log_text.h"
+#include "import/station_fields.h"
 #include "values/text.h"
 #include "values/text_lines.h"
 
@@ -39,13 +40,14 @@ using QsoWords = std::array<std::string_view, kQsoWords + 2>;
 /// What is said of a station in the head. Several tags say the same; the first that does counts.
 struct StationTag {
     std::string_view tag;
-    std::string ImportedStation::*value;
+    void (StationFields::*take)(std::string_view, std::size_t);
 };
 
 constexpr std::array kStationTags{
-    StationTag{"CALLSIGN", &ImportedStation::call},
-    StationTag{"LOCATION", &ImportedStation::section},
-    StationTag{"ARRL-SECTION", &ImportedStation::section},
+    StationTag{"CALLSIGN", &StationFields::TakeCall},
+    StationTag{"LOCATION", &StationFields::TakeSection},
+    StationTag{"ARRL-SECTION", &StationFields::TakeSection},
+    StationTag{"CONTEST", &StationFields::TakeContest},
 };
 
 /// Tags of all versions of the format that say nothing that a log holds.
@@ -89,8 +91,6 @@ constexpr std::array<std::string_view, 37> kOtherTags{
     "DEBUG",
 };
 
-constexpr std::string_view kPhoneContest = "SSB";
-
 /// How many words the text has, the array's size for more than it holds.
 std::size_t TakeWords(std::string_view text, QsoWords& words) {
     std::size_t count = 0;
@@ -104,7 +104,8 @@ std::size_t TakeWords(std::string_view text, QsoWords& words) {
 struct Reader {
     TextLines lines;
     ImportedLog log;
-    ImportedStation fromContacts;  ///< for what the head does not say
+    StationFields head = {.remarks = log.remarks};
+    StationFields fromContacts = {.remarks = log.remarks};  ///< for what the head does not say
 
     void ReadAll() {
         while (!lines.AtEnd()) {
@@ -112,7 +113,9 @@ struct Reader {
                 ReadLine(line);
             }
         }
-        FillInStation();
+        head.FillIn(fromContacts.station);
+        log.station = head.station;
+        SettleMode(log);
     }
 
 private:
@@ -136,17 +139,9 @@ private:
     void ReadTag(std::string_view line, std::string_view tag, std::string_view value) {
         const auto* const row = std::ranges::find(kStationTags, tag, &StationTag::tag);
         if (row != kStationTags.end()) {
-            KeepFirst(log.station.*row->value, value);
-        } else if (tag == "CONTEST") {
-            log.station.phone = UpperCase(value).find(kPhoneContest) != std::string::npos;
+            (head.*row->take)(value, lines.Number());
         } else if (!tag.starts_with("X-") && std::ranges::find(kOtherTags, tag) == kOtherTags.end()) {
             log.notes.Add(lines.Number(), line, "Not understood: unknown tag");
-        }
-    }
-
-    static void KeepFirst(std::string& kept, std::string_view value) {
-        if (kept.empty()) {
-            kept = UpperCase(value);
         }
     }
 
@@ -159,14 +154,11 @@ private:
             return;
         }
         ContactFields fields = FieldsOf(words);
-        if (KindOfMode(words[kMode]) == ModeKind::None && fields.refused.empty()) {
-            fields.refused = '"' + std::string{words[kMode]} + "\" is no mode of the contest";
-        }
         if (!fields.refused.empty()) {
             log.notes.Add(lines.Number(), line, "Not understood: " + fields.refused);
             return;
         }
-        log.contacts.push_back({std::move(fields.contact), lines.Number()});
+        log.contacts.push_back({std::move(fields.contact), lines.Number(), fields.phone});
         TakeStation(words);
     }
 
@@ -181,34 +173,22 @@ private:
         fields.TakePrecedence(words[kPrecedence]);
         fields.TakeCheck(words[kCheck]);
         fields.TakeSection(words[kSection]);
+        fields.TakeMode(words[kMode]);
         return fields;
     }
 
     void TakeStation(const QsoWords& words) {
-        KeepFirst(fromContacts.call, words[kOwnCall]);
-        KeepFirst(fromContacts.precedence, words[kOwnPrecedence]);
-        KeepFirst(fromContacts.check, words[kOwnCheck]);
-        KeepFirst(fromContacts.section, words[kOwnSection]);
-        if (!fromContacts.phone) {
-            fromContacts.phone = KindOfMode(words[kMode]) == ModeKind::Phone;
-        }
-    }
-
-    void FillInStation() {
-        for (const auto value : {&ImportedStation::call, &ImportedStation::precedence, &ImportedStation::check,
-                                 &ImportedStation::section}) {
-            KeepFirst(log.station.*value, fromContacts.*value);
-        }
-        if (!log.station.phone) {
-            log.station.phone = fromContacts.phone;
-        }
+        fromContacts.TakeCall(words[kOwnCall], lines.Number());
+        fromContacts.TakePrecedence(words[kOwnPrecedence]);
+        fromContacts.TakeCheck(words[kOwnCheck]);
+        fromContacts.TakeSection(words[kOwnSection], lines.Number());
     }
 };
 
 }  // namespace
 
 ImportedLog ReadCabrillo(std::string_view text) {
-    Reader reader{.lines = TextLines{text}, .log = {}, .fromContacts = {}};
+    Reader reader{.lines = TextLines{text}, .log = {}};
     reader.ReadAll();
     return std::move(reader.log);
 }

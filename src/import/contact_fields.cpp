@@ -20,16 +20,8 @@ constexpr std::size_t kDateDigits = 8;
 constexpr std::size_t kShown = 20;
 constexpr double kKilohertzPerMegahertz = 1000;
 
-struct ModeRow {
-    std::string_view word;
-    ModeKind kind;
-};
-
-constexpr std::array kModes{
-    ModeRow{"CW", ModeKind::Cw},     ModeRow{"PH", ModeKind::Phone},  ModeRow{"SSB", ModeKind::Phone},
-    ModeRow{"USB", ModeKind::Phone}, ModeRow{"LSB", ModeKind::Phone}, ModeRow{"FM", ModeKind::Phone},
-    ModeRow{"AM", ModeKind::Phone},
-};
+constexpr std::string_view kMorse = "CW";
+constexpr std::array<std::string_view, 6> kPhoneModes{"PH", "SSB", "USB", "LSB", "FM", "AM"};
 
 bool IsLetter(char c) {
     return c >= 'A' && c <= 'Z';
@@ -44,6 +36,11 @@ bool IsDigit(char c) {
 std::string_view BandOf(double megahertz) {
     constexpr double kBeyondAllBands = 1000;
     return megahertz > 0 && megahertz < kBeyondAllBands ? ContestBand(static_cast<float>(megahertz)) : "";
+}
+
+std::string NoSuch(std::string_view what, std::string_view text) {
+    std::string told = '"' + std::string{text.substr(0, kShown)} + (text.size() > kShown ? "..." : "") + "\" is no ";
+    return told.append(what);
 }
 
 /// "20261107" of that, of "2026-11-07" and of "2026/11/07".
@@ -72,15 +69,9 @@ bool IsSectionCode(std::string_view text) {
            std::ranges::all_of(text, [](char c) { return IsLetter(c) || IsDigit(c); });
 }
 
-ModeKind KindOfMode(std::string_view mode) {
-    const auto* const row = std::ranges::find(kModes, UpperCase(mode), &ModeRow::word);
-    return row == kModes.end() ? ModeKind::None : row->kind;
-}
-
 void ContactFields::Refuse(std::string_view what, std::string_view text) {
     if (refused.empty()) {
-        refused = '"' + std::string{text.substr(0, kShown)} + (text.size() > kShown ? "..." : "") + "\" is no ";
-        refused += what;
+        refused = NoSuch(what, text);
     }
 }
 
@@ -165,6 +156,14 @@ void ContactFields::TakeBand(std::string_view band) {
     contact.Bnd = row->name;
 }
 
+void ContactFields::TakeMode(std::string_view mode) {
+    const std::string name = UpperCase(mode);
+    phone = std::ranges::find(kPhoneModes, name) != kPhoneModes.end();
+    if (!phone && name != kMorse) {
+        Refuse("mode of the contest", mode);
+    }
+}
+
 void ContactFields::TakeKilohertz(std::string_view frequency) {
     const std::optional<double> kilohertz = ParseNumber(frequency);
     const double megahertz = kilohertz.value_or(0) / kKilohertzPerMegahertz;
@@ -179,14 +178,19 @@ void ContactFields::TakeKilohertz(std::string_view frequency) {
 }
 
 void ContactFields::TakeMegahertz(std::string_view frequency) {
-    const std::optional<double> megahertz = ParseNumber(frequency);
-    const std::string_view band = BandOf(megahertz.value_or(0));
-    if (band.empty() || (!contact.Bnd.empty() && contact.Bnd != band)) {
-        Refuse(contact.Bnd.empty() ? "frequency of the contest" : "frequency of the band", frequency);
-        return;
+    std::string number = Trim(frequency);
+    if (const std::size_t comma = number.find(','); comma != std::string::npos) {
+        number[comma] = '.';
     }
-    contact.Bnd = band;
-    contact.Frq = Trim(frequency);
+    const std::string_view band = BandOf(ParseNumber(number).value_or(0));
+    if (!contact.Bnd.empty() && contact.Bnd != band) {
+        remark = NoSuch("frequency of the band", frequency);
+    } else if (band.empty()) {
+        Refuse("frequency of the contest", frequency);
+    } else {
+        contact.Bnd = band;
+        contact.Frq = number;
+    }
 }
 
 }  // namespace tallyhut

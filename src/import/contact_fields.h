@@ -12,6 +12,8 @@ namespace tallyhut {
 struct ContactFields {
     Contact contact = {};
     std::string refused = {};  ///< empty while all could be taken
+    std::string remark = {};   ///< on a frequency that was left out; empty for none
+    bool phone = false;        ///< by the mode
 
     /// The serial numbers: digits, without zeros before them.
     void TakeSent(std::string_view serial);
@@ -29,16 +31,15 @@ struct ContactFields {
     void TakeBand(std::string_view band);
     /// Kilohertz; the lower edge of a band says the band alone.
     void TakeKilohertz(std::string_view frequency);
+    /// With a point or a comma. One that is of no use is left out where the band is known.
     void TakeMegahertz(std::string_view frequency);
+    /// "CW", "PH", "SSB" and so on.
+    void TakeMode(std::string_view mode);
 
 private:
     void Refuse(std::string_view what, std::string_view text);
     std::string Serial(std::string_view text);
 };
-
-/// "CW", "PH", "SSB" and so on; nothing for a mode that is none of the contest.
-enum class ModeKind { None, Cw, Phone };
-ModeKind KindOfMode(std::string_view mode);
 
 bool IsDigits(std::string_view text);
 

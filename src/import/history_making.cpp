@@ -18,8 +18,12 @@ MessageBox ToldBox(const std::string& text) {
     return {.title = kTitle, .text = text, .buttons = Buttons::OK, .icon = Icon::Exclamation};
 }
 
+std::string Counted(std::size_t count, const std::string& one) {
+    return PlainText(count) + ' ' + one + (count == 1 ? "" : "s");
+}
+
 std::string Logs(std::size_t count) {
-    return PlainText(count) + (count == 1 ? " log" : " logs");
+    return Counted(count, "log");
 }
 
 }  // namespace
@@ -72,9 +76,9 @@ void HistoryMaking::Save(const Gathered& gathered) {
     const std::string comment = "Calls of " + Logs(gathered.logs) + ", " +
                                 FormatDateTime(desk.clock.Now(), "yyyy-mm-dd") + ", " + ProgramTitle(form);
     files.Replace(*path, gathered.history.Text(comment));
-    const std::string lines = PlainText(gathered.notUnderstood) + (gathered.notUnderstood == 1 ? " line" : " lines");
-    desk.dialogs.Show(WrittenBox(*path, "\r\n\r\n" + PlainText(gathered.history.Count()) + " calls of " +
-                                            Logs(gathered.logs) + ". Not understood: " + lines + '.'));
+    desk.dialogs.Show(WrittenBox(*path, "\r\n\r\n" + Counted(gathered.history.Count(), "call") + " of " +
+                                            Logs(gathered.logs) +
+                                            ". Not understood: " + Counted(gathered.notUnderstood, "line") + '.'));
 }
 
 }  // namespace tallyhut

@@ -29,18 +29,25 @@ struct ImportNotes {
     void Add(std::size_t line, std::string_view text, std::string finding);
 };
 
+/// A text that a file tells as the section of its station.
+struct OwnSection {
+    std::string text;
+    std::size_t line = 0;  ///< of the file, where it stands
+};
+
 /// What a file says of the station that made it; empty what it does not say.
 struct ImportedStation {
     std::string call;
     std::string precedence;
     std::string check;
-    std::string section;
-    std::optional<bool> phone = {};
+    std::vector<OwnSection> sections;  ///< the one that counts most first
+    std::optional<bool> phone = {};    ///< none where neither the contest nor a contact says it
 };
 
 struct ImportedContact {
     Contact contact;
-    std::size_t line = 0;  ///< of the file, where it begins
+    std::size_t line = 0;            ///< of the file, where it begins
+    std::optional<bool> phone = {};  ///< none where no mode is told
 };
 
 /// A file of another program, or of this one, as far as it was understood.
@@ -49,6 +56,7 @@ struct ImportedLog {
     std::vector<ImportedContact> contacts;    ///< in the order of the file
     std::vector<ImportedContact> incomplete;  ///< with a call, and without something that a contact must have
     ImportNotes notes;                        ///< on what is not among the contacts
+    ImportNotes remarks = {};                 ///< on what is, and on the station
 };
 
 }  // namespace tallyhut

@@ -26,7 +26,6 @@ constexpr std::array kStationValues{
     StationValue{&Preferences::gOwnCall, &ImportedStation::call},
     StationValue{&Preferences::gOwnPrec, &ImportedStation::precedence},
     StationValue{&Preferences::gOwnCheck, &ImportedStation::check},
-    StationValue{&Preferences::gOwnSection, &ImportedStation::section},
 };
 
 MessageBox FailedBox(const std::string& reason) {
@@ -49,7 +48,8 @@ ImportNotes CountContacts(std::vector<ImportedContact>& contacts, SectionTable& 
     ImportNotes notes;
     std::unordered_map<std::string, std::size_t> firstOfCall;
     for (std::size_t n = 1; n <= contacts.size(); ++n) {
-        auto& [contact, line] = contacts[n - 1];
+        Contact& contact = contacts[n - 1].contact;
+        const std::size_t line = contacts[n - 1].line;
         contact.Sec = sections.List().CodeOf(contact.Sec);
         if (const int section = sections.Find(contact.Sec); section != 0) {
             sections.Count(section);
@@ -62,6 +62,18 @@ ImportNotes CountContacts(std::vector<ImportedContact>& contacts, SectionTable& 
         }
     }
     return notes;
+}
+
+/// The first that the list holds, by its code; those before it have remarks. Empty for none.
+std::string OwnSectionOf(const ImportedStation& station, const SectionList& list, ImportNotes& remarks) {
+    for (const OwnSection& section : station.sections) {
+        const std::string code{list.CodeOf(section.text)};
+        if (list.Find(code) != 0) {
+            return code;
+        }
+        remarks.Add(section.line, section.text, "Not taken as the own section: it is none of the list");
+    }
+    return "";
 }
 
 std::string LogTextOf(const std::vector<ImportedContact>& contacts) {
@@ -120,18 +132,19 @@ void LogImport::Import(const std::string& path) {
     }
     SectionTable sections = SectionsFor(folder);
     ImportNotes remarks = CountContacts(log.contacts, sections);
+    const std::string ownSection = OwnSectionOf(log.station, sections.List(), remarks);
     WriteNewContest(machine.files,
                     {.folder = folder,
                      .log = LogTextOf(log.contacts),
                      .sections = SectionsFile(folder),
-                     .preferences = PreferencesFor(folder, log.station)},
+                     .preferences = PreferencesFor(folder, log.station, ownSection)},
                     machine.dataFolder);
     const auto count = static_cast<std::int32_t>(log.contacts.size());
     std::string told = Counted(log.contacts.size(), "contact", "contacts") + ", " +
                        Counted(sections.gSectionsWorked, "section", "sections") + ", score " +
                        PlainText(Score(sections.gSectionsWorked, count)) + ", now in " + folder + ". " +
                        Counted(log.notes.count, "line was", "lines were") + " not imported.";
-    ImportNotes all = Joined(std::move(log.notes), std::move(remarks));
+    ImportNotes all = Joined(Joined(std::move(log.notes), std::move(log.remarks)), std::move(remarks));
     const std::string more = MoreNotes(all);
     Report(told + more, std::move(all));
 }
@@ -177,7 +190,8 @@ std::string LogImport::SectionsFile(const std::string& folder) const {
 }
 
 /// What the folder has already stays, as far as it can be read, where the log says nothing else.
-Preferences LogImport::PreferencesFor(const std::string& folder, const ImportedStation& station) const {
+Preferences LogImport::PreferencesFor(const std::string& folder, const ImportedStation& station,
+                                      const std::string& ownSection) const {
     Preferences preferences;
     preferences.gUtcOffset = contest.preferences.gUtcOffset;
     const std::string path = PathIn(folder, "nspref.txt");
@@ -190,6 +204,7 @@ Preferences LogImport::PreferencesFor(const std::string& folder, const ImportedS
     for (const auto& [value, told] : kStationValues) {
         preferences.*value = (station.*told).empty() ? preferences.*value : station.*told;
     }
+    preferences.gOwnSection = ownSection.empty() ? preferences.gOwnSection : ownSection;
     if (station.phone) {
         preferences.gContestMode = *station.phone ? 1 : 0;
     }

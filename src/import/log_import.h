@@ -39,7 +39,8 @@ private:
     /// Empty where the operator chose none. Throws PlatformError where it may not be taken.
     std::string AskFolder();
     SectionTable SectionsFor(const std::string& folder) const;
-    Preferences PreferencesFor(const std::string& folder, const ImportedStation& station) const;
+    Preferences PreferencesFor(const std::string& folder, const ImportedStation& station,
+                               const std::string& ownSection) const;
     std::string SectionsFile(const std::string& folder) const;
     void Report(std::string told, ImportNotes notes);
 };

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <string_view>
 
 namespace tallyhut {
@@ -12,5 +13,9 @@ LogFormat FormatOf(std::string_view text);
 
 /// Whether the text begins so, letters in either case; the beginning in upper case.
 bool BeginsWith(std::string_view text, std::string_view beginning);
+
+/// The length of the ADIF tag with which the text begins, with blanks in it or not, if it is the one of that name
+/// without data ("EOR"); 0 if it is not.
+std::size_t LengthOfEnd(std::string_view text, std::string_view name);
 
 }  // namespace tallyhut

@@ -1,5 +1,6 @@
 #include "import/new_contest.h"
 
+#include <array>
 #include <memory>
 #include <optional>
 #include <utility>
@@ -15,7 +16,7 @@ namespace tallyhut {
 namespace {
 
 constexpr const char* kLogFile = "/Log.txt";
-constexpr const char* kPreferencesFile = "/nspref.txt";
+constexpr std::array kFreshFiles{kLogFile, "/wave2.txt", "/BandPlan.txt", "/readns.txt", "/nspref.txt"};
 
 /// What some files held, to be put back unless all that was to be written is.
 struct FilesBefore {
@@ -56,8 +57,9 @@ void Write(Files& files, const NewContest& contest, const std::string& dataFolde
     const std::string sections = contest.folder + '/' + kSectionsFile;
     FilesBefore before{files};
     before.Remember(sections);
-    before.Remember(contest.folder + kLogFile);
-    before.Remember(contest.folder + kPreferencesFile);
+    for (const char* file : kFreshFiles) {
+        before.Remember(contest.folder + file);
+    }
     if (!contest.sections.empty() && !files.FileExists(sections)) {
         files.Replace(sections, contest.sections);
     }

@@ -23,7 +23,7 @@ void CheckHoldsNoContacts(const Files& files, const std::string& folder);
 /// folder against other programs meanwhile.
 ///
 /// @param dataFolder  where the files lie that a fresh contest gets
-/// Throws PlatformError; log, settings and sections of the folder are then as they were.
+/// Throws PlatformError; the files of the folder are then as they were. A folder that was made stays, empty.
 void WriteNewContest(Files& files, const NewContest& contest, const std::string& dataFolder);
 
 }  // namespace tallyhut

@@ -17,18 +17,34 @@ constexpr std::string_view kAdifVersion = "3.1.6";
 /// An island whose entity is another than that of the section that it counts for.
 struct Island {
     std::string_view section;
-    std::string_view letters;  ///< that the call's prefix ends in, behind the first letter
+    std::string_view letters;  ///< that the call's prefix ends in, behind the first letter; of three the whole call
     std::string_view firsts;   ///< one of which the prefix begins with
     std::int32_t dxcc;
 };
 
 /// Islands without a row have the section's own entity.
 constexpr std::array kIslands{
-    Island{"PAC", "H0", "AKNW", 166}, Island{"PAC", "H1", "AKNW", 20},  Island{"PAC", "H2", "AKNW", 103},
-    Island{"PAC", "H3", "AKNW", 123}, Island{"PAC", "H4", "AKNW", 174}, Island{"PAC", "H5", "AKNW", 197},
-    Island{"PAC", "H8", "AKNW", 9},   Island{"PAC", "H9", "AKNW", 297}, Island{"NS", "Y0", "C", 211},
-    Island{"NS", "Y9", "C", 252},     Island{"MAR", "Y0", "C", 211},    Island{"MAR", "Y9", "C", 252},
+    Island{"PAC", "H0", "AKNW", 166},  Island{"PAC", "H1", "AKNW", 20},  Island{"PAC", "H2", "AKNW", 103},
+    Island{"PAC", "H3", "AKNW", 123},  Island{"PAC", "H4", "AKNW", 174}, Island{"PAC", "H5", "AKNW", 197},
+    Island{"PAC", "H7K", "AKNW", 138}, Island{"PAC", "H8", "AKNW", 9},   Island{"PAC", "H9", "AKNW", 297},
+    Island{"NS", "Y0", "C", 211},      Island{"NS", "Y9", "C", 252},     Island{"MAR", "Y0", "C", 211},
+    Island{"MAR", "Y9", "C", 252},
 };
+
+/// Sections of Canada that a list may lack and contacts hold.
+constexpr std::array kLaterPlaces{
+    SectionPlace{"NB", "NB", kCanada}, SectionPlace{"NS", "NS", kCanada}, SectionPlace{"PE", "PE", kCanada},
+    SectionPlace{"GH", "ON", kCanada}, SectionPlace{"TER", "", kCanada},
+};
+
+/// The section of several territories has the state that the call tells.
+struct Territory {
+    std::string_view prefix;
+    std::string_view state;
+};
+
+constexpr std::array<std::string_view, 3> kSectionsOfTerritories{"TER", "NT", "NWT"};
+constexpr std::array kTerritories{Territory{"VE8", "NT"}, Territory{"VY0", "NU"}, Territory{"VY1", "YT"}};
 
 /// The sections of ADIF beside those of 2014.
 constexpr std::array<std::string_view, 7> kOtherAdifSections{"NB", "NS", "PE", "GH", "TER", "ON", "NWT"};
@@ -90,15 +106,44 @@ std::string SectionField(std::string_view tag, std::string_view section) {
     return IsAdifSection(section) ? Field(tag, section) : "";
 }
 
-bool HasPrefix(std::string_view call, const Island& island) {
-    const std::string_view tail = call.size() < 3 ? std::string_view{} : call.substr(1, 2);
-    return tail == island.letters && island.firsts.find(call.front()) != std::string_view::npos;
+/// The part of the call that tells where it is worked from: the shortest of those that begin like KH2, for the place
+/// may stand before or behind the call. KH2 of KH2/W1XX, KH6 of KH2XX/KH6; empty for none.
+std::string_view PlaceOfCall(std::string_view call) {
+    constexpr std::size_t kDigitAt = 2;
+    std::string_view place;
+    while (!call.empty()) {
+        const std::string_view part = call.substr(0, call.find('/'));
+        call.remove_prefix(std::min(part.size() + 1, call.size()));
+        const bool isPlace = part.size() > kDigitAt && IsDigits(part.substr(kDigitAt, 1));
+        if (isPlace && (place.empty() || part.size() <= place.size())) {
+            place = part;
+        }
+    }
+    return place;
 }
 
-/// A call may stand before or behind the place that it is worked from: KH2/W1XX, W1XX/KH2.
-bool IsFrom(std::string_view call, const Island& island) {
-    const std::size_t stroke = call.find('/');
-    return HasPrefix(call, island) || (stroke != std::string_view::npos && HasPrefix(call.substr(stroke + 1), island));
+bool IsFrom(std::string_view place, const Island& island) {
+    const std::string_view behindFirst = place.empty() ? place : place.substr(1);
+    const bool isThere = behindFirst.substr(0, 2) == island.letters || behindFirst == island.letters;
+    return isThere && island.firsts.find(place.front()) != std::string_view::npos;
+}
+
+/// Nothing but the section's own name for one that is not known at all.
+SectionPlace KnownPlace(std::string_view section, const SectionList& sections) {
+    if (IsPlaceKnown(section, sections)) {
+        return PlaceOfSection(section, sections);
+    }
+    const auto* const later = std::ranges::find(kLaterPlaces, section, &SectionPlace::section);
+    return later != kLaterPlaces.end() ? *later : SectionPlace{section, "", 0};
+}
+
+std::string_view StateOf(std::string_view call, const SectionPlace& place) {
+    const std::string_view from = PlaceOfCall(call);
+    const auto* const territory =
+        std::ranges::find_if(kTerritories, [from](const Territory& row) { return from.starts_with(row.prefix); });
+    const bool hasTerritories =
+        std::ranges::find(kSectionsOfTerritories, place.section) != kSectionsOfTerritories.end();
+    return hasTerritories && territory != kTerritories.end() ? territory->state : place.state;
 }
 
 std::string BandField(std::string_view band) {
@@ -118,22 +163,28 @@ std::string MomentFields(const Contact& contact, int presentYear) {
     return fields;
 }
 
-/// Precedence, check and section, blanks between them.
+/// Precedence, check and section, blanks between them; empty where one is missing, for a reader could not tell which.
 std::string ExchangeBehindSerial(std::string_view precedence, std::string_view check, std::string_view section) {
     std::string exchange;
     for (const std::string_view part : {precedence, check, section}) {
-        exchange.append(exchange.empty() || part.empty() ? "" : " ").append(part);
+        const std::string word = Trim(part);
+        if (word.empty()) {
+            return "";
+        }
+        exchange.append(exchange.empty() ? "" : " ").append(word);
     }
     return exchange;
 }
 
 std::string PlaceFields(const Contact& contact, const SectionList& sections) {
-    const std::int32_t entity = EntityOf(contact.Call, contact.Sec, sections);
+    const std::string call = UpperCase(contact.Call);
+    const std::int32_t entity = EntityOf(call, contact.Sec, sections);
     if (entity == 0) {
         return "";
     }
-    const SectionPlace place = PlaceOfSection(contact.Sec, sections);
-    return Field("DXCC", PlainText(entity)) + (entity == place.dxcc ? Field("STATE", place.state) : "");
+    const SectionPlace place = KnownPlace(contact.Sec, sections);
+    const std::string state{entity == place.dxcc ? StateOf(call, place) : ""};
+    return Field("DXCC", PlainText(entity)) + Field("STATE", state);
 }
 
 std::string Head(const AdifExchange& details) {
@@ -178,12 +229,10 @@ std::string AdifExchangeText(const AdifExchange& details, const Preferences& sta
 }
 
 std::int32_t EntityOf(std::string_view call, std::string_view section, const SectionList& sections) {
-    if (!IsPlaceKnown(section, sections)) {
-        return 0;
-    }
+    const std::string_view from = PlaceOfCall(call);
     const auto* const island = std::ranges::find_if(
-        kIslands, [call, section](const Island& row) { return row.section == section && IsFrom(call, row); });
-    return island != kIslands.end() ? island->dxcc : PlaceOfSection(section, sections).dxcc;
+        kIslands, [from, section](const Island& row) { return row.section == section && IsFrom(from, row); });
+    return island != kIslands.end() ? island->dxcc : KnownPlace(section, sections).dxcc;
 }
 
 }  // namespace tallyhut

@@ -41,15 +41,54 @@ TEST(CabrilloReader, TellsTheStationByTheHeadAndElseByTheContacts) {
                                      contact)
                                      .station;
     EXPECT_EQ(head.call, "K9ZZZ");
-    EXPECT_EQ(head.section, "WI");
+    EXPECT_EQ(Shown(head.sections), (Texts{"WI", "OH", "IL"}));
     EXPECT_EQ(head.precedence, "A");
     EXPECT_EQ(head.check, "72");
     EXPECT_EQ(head.phone, false);
     const ImportedStation lines = ReadCabrillo(contact).station;
     EXPECT_EQ(lines.call, "W9ZZZ");
-    EXPECT_EQ(lines.section, "IL");
+    EXPECT_EQ(Shown(lines.sections), Texts{"IL"});
     EXPECT_EQ(lines.phone, true);
     EXPECT_EQ(ReadCabrillo("CONTEST: ARRL-SS-SSB\n").station.phone, true);
+}
+
+TEST(CabrilloReader, TheOwnCheckOfAYearIsItsLastTwoDigits) {
+    EXPECT_EQ(ReadCabrillo("QSO: 7000 CW 2026-11-07 2104 N5KO 1 B 1974 SCV W1XX 88 A 72 MDC").station.check, "74");
+    EXPECT_EQ(ReadCabrillo("QSO: 7000 CW 2026-11-07 2104 N5KO 1 B 7O SCV W1XX 88 A 72 MDC").station.check, "");
+}
+
+TEST(CabrilloReader, TheContactsSayTheModeWhereTheContestDoesNot) {
+    const std::string cw = "QSO: 7000 CW 2026-11-07 2104 W9ZZZ 1 A 72 IL W1XX 88 A 72 MDC\n";
+    const std::string phone = "QSO: 7000 PH 2026-11-07 2104 W9ZZZ 1 A 72 IL W1XX 88 A 72 MDC\n";
+    for (const std::string contest : {"", "CONTEST: ARRL-SS\n", "CONTEST: ARRL-SS-PHONE\n", "CONTEST: CQ-WW-CW\n"}) {
+        EXPECT_EQ(ReadCabrillo(contest + phone).station.phone, true) << contest;
+        EXPECT_EQ(ReadCabrillo(contest + cw + phone + phone).station.phone, true) << contest;
+        EXPECT_EQ(ReadCabrillo(contest + cw + phone).station.phone, false) << contest;
+    }
+    EXPECT_EQ(ReadCabrillo("CONTEST: ARRL-SS-CW\n" + phone).station.phone, false);
+}
+
+TEST(CabrilloReader, TheFirstContestCounts) {
+    EXPECT_EQ(ReadCabrillo("CONTEST: ARRL-SS-SSB\nCONTEST: ARRL-SS-CW\n").station.phone, true);
+}
+
+TEST(CabrilloReader, HasARemarkOnEachContactOfTheOtherModeAndOnAnotherContest) {
+    const std::string begin = "QSO: 7000 PH 2026-11-07 2104 W9ZZZ 1 A 72 IL ";
+    const ImportedLog log = ReadCabrillo("CONTEST: CQ-WW-CW\n" + begin + "W1XX 88 A 72 MDC\n" + begin +
+                                         "K1AB 8 A 72 CT\n"
+                                         "QSO: 7000 CW 2026-11-07 2104 W9ZZZ 1 A 72 IL W1XX 88 A 72 MDC\n");
+    EXPECT_EQ(log.contacts.size(), 3U);
+    EXPECT_EQ(Shown(log.remarks),
+              (Texts{"1: Kept, though the contest is not ARRL-SS", "4: Kept: a CW contact in a log of phone"}));
+}
+
+TEST(CabrilloReader, AnOwnCallThatIsNoneGivesWayToThatOfTheContacts) {
+    const std::string contact = "QSO: 7000 CW 2026-11-07 2104 W9ZZZ 1 A 72 IL W1XX 88 A 72 MDC\n";
+    for (const std::string call : {"W9ZZZ W9YYY", "W9ZZZZZZZZZZZZZZZZZZZ", "W9\"Z"}) {
+        const ImportedLog log = ReadCabrillo("CALLSIGN: " + call + "\n" + contact);
+        EXPECT_EQ(log.station.call, "W9ZZZ") << call;
+        EXPECT_EQ(Shown(log.remarks), Texts{"1: Not taken as the own call: it is none"}) << call;
+    }
 }
 
 TEST(CabrilloReader, HasANoteOnEachLineThatIsNotUnderstood) {

@@ -40,6 +40,12 @@ TEST_F(HistoryMakingTest, MakesOneHistoryOfLogsOfEveryManner) {
               "/contest/history.txt.\r\n\r\n3 calls of 3 logs. Not understood: 1 line.\" OK Information");
 }
 
+TEST_F(HistoryMakingTest, OneCallOfOneLogIsToldSo) {
+    Make({"/old/all.adi"}, "/contest/history.txt");
+    EXPECT_NE(dialogs.boxes.back().find("\r\n\r\n1 call of 1 log. Not understood: 0 lines."), std::string::npos)
+        << dialogs.boxes.back();
+}
+
 TEST_F(HistoryMakingTest, AsksForLogsUntilCancelAndThenWhereToSave) {
     Make({"/old/w9zzz.log", "/old/Log.txt"}, std::nullopt);
     ASSERT_EQ(dialogs.boxes.size(), 4U);

@@ -26,6 +26,15 @@ inline std::vector<std::string> Shown(const std::vector<ImportedContact>& contac
     return shown;
 }
 
+/// In the order in which they count.
+inline std::vector<std::string> Shown(const std::vector<OwnSection>& sections) {
+    std::vector<std::string> shown;
+    for (const OwnSection& section : sections) {
+        shown.push_back(section.text);
+    }
+    return shown;
+}
+
 inline std::vector<std::string> Shown(const ImportNotes& notes) {
     std::vector<std::string> shown;
     for (const ImportNote& note : notes.kept) {

@@ -64,7 +64,7 @@ TEST(RoundTrip, CabrilloWrittenIsReadBackEqual) {
         EXPECT_EQ(log.station.call, "W9ZZZ");
         EXPECT_EQ(log.station.precedence, "A");
         EXPECT_EQ(log.station.check, "72");
-        EXPECT_EQ(log.station.section, "IL");
+        EXPECT_EQ(Shown(log.station.sections), std::vector<std::string>{"IL"});
         EXPECT_EQ(log.station.phone, true);
     }
 }
@@ -87,10 +87,18 @@ TEST(RoundTrip, AdifWithTheExchangeIsReadBackEqual) {
     const ImportedLog log = ReadAdif(AdifExchangeText(details, CwStation(), LogOf(contacts), ToldSections(), 2026));
     EXPECT_EQ(ContactsOf(log), contacts);
     EXPECT_EQ(log.station.call, "W9ZZZ");
-    EXPECT_EQ(log.station.section, "IL");
+    EXPECT_EQ(Shown(log.station.sections), std::vector<std::string>{"IL"});
     EXPECT_EQ(log.station.precedence, "A");
     EXPECT_EQ(log.station.check, "72");
     EXPECT_EQ(log.station.phone, false);
+}
+
+TEST(RoundTrip, ACommentMayHoldTheEndOfARecord) {
+    const AdifExchange details{.title = "Tallyhut Log 4.7", .writtenAt = "", .power = "100", .comment = "a<EOR>b"};
+    const ImportedLog log =
+        ReadAdif(AdifExchangeText(details, CwStation(), LogOf(PlainContacts()), ToldSections(), 2026));
+    EXPECT_EQ(ContactsOf(log), PlainContacts());
+    EXPECT_EQ(Shown(log.notes), std::vector<std::string>{});
 }
 
 TEST(RoundTrip, AdifWithoutTheExchangeIsIncomplete) {

@@ -89,7 +89,7 @@ TEST(AdifExchange, TheFileIsPlainAscii) {
 }
 
 TEST(AdifExchange, CanadaIsDxccOneWhateverTheList) {
-    for (const std::string section : {"ONN", "ONS", "ONE", "NT", "GTA", "MAR", "QC"}) {
+    for (const std::string section : {"ONN", "ONS", "ONE", "NT", "GTA", "MAR", "QC", "NB", "NS", "PE", "GH", "TER"}) {
         Contact contact = Usual();
         contact.Sec = section;
         EXPECT_TRUE(Holds(RecordOf(contact), "<DXCC:1>1 ")) << section;
@@ -114,6 +114,20 @@ TEST(AdifExchange, EntitiesAreThoseOfTheSectionOrOfTheIsland) {
                                            {"AH0A", "PAC", 166},
                                            {"W1XX/KH8", "PAC", 9},
                                            {"KH2/W1XX", "PAC", 103},
+                                           {"KH2XX/KH6", "PAC", 110},
+                                           {"KH6/KH2XX", "PAC", 110},
+                                           {"KH0XX/KH2", "PAC", 103},
+                                           {"AH6X/KH8", "PAC", 9},
+                                           {"WA1AA/KH8/P", "PAC", 9},
+                                           {"KH2XX/QRP", "PAC", 103},
+                                           {"KH7K", "PAC", 138},
+                                           {"W1XX/KH7K", "PAC", 138},
+                                           {"KH7KA", "PAC", 110},
+                                           {"KH7XX", "PAC", 110},
+                                           {"CY0XX/VE1", "NS", 1},
+                                           {"VE1XX/CY9", "NS", 252},
+                                           {"/", "PAC", 110},
+                                           {"KH2XX//", "PAC", 103},
                                            {"KH2XX", "CA", 0},
                                            {"KH2XX", "SCV", 291},
                                            {"CY0X", "MAR", 211},
@@ -123,11 +137,39 @@ TEST(AdifExchange, EntitiesAreThoseOfTheSectionOrOfTheIsland) {
     }
 }
 
+TEST(AdifExchange, ATerritoryIsTheStateThatTheCallTells) {
+    for (const std::string section : {"TER", "NT"}) {
+        for (const auto& [call, state] : std::vector<std::pair<std::string, std::string>>{
+                 {"VE8AA", "NT"}, {"VY0AA", "NU"}, {"VY1AA", "YT"}, {"VE3XX/VY0", "NU"}}) {
+            Contact contact = Usual();
+            contact.Call = call;
+            contact.Sec = section;
+            EXPECT_TRUE(Holds(RecordOf(contact), "<DXCC:1>1 <STATE:2>" + state + ' ')) << call << section;
+        }
+    }
+    Contact visitor = Usual();
+    visitor.Call = "VE3XX";
+    visitor.Sec = "TER";
+    EXPECT_FALSE(Holds(RecordOf(visitor), "<STATE"));
+}
+
+TEST(AdifExchange, AnExchangeThatLacksAPartIsNotToldAsOneText) {
+    Contact contact = Usual();
+    contact.Ck = "";
+    EXPECT_FALSE(Holds(RecordOf(contact), "SRX_STRING"));
+    EXPECT_TRUE(Holds(RecordOf(contact), "<STX_STRING"));
+    Preferences station = CwStation();
+    station.gOwnCheck = " ";
+    EXPECT_FALSE(Holds(RecordOf(Usual(), kDetails, station), "STX_STRING"));
+}
+
 TEST(AdifExchange, AnIslandWithAnEntityOfItsOwnHasNoState) {
     Contact guam = Usual();
     guam.Call = "KH2XX";
     guam.Sec = "PAC";
     EXPECT_TRUE(Holds(RecordOf(guam), "<DXCC:3>103 <STATION_CALLSIGN"));
+    guam.Call = "KH7K";
+    EXPECT_TRUE(Holds(RecordOf(guam), "<DXCC:3>138 <STATION_CALLSIGN"));
     guam.Call = "KH6XX";
     EXPECT_TRUE(Holds(RecordOf(guam), "<DXCC:3>110 <STATE:2>HI "));
 }

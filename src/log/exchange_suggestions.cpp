@@ -3,10 +3,13 @@
 namespace tallyhut {
 namespace {
 
-void SuggestIfEmpty(TextBox& field, std::string_view text) {
-    if (field.Text().empty()) {
+/// True if there is something new to be seen.
+bool SuggestIfEmpty(TextBox& field, std::string_view text) {
+    const bool fills = field.Text().empty() && !text.empty();
+    if (fills) {
         field.Suggest(text);
     }
+    return fills;
 }
 
 }  // namespace
@@ -20,10 +23,13 @@ void ExchangeSuggestions::CallLeft() {
     if (!exchange) {
         return;
     }
-    SuggestIfEmpty(panel.form.txtCK, exchange->check);
+    bool filled = SuggestIfEmpty(panel.form.txtCK, exchange->check);
     const std::string_view section = contest.sections.List().CodeOf(exchange->section);
     if (contest.sections.Find(section) != 0) {
-        SuggestIfEmpty(panel.form.txtSec, section);
+        filled = SuggestIfEmpty(panel.form.txtSec, section) || filled;
+    }
+    if (filled && commit.messageStands) {
+        panel.message.Write("Filled in from the call history");  // what the refusal missed stands there now
     }
 }
 

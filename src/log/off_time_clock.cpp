@@ -98,7 +98,10 @@ void OffTimeClock::Warn(std::int64_t left, bool aloud) {
     const auto reached = static_cast<std::size_t>(
         std::ranges::count_if(kWarnings, [left](std::int64_t limit) { return left <= limit; }));
     form.lblLeft.SetForeColor(reached > 0 ? kRed : kWindowText);
-    if (reached > std::exchange(warnings_, reached) && aloud) {
+    const bool isNew = reached > warnings_;
+    const bool isOver = left == 0;  // and nothing is left to be warned of
+    warnings_ = aloud || isOver ? reached : std::min(warnings_, reached);
+    if (isNew && aloud) {
         form.desk.dialogs.Beep();
         form.desk.Announce("Left to operate: " + PlainText(left) + (left == 1 ? " minute" : " minutes"));
     }

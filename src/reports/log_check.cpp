@@ -200,14 +200,15 @@ void TimesThatAreNone(const Subject& subject, Findings& findings) {
 
 void TimesOutOfOrder(const Subject& subject, Findings& findings) {
     std::optional<ContestMinute> before;
+    std::int32_t rowBefore = 0;
     OfEach(subject, "Time", findings, [&](std::int32_t n, const Contact& /*contact*/) -> Objection {
         const std::optional<ContestMinute>& minute = subject.Minute(n);
         if (!minute) {
             return {};
         }
         const std::optional<ContestMinute> last = std::exchange(before, minute);
-        return last > minute ? Objection{"earlier than the contact before it, at " + ClockText(*last % kMinutesOfADay)}
-                             : Objection{};
+        const std::int32_t row = std::exchange(rowBefore, n);
+        return last > minute ? Objection{"earlier than the contact before it, Rec# " + PlainText(row)} : Objection{};
     });
 }
 

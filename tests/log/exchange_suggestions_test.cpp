@@ -169,7 +169,7 @@ TEST_F(ExchangeSuggestionsTest, EnterInTheCallFieldLogsNothingThatNobodyHasSeen)
     Type("88aw1xx");
     Press("Enter");
     EXPECT_EQ(LogOnDisk(), "");
-    EXPECT_EQ(Dialog(), "Invalid Section");
+    EXPECT_EQ(Dialog(), "Filled in from the call history");
     EXPECT_EQ(FocusedField(), "txtCK");
     EXPECT_EQ(Suggested(), "(72) (MDC)") << "now they are seen";
     Press("Enter");

@@ -178,6 +178,16 @@ TEST_F(OffTimeClockTest, AWarningComesAgainWhenItIsReachedAgain) {
     EXPECT_EQ(dialogs.beeps, 3);
 }
 
+TEST_F(OffTimeClockTest, ALimitThatAReadLogIsBelowIsToldByTheNextMinute) {
+    StartWithClock(UpTo21(1412));
+    EXPECT_EQ(Clock(), "00:28||Silence");
+    EXPECT_EQ(dialogs.beeps, 0);
+    PassMinutes(1);
+    EXPECT_EQ(dialogs.beeps, 1);
+    PassMinutes(1);
+    EXPECT_EQ(dialogs.beeps, 1);
+}
+
 TEST_F(OffTimeClockTest, AWarningIsSpokenToAScreenReader) {
     StartWithClock(UpTo21(1410));
     std::vector<std::string> spoken;

@@ -92,7 +92,7 @@ std::vector<SectionSetup::Offer> SectionSetup::Offers() {
     return all;
 }
 
-SectionSetup::Offer SectionSetup::OfferOfFolder() {
+SectionSetup::Offer SectionSetup::OfferOfFolder() const {
     Offer own{.list = {.name = kSectionsFile, .file = {}, .list = {}}, .ofFolder = true};
     try {
         own.list.file = choice.files.Read(choice.Path());

@@ -43,7 +43,7 @@ struct SectionSetup {
 
 private:
     std::vector<Offer> Offers();
-    Offer OfferOfFolder();
+    Offer OfferOfFolder() const;
     bool MayReplace();
     void Follow();
     void ShowInForce();

@@ -63,12 +63,12 @@ std::variant<tallyhut::Options, int> TakeOptions(int argc, char** argv) try {
 int main(int argc, char** argv) {
     using namespace tallyhut;
     std::signal(SIGPIPE, SIG_IGN);  // nobody at the other end is a write that fails, not the end of the program
-    const std::variant<Options, int> taken = TakeOptions(argc, argv);
-    if (const int* status = std::get_if<int>(&taken)) {
-        return *status;
-    }
-    const Options& options = std::get<Options>(taken);
     try {
+        const std::variant<Options, int> taken = TakeOptions(argc, argv);
+        if (const auto* const status = std::get_if<int>(&taken)) {
+            return *status;
+        }
+        const Options& options = *std::get_if<Options>(&taken);
         const std::string current = PosixFiles{}.CurrentFolder();
         const std::string directory = options.directory ? AbsoluteFolder(*options.directory, current) : current;
         if (!options.console && !HasDisplay()) {

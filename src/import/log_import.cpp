@@ -67,7 +67,7 @@ ImportNotes CountContacts(std::vector<ImportedContact>& contacts, SectionTable& 
 /// The first that the list holds, by its code; those before it have remarks. Empty for none.
 std::string OwnSectionOf(const ImportedStation& station, const SectionList& list, ImportNotes& remarks) {
     for (const OwnSection& section : station.sections) {
-        const std::string code{list.CodeOf(section.text)};
+        std::string code{list.CodeOf(section.text)};
         if (list.Find(code) != 0) {
             return code;
         }

@@ -106,9 +106,9 @@ SectionSetup::Offer SectionSetup::OfferOfFolder() const {
 }
 
 void SectionSetup::ShowInForce() {
-    const std::string_view name =
-        choice.inForce.empty() ? kToldSectionsName : NameOfFile(shipped.Lists(), choice.inForce);
-    dialog.lblSections.SetCaption(std::string{name.empty() ? kSectionsFile : name} + ", " +
+    const std::string name =
+        choice.inForce.empty() ? std::string{kToldSectionsName} : NameOfFile(shipped.Lists(), choice.inForce);
+    dialog.lblSections.SetCaption((name.empty() ? kSectionsFile : name) + ", " +
                                   PlainText(choice.contest.sections.List().Count()) + " sections");
 }
 

@@ -46,9 +46,9 @@ std::vector<ShippedList> ShippedSections::Lists() const {
     return lists;
 }
 
-std::string_view NameOfFile(const std::vector<ShippedList>& shipped, std::string_view file) {
+std::string NameOfFile(const std::vector<ShippedList>& shipped, std::string_view file) {
     const auto found = std::ranges::find(shipped, file, &ShippedList::file);
-    return found == shipped.end() ? std::string_view{} : found->name;
+    return found == shipped.end() ? "" : found->name;
 }
 
 std::string HintOn(std::string_view code, const std::vector<ShippedList>& shipped) {

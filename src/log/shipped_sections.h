@@ -30,7 +30,7 @@ struct ShippedSections {
 };
 
 /// The name of the list whose file this is, byte for byte; empty for none.
-std::string_view NameOfFile(const std::vector<ShippedList>& shipped, std::string_view file);
+std::string NameOfFile(const std::vector<ShippedList>& shipped, std::string_view file);
 
 /// What an operator should know who has typed a code that only another of these lists has, and where to choose that
 /// list; empty for a code that none has.

@@ -50,11 +50,11 @@ void CommitOfTheLastContact(benchmark::State& state) {
     LoadedProgram loaded{kFull - 1};
     for (auto _ : state) {
         state.PauseTiming();
-        loaded.program.log.gContactCount = kFull - 1;
+        loaded.program.log.Remove(loaded.program.log.gContactCount());
         loaded.Type("88AW9ZZ72MDC");
         state.ResumeTiming();
         loaded.Type("\r");
-        benchmark::DoNotOptimize(loaded.program.log.gContactCount);
+        benchmark::DoNotOptimize(loaded.program.log.gContactCount());
     }
 }
 BENCHMARK(CommitOfTheLastContact)->Unit(benchmark::kMicrosecond)->Iterations(500);
@@ -81,9 +81,9 @@ void OffTimesBehindAContact(benchmark::State& state) {
     clock.chosen = true;
     for (auto _ : state) {
         state.PauseTiming();
-        log.gContactCount = kFull - 1;
+        log.gContactCount() = kFull - 1;
         clock.Show();
-        log.Row(++log.gContactCount) = std::as_const(log).Row(1);  // the oldest moves all others
+        log.Add(std::as_const(log).Row(1));  // the oldest moves all others
         state.ResumeTiming();
         clock.Show();
     }

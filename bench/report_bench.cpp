@@ -23,7 +23,7 @@ struct Entry {
         station.gOwnSection = "IL";
         FieldReader fields{text};
         while (!fields.AtEnd()) {
-            log.Row(++log.gContactCount) = ReadRecord(fields);
+            log.Add(ReadRecord(fields));
         }
     }
 

@@ -63,7 +63,7 @@ BENCHMARK(PostToTableMapsAndMarks)->ArgName("contacts")->Arg(0)->Arg(kFull)->Uni
 void PostBehindAContact(benchmark::State& state) {
     Spotting spotting{kFull};
     for (auto _ : state) {
-        spotting.program.log.Row(1).Call = "W1AW";
+        spotting.program.log.Change(1, [](Contact& contact) { contact.Call = "W1AW"; });
         spotting.Post();
     }
 }

@@ -106,7 +106,7 @@ void CommitToPixels(benchmark::State& state) {
         times.Take([&window] { window.Press(Qt::Key_Return, "\r"); });
     }
     times.Tell(state);
-    state.counters["logged"] = window.program.log.gContactCount - kBefore;
+    state.counters["logged"] = window.program.log.gContactCount() - kBefore;
 }
 BENCHMARK(CommitToPixels)->ArgName("all")->Arg(0)->Arg(1)->Iterations(300)->Unit(benchmark::kMillisecond);
 

@@ -309,7 +309,7 @@ std::string Program::KeptElsewhere() {
         onDisk = RecordCount(logPart.logFile.Read());
     } catch (const PlatformError&) {  // then there is nothing to count
     }
-    if (onDisk + 1 >= logPart.contest.log.gContactCount) {
+    if (onDisk + 1 >= logPart.contest.log.gContactCount()) {
         return "";
     }
     try {

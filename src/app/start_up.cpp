@@ -50,7 +50,7 @@ void StartUp::LoadSteps() {
     log.display.offTime.ReadSettings();
     layout.LayOutMainForm();
     log.panel.message.Write(kFirstMessage);
-    form1.lblNumCurCon.SetCaption(" " + NumberForm(log.contest.log.gContactCount + 1));
+    form1.lblNumCurCon.SetCaption(" " + NumberForm(log.contest.log.gContactCount() + 1));
     log.preferencesFile.Load();
     log.time.gOpSecondsNow = preferences.gOpSeconds;
     form1.mnuDXSpotsColor.SetChecked(preferences.gColorNeededSpots == 1);

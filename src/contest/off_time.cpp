@@ -22,29 +22,18 @@ std::string ClockText(std::int64_t minutes) {
 }
 
 ContestMinute MinuteOf(const DateTime& utc) {
-    return SecondsBetween({}, utc) / kSecondsAMinute;
+    return MinuteOf(SecondsBetween({}, utc));
 }
 
-std::optional<ContestMinute> MinuteOf(const Contact& contact, int presentYear) {
-    return MinuteReader{presentYear}.MinuteOf(contact);
-}
-
-std::optional<ContestMinute> MinuteReader::MinuteOf(const Contact& contact) {
-    if (contact.Date != date_) {
-        const std::optional<DateTime> date = ParseDate(contact.Date, presentYear_);
-        date_ = contact.Date;
-        midnight_ = date ? std::optional{::tallyhut::MinuteOf(*date)} : std::nullopt;
-    }
-    const std::optional<DateTime> time = midnight_ ? ParseTime(contact.Time) : std::nullopt;
-    return time ? std::optional{*midnight_ + ::tallyhut::MinuteOf(*time)} : std::nullopt;
+ContestMinute MinuteOf(ContactMoment moment) {
+    return moment / kSecondsAMinute;
 }
 
 std::vector<ContestMinute> MinutesOf(const ContactLog& log, int presentYear) {
     std::vector<ContestMinute> minutes;
-    MinuteReader reader{presentYear};
-    for (std::int32_t n = 1; n <= log.gContactCount; ++n) {
-        if (const std::optional<ContestMinute> minute = reader.MinuteOf(log.Row(n))) {
-            minutes.push_back(*minute);
+    for (std::int32_t n = 1; n <= log.gContactCount(); ++n) {
+        if (const std::optional<ContactMoment> moment = log.MomentOf(n, presentYear)) {
+            minutes.push_back(MinuteOf(*moment));
         }
     }
     std::ranges::sort(minutes);

@@ -31,21 +31,8 @@ std::string ClockText(std::int64_t minutes);
 /// The minute that the moment lies in.
 ContestMinute MinuteOf(const DateTime& utc);
 
-/// The minute of a contact; nothing where its date or time is none.
-std::optional<ContestMinute> MinuteOf(const Contact& contact, int presentYear);
-
-/// The same for one contact after the other: a date that stands in the one before as well is read once.
-class MinuteReader {
-public:
-    explicit MinuteReader(int presentYear) : presentYear_{presentYear} {}
-
-    std::optional<ContestMinute> MinuteOf(const Contact& contact);
-
-private:
-    int presentYear_;
-    std::string date_;  ///< that was read last
-    std::optional<ContestMinute> midnight_;
-};
+/// The minute that a contact's moment lies in.
+ContestMinute MinuteOf(ContactMoment moment);
 
 /// The minutes of the contacts in order; those with a date or time that is none are left out.
 std::vector<ContestMinute> MinutesOf(const ContactLog& log, int presentYear);

@@ -10,13 +10,13 @@ constexpr std::int64_t kHour = 3'600;
 
 std::optional<Rates> RatesAt(const DateTime& utc, const ContactLog& log) {
     Rates rates;
-    for (std::int32_t row = log.gContactCount; row >= 1; --row) {
-        const Contact& contact = log.Row(row);
-        const std::optional<DateTime> at = ParseDateTime(contact.Date + ' ' + contact.Time, utc.year);
+    const ContactMoment now = SecondsBetween({}, utc);
+    for (std::int32_t row = log.gContactCount(); row >= 1; --row) {
+        const std::optional<ContactMoment> at = MomentAsFarAsWritten(log, row, utc.year);
         if (!at) {
             return std::nullopt;
         }
-        const std::int64_t age = SecondsBetween(*at, utc);
+        const std::int64_t age = now - *at;
         rates.lastTwentyMinutes += age < kTwentyMinutes ? 3 : 0;
         if (age >= kHour) {
             break;

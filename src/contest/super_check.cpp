@@ -135,11 +135,10 @@ SuperCheck ReadSuperCheck(std::string_view fileBytes) {
 std::string SuperCheckLine(const SuperCheck& calls, std::string_view typed, const ContactLog& log) {
     constexpr std::size_t kMostInLine = (kLineLength + 1) / (kShortestCall + 1);
     const std::vector<std::string_view> found = calls.Holding(typed, kMostInLine);
-    const std::vector<bool> worked = WorkedAmong(log, found);
     std::string line;
-    for (std::size_t i = 0; i < found.size(); ++i) {
-        const std::string call{found[i]};
-        const std::string shown = (line.empty() ? "" : " ") + (worked[i] ? '[' + call + ']' : call);
+    for (const std::string_view each : found) {
+        const std::string call{each};
+        const std::string shown = (line.empty() ? "" : " ") + (WorkedBefore(log, call) ? '[' + call + ']' : call);
         if (line.size() + shown.size() > kLineLength) {
             break;
         }

@@ -1,65 +1,57 @@
 #include "contest/worked_before.h"
 
 #include <algorithm>
-#include <bitset>
+#include <functional>
+#include <vector>
 
 namespace tallyhut {
 namespace {
 
 constexpr std::size_t kListLength = 125;
-constexpr std::size_t kLooks = 4096;
 
-/// What most calls differ in, their last characters, so that a row that is none of a few is told by one look.
-std::size_t LookOf(std::string_view call) {
-    constexpr std::size_t kBase = 37;
-    constexpr std::size_t kCharacters = 3;
-    std::size_t look = 0;
-    for (const char character : call.substr(call.size() - std::min(call.size(), kCharacters))) {
-        look = look * kBase + static_cast<unsigned char>(character);
+/// Puts the call of a row in front; false when nothing more has room.
+bool Lists(const ContactLog& log, std::int32_t row, std::string& list) {
+    list.insert(0, log.Row(row).Call + ' ');
+    return list.size() <= kListLength;
+}
+
+/// Of a few calls: their rows, the oldest first, as far as they are needed.
+std::string ListOf(const ContactLog& log, std::span<const CallOrder::Place> places) {
+    std::vector<std::int32_t> rows(places.size());
+    std::ranges::transform(places, rows.begin(), &CallOrder::Place::row);
+    std::ranges::make_heap(rows, std::greater{});
+    std::string list;
+    for (auto end = rows.end(); end != rows.begin(); --end) {
+        std::pop_heap(rows.begin(), end, std::greater{});
+        if (!Lists(log, *(end - 1), list)) {
+            break;
+        }
     }
-    return look % kLooks;
+    return list;
+}
+
+/// Where many calls begin so, the oldest of them stand not far from the begin of the log.
+std::string ListFromOldest(const ContactLog& log, std::string_view begin) {
+    std::string list;
+    for (std::int32_t row = 1; row <= log.gContactCount(); ++row) {
+        if (log.Row(row).Call.starts_with(begin) && !Lists(log, row, list)) {
+            break;
+        }
+    }
+    return list;
 }
 
 }  // namespace
 
 std::optional<std::int32_t> WorkedBefore(const ContactLog& log, std::string_view call) {
-    for (std::int32_t row = 1; row <= log.gContactCount; ++row) {
-        if (log.Row(row).Call == call) {
-            return row;
-        }
-    }
-    return std::nullopt;
-}
-
-std::vector<bool> WorkedAmong(const ContactLog& log, const std::vector<std::string_view>& calls) {
-    std::bitset<kLooks> looks;
-    for (const std::string_view call : calls) {
-        looks.set(LookOf(call));
-    }
-    std::vector<bool> worked(calls.size());
-    const std::int32_t rows = calls.empty() ? 0 : log.gContactCount;
-    for (std::int32_t row = 1; row <= rows; ++row) {
-        const std::string& call = log.Row(row).Call;
-        if (!looks.test(LookOf(call))) {
-            continue;
-        }
-        const auto same = std::ranges::find(calls, call);
-        if (same != calls.end()) {
-            worked[static_cast<std::size_t>(same - calls.begin())] = true;
-        }
-    }
-    return worked;
+    const auto places = log.CallsOf(call);
+    return places.empty() ? std::nullopt : std::optional{places.front().row};
 }
 
 std::string PartialCalls(const ContactLog& log, std::string_view begin) {
-    std::string list;
-    for (std::int32_t row = 1; row <= log.gContactCount && list.size() <= kListLength; ++row) {
-        const std::string& call = log.Row(row).Call;
-        if (call.starts_with(begin)) {
-            list.insert(0, call + ' ');
-        }
-    }
-    return list;
+    constexpr std::size_t kMany = 256;
+    const auto places = log.CallsBeginning(begin);
+    return places.size() <= kMany ? ListOf(log, places) : ListFromOldest(log, begin);
 }
 
 bool HasCallAreaDigit(std::string_view firstThree) {

@@ -4,7 +4,6 @@
 #include <optional>
 #include <string>
 #include <string_view>
-#include <vector>
 
 #include "contest/contact_log.h"
 
@@ -12,9 +11,6 @@ namespace tallyhut {
 
 /// The first row whose call is this one, to the letter; a call counts once in the whole contest, whatever the band.
 std::optional<std::int32_t> WorkedBefore(const ContactLog& log, std::string_view call);
-
-/// Which of a few different calls are in the log, to the letter: one walk over it for all of them.
-std::vector<bool> WorkedAmong(const ContactLog& log, const std::vector<std::string_view>& calls);
 
 /// The logged calls that begin so, each with a blank behind it, the newest first. Ends with the call that makes it
 /// longer than the line that shows it, 125 characters; calls logged later do not appear then.

@@ -99,7 +99,7 @@ bool Commit::LogContact() {
         panel.message.WriteNormal("This contact is not logged yet!");
         return false;
     }
-    panel.form.lblTotCon.SetCaption(NumberForm(contest.log.gContactCount));
+    panel.form.lblTotCon.SetCaption(NumberForm(contest.log.gContactCount()));
     display.list.ListContacts();
     panel.message.WriteNormal("");
     // Focus events wait: leaving the call field now would find the contact just logged and call it a duplicate.

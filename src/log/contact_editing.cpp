@@ -77,16 +77,8 @@ void ContactEditing::Delete(std::int32_t row) {
     if (answer != Answer::Yes) {
         return;
     }
-    CloseUp(row);
-    --contest.log.gContactCount;
+    contest.log.Remove(row);
     RewriteAndReload();
-}
-
-/// Behind the last row of a full table there is none: it counts as an empty one.
-void ContactEditing::CloseUp(std::int32_t row) {
-    for (std::int32_t i = row; i <= contest.log.gContactCount; ++i) {
-        contest.log.Row(i) = i < ContactLog::kMostContacts ? contest.log.Row(i + 1) : Contact{};
-    }
 }
 
 void ContactEditing::RewriteAndReload() {
@@ -226,8 +218,8 @@ void ContactEditing::cmdDone_Click() {
 
 bool ContactEditing::HasDuplicate() {
     bool duplicate = false;
-    for (std::int32_t n = 1; n <= contest.log.gContactCount; ++n) {
-        if (n != editedRow && contest.log.Row(n).Call == dialog.txtEditCall.Text()) {
+    for (const CallOrder::Place& same : contest.log.CallsOf(dialog.txtEditCall.Text())) {
+        if (same.row != editedRow) {
             duplicate = true;
             dialog.Label1.SetVisible(true);
             dialog.cmdDeleteDupe.SetVisible(true);
@@ -253,10 +245,12 @@ bool ContactEditing::HasSection() {
 }
 
 void ContactEditing::Store() {
-    for (const EditField& edit : kEditFields) {
-        contest.log.Row(editedRow).*edit.field = (dialog.*edit.box).Text();
-    }
-    contest.log.Row(editedRow).Sec = SectionCode();
+    contest.log.Change(editedRow, [this](Contact& contact) {
+        for (const EditField& edit : kEditFields) {
+            contact.*edit.field = (dialog.*edit.box).Text();
+        }
+        contact.Sec = SectionCode();
+    });
 }
 
 void ContactEditing::cmdDeleteDupe_Click() {

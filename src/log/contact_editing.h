@@ -56,7 +56,6 @@ private:
     std::string_view SectionCode() const;
     bool HasSection();
     void Store();
-    void CloseUp(std::int32_t row);
     void RewriteAndReload();
 };
 

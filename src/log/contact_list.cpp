@@ -27,7 +27,7 @@ constexpr std::array kContactColumns{
 }  // namespace
 
 void ContactList::ListContacts() {
-    const std::int32_t newest = contest.log.gContactCount;
+    const std::int32_t newest = contest.log.gContactCount();
     const std::int32_t listed = gListAll == 1 ? newest : std::min(newest, kRecent);
     form.ListView1.SetRows(static_cast<std::size_t>(listed), [this, newest](std::size_t row, std::size_t column) {
         return CellText(newest - static_cast<std::int32_t>(row), column);

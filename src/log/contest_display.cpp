@@ -16,7 +16,7 @@ ContestDisplay::ContestDisplay(Form1& mainForm, const Contest& shown, UtcClock& 
 void ContestDisplay::ShowCounts() {
     const ContactLog& log = contest.log;
     ShowTotals();
-    form.lblNumCurCon.SetCaption(log.gContactCount == 0 ? "1" : NumberForm(log.NextSerial()));
+    form.lblNumCurCon.SetCaption(log.gContactCount() == 0 ? "1" : NumberForm(log.NextSerial()));
     form.lblsectogo.SetCaption(" " + NumberForm(contest.sections.gSectionCount - contest.sections.gSectionsWorked));
 }
 
@@ -24,16 +24,16 @@ void ContestDisplay::ShowCounts() {
 void ContestDisplay::ShowTotals() {
     const std::uint8_t worked = contest.sections.gSectionsWorked;
     form.lblTotSec.SetCaption(" " + NumberForm(worked));
-    form.lblTotScore.SetCaption(" " + NumberForm(Score(worked, contest.log.gContactCount)));
+    form.lblTotScore.SetCaption(" " + NumberForm(Score(worked, contest.log.gContactCount())));
     list.ListContacts();
-    form.lblTotCon.SetCaption(" " + NumberForm(contest.log.gContactCount));
+    form.lblTotCon.SetCaption(" " + NumberForm(contest.log.gContactCount()));
 }
 
 void ContestDisplay::ShowScore() {
     const SectionTable& sections = contest.sections;
     form.lblTotSec.SetCaption(PlainText(sections.gSectionsWorked));
     form.lblsectogo.SetCaption(PlainText(sections.gSectionCount - sections.gSectionsWorked));
-    form.lblTotScore.SetCaption(PlainText(Score(sections.gSectionsWorked, contest.log.gContactCount)));
+    form.lblTotScore.SetCaption(PlainText(Score(sections.gSectionsWorked, contest.log.gContactCount())));
 }
 
 void ContestDisplay::ShowTimes() {

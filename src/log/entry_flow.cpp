@@ -73,7 +73,7 @@ void EntryFlow::txtNum_KeyPress(int& KeyAscii) {
     if (CommitsOnEnter(KeyAscii)) {
         return;
     }
-    if (contest.log.gContactCount > 0) {
+    if (contest.log.gContactCount() > 0) {
         panel.fields.ShowNextSerial();
     }
     panel.message.WriteNormal(" ");

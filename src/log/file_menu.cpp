@@ -97,12 +97,12 @@ void FileMenu::BeginAnew() {
             time.PutBack(before);
             return;
         }
-        contest.log.gContactCount = 0;
+        contest.log.Clear();
     } catch (const LogWriteError&) {
         time.PutBack(before);
         throw;
     } catch (const PlatformError& failure) {
-        if (contest.log.gContactCount > 0) {
+        if (contest.log.gContactCount() > 0) {
             time.PutBack(before);
             throw;
         }
@@ -140,7 +140,7 @@ void FileMenu::mnuArchive_Click() {
 void FileMenu::mnuRestore_Click() {
     try {
         desk.dialogs.Show(kRestoreBox);
-        if (contest.log.gContactCount > 0 && desk.dialogs.Show(kReplaceBox) != Answer::Yes) {
+        if (contest.log.gContactCount() > 0 && desk.dialogs.Show(kReplaceBox) != Answer::Yes) {
             return;
         }
         const FileRequest request{.title = "", .filter = kLogFilter, .folder = copies.BackupFolder(), .name = ""};

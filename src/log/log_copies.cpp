@@ -32,8 +32,8 @@ void LogCopies::MakeIfMissing(const std::string& folder) {
 
 /// A copy of the same minute is overwritten; one with more contacts than the log has now is kept first.
 void LogCopies::Backup() {
-    const bool unchanged = contest.log.gSavedCount == static_cast<float>(contest.log.gContactCount);
-    if (unchanged || contest.log.gContactCount < 1) {
+    const bool unchanged = contest.log.gSavedCount == static_cast<float>(contest.log.gContactCount());
+    if (unchanged || contest.log.gContactCount() < 1) {
         return;
     }
     try {

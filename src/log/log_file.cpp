@@ -15,7 +15,7 @@ std::string NotLogged(const std::string& reason, const Contact& contact) {
 
 std::string LogText(const ContactLog& log) {
     std::string text;
-    for (std::int32_t n = 1; n <= log.gContactCount; ++n) {
+    for (std::int32_t n = 1; n <= log.gContactCount(); ++n) {
         text += WriteRecord(log.Row(n));
     }
     return text;

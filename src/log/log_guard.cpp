@@ -48,30 +48,27 @@ void LogGuard::OpenIfUnopened() {
 
 void LogGuard::Adopt() {
     const std::optional<FileMark> found = file.files.Mark(file.Path());
-    if (found != file.mark && contest.log.gContactCount > 0) {
+    if (found != file.mark && contest.log.gContactCount() > 0) {
         WriteBeside();
     }
     file.mark = found;
 }
 
 void LogGuard::Reopen() {
-    if (contest.log.gContactCount > 0) {
+    if (contest.log.gContactCount() > 0) {
         Adopt();
     }
     reload.mnuopen2();
 }
 
 bool LogGuard::Add(const Contact& contact) {
-    ContactLog& log = contest.log;
-    ++log.gContactCount;
     try {
-        log.Row(log.gContactCount) = contact;
+        contest.log.Add(contact);
         file.Append(contact);
     } catch (const LogFullError& full) {
         throw LogWriteError{std::string{full.what()} + "\n\nThis contact was not logged: " + ExchangeText(contact)};
     } catch (const FileChangedError&) {
-        log.Row(log.gContactCount) = {};
-        --log.gContactCount;
+        contest.log.Remove(contest.log.gContactCount());
         TellOfOtherHand();
         return false;
     }
@@ -140,7 +137,7 @@ std::string LogGuard::WriteBeside() {
 }
 
 std::string LogGuard::TryWritingBeside() try {
-    const std::int32_t count = contest.log.gContactCount;
+    const std::int32_t count = contest.log.gContactCount();
     if (count == 0) {
         return "This program holds no contacts.";
     }

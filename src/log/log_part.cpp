@@ -262,12 +262,12 @@ void LogPart::AddPreferences(ToldNames& told) const {
 }
 
 void LogPart::AddContacts(ToldNames& told) const {
-    told.Add("gContactCount", contest.log.gContactCount);
+    told.Add("gContactCount", [this] { return contest.log.gContactCount(); });
     told.Add("gSavedCount", contest.log.gSavedCount);
     told.Add("gFrq", contest.log.gFrq);
     for (const auto& [name, field] : kContactFields) {
         told.AddTable(std::string{name}, [this, field = field](int row) {
-            const bool isContact = row >= 1 && row <= contest.log.gContactCount;
+            const bool isContact = row >= 1 && row <= contest.log.gContactCount();
             return isContact ? std::optional{ToldNames::Told(contest.log.Row(row).*field)} : std::nullopt;
         });
     }

@@ -45,7 +45,7 @@ void LogReload::mnuopen2(const std::function<void()>& beforeTheEnd) {
         display.ShowCounts();
         display.ShowTimes();
         if (contest.log.gSavedCount == 0) {
-            contest.log.gSavedCount = static_cast<float>(contest.log.gContactCount);
+            contest.log.gSavedCount = static_cast<float>(contest.log.gContactCount());
         }
         opened = true;
     } catch (const PlatformError&) {
@@ -78,19 +78,21 @@ std::optional<std::string> LogReload::TextOnDisk() {
 }
 
 void LogReload::Clear() {
-    contest.log.gContactCount = 0;
+    contest.log.Clear();
     contest.sections.Clear();
     display.grid.ShowAllNeeded();
 }
 
 void LogReload::Take(std::string_view text) {
-    FieldReader fieldReader{text};
-    while (!fieldReader.AtEnd()) {
-        ++contest.log.gContactCount;
-        Contact& contact = contest.log.Row(contest.log.gContactCount);
-        contact = ReadRecord(fieldReader);
+    FieldReader fields{text};
+    contest.log.AddAll([this, &fields](Contact& contact) {
+        if (fields.AtEnd()) {
+            return false;
+        }
+        contact = ReadRecord(fields);
         CountSection(contact);
-    }
+        return true;
+    });
 }
 
 void LogReload::CountSection(const Contact& contact) {

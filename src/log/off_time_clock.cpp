@@ -30,20 +30,21 @@ std::string SilenceCaption(const OffTime& at) {
 }  // namespace
 
 SortedMinutes::Change SortedMinutes::Follow(const ContactLog& log, int presentYear) {
-    const std::int32_t before = std::exchange(contacts_, log.gContactCount);
-    const std::uint64_t lent = log.RowsLent() - std::exchange(rowsLent_, log.RowsLent());
+    const std::int32_t before = std::exchange(contacts_, log.gContactCount());
+    const std::uint64_t changes = log.Changes() - std::exchange(changes_, log.Changes());
     const std::int32_t added = contacts_ - before;
-    if (added == 0 && lent == 0) {
+    if (changes == 0) {
         return Change::None;
     }
-    // So many rows lent as there are more contacts: only those have been written.
-    if (before == 0 || !std::cmp_equal(lent, added)) {
+    // As many changes as there are more contacts: these have been added, and none has changed.
+    if (before == 0 || !std::cmp_equal(changes, added)) {
         minutes_ = MinutesOf(log, presentYear);
         return Change::ReadAnew;
     }
     for (std::int32_t n = before + 1; n <= contacts_; ++n) {
-        if (const std::optional<ContestMinute> minute = MinuteOf(log.Row(n), presentYear)) {
-            minutes_.insert(std::ranges::upper_bound(minutes_, *minute), *minute);
+        if (const std::optional<ContactMoment> moment = log.MomentOf(n, presentYear)) {
+            const ContestMinute minute = MinuteOf(*moment);
+            minutes_.insert(std::ranges::upper_bound(minutes_, minute), minute);
         }
     }
     return Change::Added;

@@ -23,7 +23,7 @@ public:
 private:
     std::vector<ContestMinute> minutes_;
     std::int32_t contacts_ = 0;
-    std::uint64_t rowsLent_ = 0;
+    std::uint64_t changes_ = 0;
 };
 
 /// The clock of the 24 hours on the main form: what is left to operate, the present silence, and when that is off. All

@@ -196,7 +196,7 @@ void SectionSetup::TellLost() {
     const Contest& contest = choice.contest;
     std::string named;
     int lost = 0;
-    for (std::int32_t row = 1; row <= contest.log.gContactCount; ++row) {
+    for (std::int32_t row = 1; row <= contest.log.gContactCount(); ++row) {
         const std::string& section = contest.log.Row(row).Sec;
         if (contest.sections.Find(section) == 0 && ++lost <= kMostNamed) {
             named += "\r\n" + PlainText(row) + "  " + section;

@@ -90,7 +90,7 @@ std::string Record(const Contact& contact, const AdifExport& details, int presen
 
 std::string AdifText(const AdifExport& details, const ContactLog& log, int presentYear) {
     std::string text = Head(details);
-    for (std::int32_t n = 1; n <= log.gContactCount; ++n) {
+    for (std::int32_t n = 1; n <= log.gContactCount(); ++n) {
         text += Record(log.Row(n), details, presentYear);
     }
     return text;

@@ -222,7 +222,7 @@ std::string Record(const Contact& contact, const AdifExchange& details, const Pr
 std::string AdifExchangeText(const AdifExchange& details, const Preferences& station, const ContactLog& log,
                              const SectionList& sections, int presentYear) {
     std::string text = Head(details);
-    for (std::int32_t n = 1; n <= log.gContactCount; ++n) {
+    for (std::int32_t n = 1; n <= log.gContactCount(); ++n) {
         text += Record(log.Row(n), details, station, sections, presentYear);
     }
     return text;

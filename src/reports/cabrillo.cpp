@@ -117,9 +117,9 @@ void WriteCabrillo(const CabrilloEntry& entry, const Preferences& station, const
                    int presentYear, ColumnWriter& lines) {
     WriteStation(entry, station, lines);
     WriteCategories(entry, station, lines);
-    lines.Line("CLAIMED-SCORE: " + PlainText(ClaimedScore(log.gContactCount, sectionsWorked)));
+    lines.Line("CLAIMED-SCORE: " + PlainText(ClaimedScore(log.gContactCount(), sectionsWorked)));
     WriteEntrant(entry, station, lines);
-    for (std::int32_t n = 1; n <= log.gContactCount; ++n) {
+    for (std::int32_t n = 1; n <= log.gContactCount(); ++n) {
         WriteContact(log.Row(n), station, presentYear, lines);
     }
     lines.Line("END-OF-LOG:");

@@ -41,8 +41,8 @@ PrintedPage PageHead(const Preferences& station) {
 
 std::vector<std::string> CallsByArea(const ContactLog& log) {
     std::vector<std::string> keys;
-    keys.reserve(static_cast<std::size_t>(log.gContactCount));
-    for (std::int32_t n = 1; n <= log.gContactCount; ++n) {
+    keys.reserve(static_cast<std::size_t>(log.gContactCount()));
+    for (std::int32_t n = 1; n <= log.gContactCount(); ++n) {
         const std::string& call = log.Row(n).Call;
         keys.push_back(CallArea(call) + call);
     }

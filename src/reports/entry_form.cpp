@@ -242,7 +242,7 @@ SummaryAnswers EntryForm::Answers() const {
 void EntryForm::Command1_Click() {
     WarnOfOldFormat();
     const auto lines =
-        SummarySheet(Answers(), contest.preferences, contest.sections, contest.log.gContactCount, kFileLiterals);
+        SummarySheet(Answers(), contest.preferences, contest.sections, contest.log.gContactCount(), kFileLiterals);
     WriteReportFile(machine.files, directories, WorkingFile(directories, "ASCIISum.txt"), FileText(lines));
     Command3_Click();
 }
@@ -250,7 +250,7 @@ void EntryForm::Command1_Click() {
 void EntryForm::Command2_Click() {
     WarnOfOldFormat();
     const auto lines =
-        SummarySheet(Answers(), contest.preferences, contest.sections, contest.log.gContactCount, kPrintLiterals);
+        SummarySheet(Answers(), contest.preferences, contest.sections, contest.log.gContactCount(), kPrintLiterals);
     PrintPages(machine.printer, dialog.Caption(), {lines}, kSummaryHeadPoints);
 }
 

@@ -31,10 +31,11 @@ struct Subject {
         if (!head.empty() && head.front().tag != kFirstTag) {
             head.clear();
         }
-        MinuteReader reader{checked.presentYear};
         minutes.resize(static_cast<std::size_t>(Count()) + 1);
         for (std::int32_t n = 1; n <= Count(); ++n) {
-            minutes[static_cast<std::size_t>(n)] = reader.MinuteOf(Row(n));
+            if (const std::optional<ContactMoment> moment = checked.log.MomentOf(n, checked.presentYear)) {
+                minutes[static_cast<std::size_t>(n)] = MinuteOf(*moment);
+            }
         }
     }
 
@@ -42,7 +43,7 @@ struct Subject {
     std::vector<std::optional<ContestMinute>> minutes;  ///< by row
     std::vector<HeadLine> head;                         ///< of the entry; none where the file is no entry
 
-    std::int32_t Count() const { return checked.log.gContactCount; }
+    std::int32_t Count() const { return checked.log.gContactCount(); }
     const Contact& Row(std::int32_t n) const { return checked.log.Row(n); }
     const std::optional<ContestMinute>& Minute(std::int32_t n) const { return minutes[static_cast<std::size_t>(n)]; }
 };

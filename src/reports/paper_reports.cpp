@@ -86,10 +86,10 @@ void PaperReports::PrintLog() {
 }
 
 void PaperReports::TakeOver(const MergedLog& merged) {
-    contest.log.gContactCount = 0;
+    contest.log.Clear();
     for (const auto& entry : merged.entries) {
         if (const auto* reported = std::get_if<ReportedContact>(&entry)) {
-            contest.log.Row(++contest.log.gContactCount) = reported->contact;
+            contest.log.Add(reported->contact);
         }
     }
     contest.sections = merged.sections;

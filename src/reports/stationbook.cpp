@@ -35,7 +35,7 @@ void WriteContact(const Contact& contact, bool phone, const SectionList* section
 
 std::string StationbookText(const ContactLog& log, bool phone, const SectionList* sections) {
     RecordWriter record;
-    for (std::int32_t n = 1; n <= log.gContactCount; ++n) {
+    for (std::int32_t n = 1; n <= log.gContactCount(); ++n) {
         WriteContact(log.Row(n), phone, sections, record);
     }
     return record.Result();

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 
+#include "contest/worked_before.h"
 #include "spots/band_map.h"
 #include "spots/spot_labels.h"
 #include "values/value_error.h"
@@ -51,11 +52,9 @@ void HfSpectrum::Draw() {
         marks.at(static_cast<std::size_t>(band)) = MarksOf(band);
     }
     std::array<bool, SpotTable::kRows> isShown{};
-    std::vector<std::string_view> calls;
     for (const std::vector<Mark>& ofBand : marks) {
         for (const Mark& mark : ofBand) {
             isShown.at(static_cast<std::size_t>(mark.row)) = true;
-            calls.emplace_back(table.Row(mark.row).SpotCall);
         }
     }
     for (int i = form.lblDXSpot.First(); i <= form.lblDXSpot.Last(); ++i) {
@@ -64,7 +63,6 @@ void HfSpectrum::Draw() {
             form.LineSpot(i).SetVisible(false);
         }
     }
-    worked.Learn(contest.log, calls);
     for (int band = 0; band < SpectrumMap::kBands; ++band) {
         DrawBand(band, marks.at(static_cast<std::size_t>(band)));
     }
@@ -143,7 +141,7 @@ void HfSpectrum::DrawQuarter(const std::vector<Mark>& marks, int band, double fr
         const Spot& spot = table.Row(row);
         const DateTime utc = AddMinutes(spot.SpotTime, contest.preferences.gUtcOffset * kMinutesAnHour);
         Label& label = form.lblDXSpot(row);
-        label.SetUnderlined(!worked.Has(spot.SpotCall));
+        label.SetUnderlined(!WorkedBefore(contest.log, spot.SpotCall));
         DrawSpot(label, form.LineSpot(row), spot, *AgeOf(spot.SpotTime, now), HintOf(spot, utc),
                  form.lineHF(band).State().x2, at, places[n]);
     }

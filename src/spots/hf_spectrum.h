@@ -6,7 +6,6 @@
 #include "rig/rig_commands.h"
 #include "spots/map_scale.h"
 #include "spots/spot_table.h"
-#include "spots/worked_calls.h"
 
 namespace tallyhut {
 
@@ -18,8 +17,6 @@ struct HfSpectrum {
     const Contest& contest;
     SpotTable& table;
     RigCommands& rig;
-
-    WorkedCalls worked = {};  ///< of those on the map
 
     void BandMapLabelDisplay();
     /// Writes and places the captions of all scales.

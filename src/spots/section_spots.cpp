@@ -1,7 +1,6 @@
 #include "spots/section_spots.h"
 
-#include <algorithm>
-#include <array>
+#include <numeric>
 
 #include "spots/band_map.h"
 #include "values/format.h"
@@ -10,8 +9,6 @@
 namespace tallyhut {
 namespace {
 
-constexpr std::array<std::string_view, 6> kCountedBands{"160", "80", "40", "20", "15", "10"};
-
 std::string TimeText(const Spot& spot) {
     return FormatDateTime(spot.SpotTime, "hh:nn");
 }
@@ -19,17 +16,8 @@ std::string TimeText(const Spot& spot) {
 }  // namespace
 
 std::string SectionCounts(const Contest& contest, int section) {
-    const ContactLog& log = contest.log;
-    std::array<int, kCountedBands.size()> counts{};
-    int total = 0;
-    for (std::int32_t n = 1; n <= log.gContactCount; ++n) {
-        const Contact& contact = log.Row(n);
-        const auto* const band = std::ranges::find(kCountedBands, contact.Bnd);
-        if (contact.Sec == contest.sections.Code(section) && band != kCountedBands.end()) {
-            ++counts.at(static_cast<std::size_t>(band - kCountedBands.begin()));
-            ++total;
-        }
-    }
+    const BandCounts counts = contest.log.Counts().OfSection(contest.sections.Code(section));
+    const std::int32_t total = std::accumulate(counts.begin(), counts.end(), 0);
     std::string text =
         "  " + std::string{contest.sections.Name(section)} + "   Total =" + NumberForm(total) + std::string{kLineEnd};
     for (std::size_t i = 0; i < kCountedBands.size(); ++i) {

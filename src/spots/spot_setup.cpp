@@ -228,7 +228,7 @@ void SpotSetup::SaveSpotSettings() {
 void SpotSetup::Command3_Click() {
     form.txtSent.SetVisible(true);
     form.txtSent.SetText("");
-    const Contact last = contacts.gContactCount == 0 ? Contact{} : contacts.Last();
+    const Contact last = contacts.gContactCount() == 0 ? Contact{} : contacts.Last();
     const double megahertz = ParseNumber(last.Frq).value_or(0);
     const std::string frequency =
         megahertz != 0 ? FormatNumber(megahertz * 1'000, "#######.0") : std::string{kFrequencyAsked};

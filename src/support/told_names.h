@@ -28,8 +28,14 @@ public:
 
     /// A variable, which must outlive the names. A moment is told as its text, empty before it was first set.
     template <typename Variable>
-    void Add(std::string name, const Variable& variable) {
+    requires(!std::is_invocable_v<Variable>) void Add(std::string name, const Variable& variable) {
         values_.insert_or_assign(std::move(name), [&variable] { return Told(variable); });
+    }
+    /// What a function says.
+    template <typename Function>
+    requires std::is_invocable_v<Function>
+    void Add(std::string name, Function value) {
+        values_.insert_or_assign(std::move(name), [value] { return Told(value()); });
     }
     /// A table: the function gives an entry's value, nothing for an index beyond the table.
     void AddTable(std::string name, std::function<std::optional<Value>(int index)> entry);

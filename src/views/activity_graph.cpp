@@ -64,7 +64,7 @@ void ActivityGraph::DrawRateGraph() {
     isDrawn = false;
     form.lblHover.SetCaption("");
     form.LineHover.SetVisible(false);
-    if (log.gContactCount < kLeastContacts) {
+    if (log.gContactCount() < kLeastContacts) {
         Draw();
         form.desk.dialogs.Show(kTooFewBox);
         return;

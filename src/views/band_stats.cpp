@@ -1,13 +1,14 @@
 #include "views/band_stats.h"
 
-#include <algorithm>
+#include <tuple>
 
 #include "values/number.h"
 
 namespace tallyhut {
 namespace {
 
-constexpr std::array<std::string_view, frmbndstats::kBands> kBands{"160", "80", "40", "20", "15", "10"};
+static_assert(frmbndstats::kBands == std::tuple_size_v<BandCounts>);
+
 constexpr double kWhole = 100;  ///< percent
 constexpr Colour kBar = FromRgb(0x1E, 0x88, 0xE5);
 constexpr int kPixels = 200;
@@ -24,24 +25,13 @@ Drawing Bar(std::int32_t count, std::int32_t all) {
 
 }  // namespace
 
-BandCounts ContactsByBand(const ContactLog& log) {
-    BandCounts counts{};
-    for (std::int32_t n = 1; n <= log.gContactCount; ++n) {
-        const auto* const band = std::ranges::find(kBands, log.Row(n).Bnd);
-        if (band != kBands.end()) {
-            ++counts.at(static_cast<std::size_t>(band - kBands.begin()));
-        }
-    }
-    return counts;
-}
-
 std::int32_t ShareInPercent(std::int32_t count, std::int32_t all) {
     return all == 0 ? 0 : count * 100 / all;
 }
 
 void BandStats::frmbndstats_Load() {
-    const BandCounts counts = ContactsByBand(log);
-    const std::int32_t all = log.gContactCount;
+    const BandCounts& counts = log.Counts().OfAll();
+    const std::int32_t all = log.gContactCount();
     form.lblcon(frmbndstats::kTotal).SetCaption(PlainText(all));
     for (int k = 0; k < frmbndstats::kBands; ++k) {
         const std::int32_t count = counts.at(static_cast<std::size_t>(k));

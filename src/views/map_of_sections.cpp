@@ -135,7 +135,7 @@ void MapOfSections::ShowCounts() {
     const int worked = contest.sections.gSectionsWorked;
     form.lblWorked.SetCaption("Worked " + PlainText(worked));
     form.lblNeeded.SetCaption("Needed " + PlainText(contest.sections.gSectionCount - worked));
-    if (contest.log.gContactCount > 0) {
+    if (contest.log.gContactCount() > 0) {
         form.Label1.SetVisible(false);
     }
 }

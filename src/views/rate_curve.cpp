@@ -21,9 +21,8 @@ std::size_t At(int position) {
     return static_cast<std::size_t>(position);
 }
 
-DateTime MomentOf(const ContactLog& log, std::int32_t row, int presentYear) {
-    const Contact& contact = log.Row(row);
-    const std::optional<DateTime> moment = ParseDateTime(contact.Date + ' ' + contact.Time, presentYear);
+ContactMoment MomentOf(const ContactLog& log, std::int32_t row, int presentYear) {
+    const std::optional<ContactMoment> moment = MomentAsFarAsWritten(log, row, presentYear);
     if (!moment) {
         throw ValueError{"Record " + PlainText(row) + " has no date and time that can be read."};
     }
@@ -63,16 +62,18 @@ Colour RateCurve::ColourAt(int position) const {
 
 RateCurve CurveOver(const ContactLog& log, int presentYear) {
     RateCurve curve;
-    curve.start = MomentOf(log, 1, presentYear);
-    curve.span = SecondsBetween(curve.start, MomentOf(log, log.gContactCount, presentYear));
+    const ContactMoment start = MomentOf(log, 1, presentYear);
+    curve.start = AddSeconds({}, start);
+    curve.span = MomentOf(log, log.gContactCount(), presentYear) - start;
     return curve;
 }
 
 void TakeRates(RateCurve& curve, const ContactLog& log, int presentYear) {
+    const ContactMoment start = SecondsBetween({}, curve.start);
     Moments moments;
     Colour colour = kGraphBands.front().colour;
-    for (std::int32_t row = 1; row <= log.gContactCount; ++row) {
-        const std::int64_t moment = SecondsBetween(curve.start, MomentOf(log, row, presentYear));
+    for (std::int32_t row = 1; row <= log.gContactCount(); ++row) {
+        const std::int64_t moment = MomentOf(log, row, presentYear) - start;
         moments.Add(moment);
         const auto* const band = std::ranges::find(kGraphBands, log.Row(row).Bnd, &GraphBand::caption);
         colour = band == kGraphBands.end() ? colour : band->colour;

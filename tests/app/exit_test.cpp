@@ -196,7 +196,7 @@ TEST_F(ExitTest, NextRunGoesOnWhereEitherDoorEnded) {
     OperateTenMinutes();
     EXPECT_EQ(CloseBox(), 0);
     StartContinuing();
-    EXPECT_EQ(program->log.gContactCount, 1);
+    EXPECT_EQ(program->log.gContactCount(), 1);
     EXPECT_EQ(program->time.gTimeOn, 0);
     Click(Main().cmdLogOn);
     PassTime(60'000);

@@ -19,7 +19,7 @@ struct StartTest : ProgramFixture {
 TEST_F(StartTest, AnEmptyLogShowsNothingWorked) {
     Start();
     EXPECT_TRUE(Main().IsActive());
-    EXPECT_EQ(program->log.gContactCount, 0);
+    EXPECT_EQ(program->log.gContactCount(), 0);
     EXPECT_EQ(Main().lblTotCon.Caption(), "  0");
     EXPECT_EQ(Main().lblsectogo.Caption(), "  83");
     EXPECT_EQ(Main().lblNumCurCon.Caption(), "1");
@@ -31,7 +31,7 @@ TEST_F(StartTest, AnEmptyLogShowsNothingWorked) {
 
 TEST_F(StartTest, ExistingLogIsLoaded) {
     StartWith(ManyContacts(25));
-    EXPECT_EQ(program->log.gContactCount, 25);
+    EXPECT_EQ(program->log.gContactCount(), 25);
     EXPECT_EQ(Main().lblNumCurCon.Caption(), " 26");
     EXPECT_EQ(Main().ListView1.RowCount(), 20U);
     EXPECT_EQ(program->log.gSavedCount, 25);
@@ -47,7 +47,7 @@ TEST_F(StartTest, NextRunFindsEveryContact) {
     const Contact second = program->log.Row(2);
     program.reset();
     Start();
-    ASSERT_EQ(program->log.gContactCount, 2);
+    ASSERT_EQ(program->log.gContactCount(), 2);
     EXPECT_EQ(program->log.Row(1), first);
     EXPECT_EQ(program->log.Row(2), second);
 }
@@ -150,13 +150,13 @@ TEST_F(StartTest, LastLineWithoutAnEndLoadsAndTheNextContactHasItsOwn) {
     text.resize(text.size() - 2);
     files.Put(kLogPath, text);
     Start();
-    ASSERT_EQ(program->log.gContactCount, 2);
+    ASSERT_EQ(program->log.gContactCount(), 2);
     Type("88aK1AB72ct");
     Press("Enter");
     EXPECT_EQ(LogOnDisk(), text + "\r\n" + WriteRecord(program->log.Row(3)));
     EXPECT_EQ(program->log.Row(3).Ns, "3");
     ChooseMenu(Main().mnuOpen);
-    EXPECT_EQ(program->log.gContactCount, 3);
+    EXPECT_EQ(program->log.gContactCount(), 3);
 }
 
 TEST_F(StartTest, CloseBoxAndExitEndWithStatus0) {

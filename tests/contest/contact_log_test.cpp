@@ -2,22 +2,32 @@
 
 #include <gtest/gtest.h>
 
+#include <functional>
+#include <utility>
+
 #include "values/value_error.h"
 
 namespace tallyhut {
 namespace {
 
+Contact ContactWith(const std::string& call) {
+    Contact contact;
+    contact.Call = call;
+    return contact;
+}
+
 /// A log of one contact with this serial number sent.
 ContactLog LastSent(const std::string& serial) {
+    Contact contact;
+    contact.Ns = serial;
     ContactLog log;
-    log.gContactCount = 1;
-    log.Row(1).Ns = serial;
+    log.Add(contact);
     return log;
 }
 
 TEST(ContactLog, BeginsEmpty) {
     const ContactLog log;
-    EXPECT_EQ(log.gContactCount, 0);
+    EXPECT_EQ(log.gContactCount(), 0);
     EXPECT_EQ(log.gSavedCount, 0);
     EXPECT_EQ(log.gFrq, "");
     EXPECT_EQ(log.NextSerial(), 1);
@@ -34,10 +44,96 @@ TEST(ContactLog, HasRowsFrom1To11000) {
 
 TEST(ContactLog, RowIsTheIdentityOfAContact) {
     ContactLog log;
-    log.Row(3).Call = "W1XX";
-    log.gContactCount = 3;
-    EXPECT_EQ(log.Last().Call, "W1XX");
-    EXPECT_EQ(log.Row(2).Call, "");
+    for (const char* call : {"W1XX", "W2XX", "W3XX"}) {
+        log.Add(ContactWith(call));
+    }
+    EXPECT_EQ(log.Last().Call, "W3XX");
+    log.Remove(2);
+    EXPECT_EQ(log.Row(2).Call, "W3XX");
+    log.Change(2, [](Contact& contact) { contact.Call = "W4XX"; });
+    EXPECT_EQ(log.Row(1).Call + log.Last().Call, "W1XXW4XX");
+    EXPECT_EQ(log.gContactCount(), 2);
+}
+
+TEST(ContactLog, ARowWithoutAContactIsNeitherChangedNorTakenOut) {
+    ContactLog log = LastSent("1");
+    for (const std::int32_t row : {-1, 0, 2, 11'000, 11'001}) {
+        EXPECT_THROW(log.Change(row, [](Contact&) {}), LogFullError) << row;
+        EXPECT_THROW(log.Remove(row), LogFullError) << row;
+        EXPECT_THROW(log.MomentOf(row, 2026), LogFullError) << row;
+    }
+    EXPECT_EQ(log.gContactCount(), 1);
+}
+
+TEST(ContactLog, AStepThatThrowsChangesNothing) {
+    ContactLog log;
+    log.Add(ContactWith("W1XX"));
+    const auto step = [](Contact& contact) {
+        contact.Call = "W2XX";
+        throw ValueError{"no"};
+    };
+    EXPECT_THROW(log.Change(1, step), ValueError);
+    EXPECT_EQ(log.Row(1).Call, "W1XX");
+    EXPECT_EQ(log.CallsOf("W1XX").size(), 1U);
+}
+
+TEST(ContactLog, HoldsElevenThousandAndNoMore) {
+    ContactLog log;
+    for (int n = 0; n < ContactLog::kMostContacts; ++n) {
+        log.Add({});
+    }
+    EXPECT_THROW(log.Add(ContactWith("W1XX")), LogFullError);
+    EXPECT_EQ(log.gContactCount(), 11'000);
+    EXPECT_TRUE(log.CallsOf("W1XX").empty());
+}
+
+/// Hands out so many contacts, then throws if it is to.
+std::function<bool(Contact&)> Source(int contacts, bool throwsBehind = false) {
+    return [n = 0, contacts, throwsBehind](Contact& contact) mutable {
+        if (n == contacts && throwsBehind) {
+            throw ValueError{"damaged"};
+        }
+        contact = ContactWith("K" + std::to_string(n));
+        return n++ < contacts;
+    };
+}
+
+TEST(ContactLog, AllThatASourceHasAreAdded) {
+    ContactLog log;
+    log.Add(ContactWith("W1XX"));
+    log.AddAll(Source(3));
+    EXPECT_EQ(log.gContactCount(), 4);
+    EXPECT_EQ(log.CallsBeginning("K").size(), 3U);
+    log.AddAll(Source(ContactLog::kMostContacts - 4));
+    EXPECT_EQ(log.gContactCount(), 11'000);
+}
+
+TEST(ContactLog, ASourceThatThrowsLeavesThoseBefore) {
+    ContactLog log;
+    EXPECT_THROW(log.AddAll(Source(3, true)), ValueError);
+    EXPECT_EQ(log.gContactCount(), 3);
+    EXPECT_EQ(log.CallsBeginning("K").size(), 3U);
+    EXPECT_THROW(log.AddAll(Source(ContactLog::kMostContacts)), LogFullError);
+    EXPECT_EQ(log.gContactCount(), 11'000);
+    EXPECT_EQ(log.CallsBeginning("K").size(), 11'000U);
+}
+
+TEST(ContactLog, EachContactThatChangesIsAChange) {
+    ContactLog log;
+    std::uint64_t before = log.Changes();
+    const auto changes = [&] { return log.Changes() - std::exchange(before, log.Changes()); };
+    log.AddAll(Source(3));
+    EXPECT_EQ(changes(), 3U);
+    log.Add({});
+    EXPECT_EQ(changes(), 1U);
+    log.Change(2, [](Contact&) {});
+    EXPECT_EQ(changes(), 1U);
+    log.Remove(1);
+    EXPECT_EQ(changes(), 1U);
+    EXPECT_EQ(log.Row(1).Call, "K1");
+    EXPECT_EQ(changes(), 0U) << "reading changes nothing";
+    log.Clear();
+    EXPECT_EQ(changes(), 3U);
 }
 
 TEST(ContactLog, NextSerialIsThatOfTheLastContactPlus1) {
@@ -53,8 +149,7 @@ TEST(ContactLog, NextSerialIsThatOfTheLastContactPlus1) {
 
 TEST(ContactLog, NextSerialDoesNotCountRows) {
     ContactLog log = LastSent("12");
-    log.gContactCount = 5;
-    log.Row(5).Ns = "40";
+    log.Add(LastSent("40").Last());
     EXPECT_EQ(log.NextSerial(), 41);
 }
 

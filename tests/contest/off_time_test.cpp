@@ -25,14 +25,14 @@ Contact ContactAt(std::string_view dayAndTime) {
 }
 
 ContestMinute Minute(std::string_view dayAndTime) {
-    return *MinuteOf(ContactAt(dayAndTime), kYear);
+    return MinuteOf(*MomentReader{kYear}.MomentOf(ContactAt(dayAndTime)));
 }
 
 /// Of contacts in the order of the log.
 std::vector<ContestMinute> Minutes(const std::vector<std::string>& contacts) {
     ContactLog log;
     for (const std::string& contact : contacts) {
-        log.Row(++log.gContactCount) = ContactAt(contact);
+        log.Add(ContactAt(contact));
     }
     return MinutesOf(log, kYear);
 }
@@ -122,15 +122,6 @@ TEST(OffTime, ContactsCountUpToThe1440thMinuteOfOperating) {
     EXPECT_EQ(FirstMinuteBeyond(withOff), start + 1029 + 411) << "29 empty minutes";
 }
 
-TEST(OffTime, AReaderOfMinutesGoesFromDateToDate) {
-    MinuteReader reader{kYear};
-    for (const char* at :
-         {"7 21:04", "7 21:05", "8 21:05", "7 23:00", "7 x", "7 23:01", "31 23:01", "31 23:01", "x "}) {
-        EXPECT_EQ(reader.MinuteOf(ContactAt(at)), MinuteOf(ContactAt(at), kYear)) << at;
-    }
-    EXPECT_EQ(reader.MinuteOf(ContactAt("", "21:00")), std::nullopt);
-}
-
 TEST(OffTime, MinutesAreToldAsHoursAndMinutes) {
     EXPECT_EQ(ClockText(0), "00:00");
     EXPECT_EQ(ClockText(7), "00:07");
@@ -138,12 +129,8 @@ TEST(OffTime, MinutesAreToldAsHoursAndMinutes) {
     EXPECT_EQ(ClockText(6000), "100:00");
 }
 
-TEST(OffTime, AContactsMinuteIsOfItsDateAndTimeAsTheyAreWritten) {
-    EXPECT_EQ(MinuteOf(ContactAt("2026/11/07", "21:04:59"), kYear), Minute("7 21:04"));
-    EXPECT_EQ(MinuteOf(ContactAt("11/7", "9:04 PM"), kYear), Minute("7 21:04"));
+TEST(OffTime, AMinuteIsTheWholeOneThatTheMomentLiesIn) {
     EXPECT_EQ(MinuteOf(DateTime{2026, 11, 7, 21, 4, 59}), Minute("7 21:04"));
-    EXPECT_EQ(MinuteOf(ContactAt("2026/11/07", ""), kYear), std::nullopt);
-    EXPECT_EQ(MinuteOf(ContactAt("", "21:04"), kYear), std::nullopt);
 }
 
 }  // namespace

@@ -14,7 +14,9 @@ using namespace std::string_literals;
 ContactLog LogOfCalls(const std::vector<std::string>& calls) {
     ContactLog log;
     for (const std::string& call : calls) {
-        log.Row(++log.gContactCount).Call = call;
+        Contact contact;
+        contact.Call = call;
+        log.Add(contact);
     }
     return log;
 }

@@ -77,8 +77,8 @@ TEST_F(ViewPicturesTest, TheMapKeepsItsProportions) {
 }
 
 TEST_F(ViewPicturesTest, ALineThatCouldNotBeSeenOnItsGroundIsDrawnDarker) {
-    for (std::int32_t n = 1; n <= shown.program.log.gContactCount; ++n) {
-        shown.program.log.Row(n).Bnd = "160";  // white, on a white ground
+    for (std::int32_t n = 1; n <= shown.program.log.gContactCount(); ++n) {
+        shown.program.log.Change(n, [](Contact& contact) { contact.Bnd = "160"; });  // white, on a white ground
     }
     QWidget& picture = Widget(views.graphForm, "picGraph");
     const QImage image = picture.grab().toImage();

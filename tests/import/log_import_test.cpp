@@ -112,7 +112,7 @@ TEST_F(LogImportTest, TheContestThatIsOpenStaysOpenAndAsItIs) {
     EXPECT_EQ(LogOnDisk(), before);
     EXPECT_EQ(Content(kPreferencesPath), settingsBefore);
     EXPECT_EQ(program->directories.WorkingDirectory, kFolder);
-    EXPECT_EQ(program->log.gContactCount, 1);
+    EXPECT_EQ(program->log.gContactCount(), 1);
 }
 
 TEST_F(LogImportTest, TheImportedContestStartsAndCountsAsReported) {
@@ -124,7 +124,7 @@ TEST_F(LogImportTest, TheImportedContestStartsAndCountsAsReported) {
     dialogs.answers = {Answer::Yes};
     program->Start();
     program->desk.RunPending();
-    EXPECT_EQ(program->log.gContactCount, 4);
+    EXPECT_EQ(program->log.gContactCount(), 4);
     EXPECT_EQ(program->sections.gSectionsWorked, 2);
     EXPECT_EQ(Main().lblTotScore.Caption(), "  16");
     EXPECT_EQ(Main().Label2.Caption(), "W9ZZZ");

@@ -31,7 +31,7 @@ struct CommitTest : ProgramFixture {
 TEST_F(CommitTest, ContactReachesTablesFileListAndLabels) {
     StartReady();
     Press("Enter");
-    EXPECT_EQ(program->log.gContactCount, 1);
+    EXPECT_EQ(program->log.gContactCount(), 1);
     EXPECT_EQ(LogOnDisk(), "\"1\",\"88\",\"A\",\"W1XX\",\"72\",\"MDC\",\"2026/11/07\",\"21:04:33\",\"40\",\"\"\r\n");
     EXPECT_EQ(WriteRecord(program->log.Row(1)), LogOnDisk());
     EXPECT_EQ(Row(0), "1|1|88|A|W1XX|72|MDC|11/07|21:04|40");
@@ -103,7 +103,7 @@ TEST_F(CommitTest, FrequencyIsClearedByEveryEnter) {
     Fill(Main().txtSec, "XX");
     program->log.gFrq = "14.2";
     Press("Enter");
-    EXPECT_EQ(program->log.gContactCount, 0);
+    EXPECT_EQ(program->log.gContactCount(), 0);
     EXPECT_EQ(program->log.gFrq, "");
 }
 
@@ -151,7 +151,7 @@ TEST_F(CommitTest, EnterInTheCallFieldDoesNotFindTheContactJustLogged) {
         StartReady(mode);
         Focus(Main().txtCall);
         Press("Enter");
-        EXPECT_EQ(program->log.gContactCount, 1) << mode;
+        EXPECT_EQ(program->log.gContactCount(), 1) << mode;
         EXPECT_EQ(program->duplicates.gIsDupe, 0) << mode;
         EXPECT_EQ(Dialog(), " ") << mode;
         EXPECT_EQ(dialogs.beeps, 0) << mode;
@@ -163,7 +163,7 @@ TEST_F(CommitTest, EnterBeforeTimeOnLogsAndStartsTheTime) {
     StartReady();
     program->time.gTimeOn = 0;
     Press("Enter");
-    EXPECT_EQ(program->log.gContactCount, 1);
+    EXPECT_EQ(program->log.gContactCount(), 1);
     EXPECT_EQ(program->time.gTimeOn, 1);
     FillExchange();
     Fill(Main().txtCall, "K1AB");
@@ -186,7 +186,7 @@ TEST_F(CommitTest, EnterWithAllFieldsEmpty) {
     EXPECT_EQ(Dialog(), "Invalid Section");
     EXPECT_EQ(FocusedField(), "txtNum");
     EXPECT_EQ(dialogs.beeps, 0);
-    EXPECT_EQ(program->log.gContactCount, 0);
+    EXPECT_EQ(program->log.gContactCount(), 0);
     EXPECT_EQ(program->commit.gIncomplete, 1);
     EXPECT_EQ(program->commit.gBadSection, 1);
     EXPECT_EQ(Operations(), 0);
@@ -223,7 +223,7 @@ TEST_F(CommitTest, EarliestMissingFieldHasTheFocusAndTheLastWriterTheLine) {
             EXPECT_EQ(Dialog(), one.told) << before;
             EXPECT_EQ(FocusedField(), one.focus) << before;
             EXPECT_EQ(Fields(), before) << "the text stays for correction";
-            EXPECT_EQ(program->log.gContactCount, 0) << before;
+            EXPECT_EQ(program->log.gContactCount(), 0) << before;
             EXPECT_EQ(LogOnDisk(), "") << before;
             EXPECT_EQ(dialogs.beeps, 0) << before;
             program.reset();
@@ -235,7 +235,7 @@ TEST_F(CommitTest, ThreeCharactersAreACall) {
     StartReady();
     Fill(Main().txtCall, "W1A");
     Press("Enter");
-    EXPECT_EQ(program->log.gContactCount, 1);
+    EXPECT_EQ(program->log.gContactCount(), 1);
 }
 
 TEST_F(CommitTest, CompletenessAloneTellsOfTheSection) {
@@ -257,7 +257,7 @@ TEST_F(CommitTest, SectionMustBeACodeExactly) {
         EXPECT_EQ(program->commit.gBadSection, 1) << section;
         EXPECT_EQ(Dialog(), "Invalid Section") << section;
         EXPECT_EQ(Main().txtSec.Text(), section);
-        EXPECT_EQ(program->log.gContactCount, 0) << section;
+        EXPECT_EQ(program->log.gContactCount(), 0) << section;
         program.reset();
     }
 }
@@ -270,7 +270,7 @@ TEST_F(CommitTest, TypedSectionMdIsCapitalisedAndRefused) {
     EXPECT_EQ(Fields(), "88|A|W1XX|72|MD");
     Type("c");
     Press("Enter");
-    EXPECT_EQ(program->log.gContactCount, 1);
+    EXPECT_EQ(program->log.gContactCount(), 1);
 }
 
 TEST_F(CommitTest, IncompleteEntryKeepsTheSerialAndTheScore) {
@@ -291,7 +291,7 @@ TEST_F(CommitTest, DuplicateWritesNothingAndCountsNothing) {
     EXPECT_EQ(Scores(), scores);
     EXPECT_EQ(Main().lblNumCurCon.Caption(), "  138");
     EXPECT_EQ(Operations(), 0);
-    EXPECT_EQ(program->log.gContactCount, 1);
+    EXPECT_EQ(program->log.gContactCount(), 1);
 }
 
 TEST_F(CommitTest, DuplicateClearsTheSecondLook) {
@@ -373,7 +373,7 @@ TEST_F(CommitTest, EnterTypedDuringTheCommitCommitsTheNextEntry) {
         Post("5");
     });
     Press("Enter");
-    EXPECT_EQ(program->log.gContactCount, 2);
+    EXPECT_EQ(program->log.gContactCount(), 2);
     EXPECT_EQ(program->log.Row(2).Call, "K1AB");
     EXPECT_EQ(Fields(), "5||||");
 }
@@ -389,7 +389,7 @@ TEST_F(CommitTest, ClicksAndSentKeysWaitUntilItHasReturned) {
         });
         Press("Enter");
         EXPECT_FALSE(clickedInside) << point;
-        EXPECT_EQ(program->log.gContactCount, 1) << point;
+        EXPECT_EQ(program->log.gContactCount(), 1) << point;
         EXPECT_EQ(Main().txtNum.Text(), "7") << point;
         program.reset();
     }
@@ -429,7 +429,7 @@ TEST_F(CommitTest, CommitAskedForInsideACommitDoesNothing) {
                         }};
         AtPoint(point, [&] { source.Signal(); });
         Press("Enter");
-        EXPECT_EQ(program->log.gContactCount, 1) << point;
+        EXPECT_EQ(program->log.gContactCount(), 1) << point;
         EXPECT_EQ(program->log.Row(1).Call, "W1XX") << point;
         EXPECT_EQ(LogLines().size(), 1U) << point;
         EXPECT_FALSE(program->commit.committing);
@@ -454,7 +454,7 @@ TEST_F(CommitTest, TypingAheadAWholeWeekendLosesNoKey) {
         PostNamed("Enter");
     }
     TheDesk().RunPending();
-    EXPECT_EQ(program->log.gContactCount, 300);
+    EXPECT_EQ(program->log.gContactCount(), 300);
     EXPECT_EQ(LogLines().size(), 300U);
     EXPECT_EQ(program->log.Row(300).Nr, "300");
     EXPECT_EQ(program->log.Row(300).Ns, "300");
@@ -520,7 +520,7 @@ TEST_F(CommitTest, The11001stContactEndsTheProgramAndNeverReachesTheFile) {
     const std::string before = LogOnDisk();
     Type("88aK1AB72ct");
     EXPECT_EQ(EndStatusOf([&] { Press("Enter"); }), 1);
-    EXPECT_EQ(program->log.gContactCount, 11'001);
+    EXPECT_EQ(program->log.gContactCount(), 11'001);
     EXPECT_EQ(LogOnDisk(), before);
     EXPECT_EQ(files.appends.size(), 1U) << "the end of the operating time alone";
     ASSERT_EQ(dialogs.boxes.size(), 1U);
@@ -533,7 +533,7 @@ TEST_F(CommitTest, The11000thContactIsLogged) {
     Start();
     Type("88aK1AB72ct");
     Press("Enter");
-    EXPECT_EQ(program->log.gContactCount, 11'000);
+    EXPECT_EQ(program->log.gContactCount(), 11'000);
     EXPECT_EQ(LogLines().size(), 11'000U);
     EXPECT_EQ(Main().lblTotCon.Caption(), " 11000");
     EXPECT_EQ(Main().lblNumCurCon.Caption(), "  11001");

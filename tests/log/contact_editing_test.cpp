@@ -530,14 +530,14 @@ TEST_F(ContactEditingTest, DeleteAnsweredNoHidesTheButtonsAndDeletesNothing) {
     Delete(1, Answer::No);
     EXPECT_EQ(TakeBoxes(), Lines{kAreYouSure});
     EXPECT_FALSE(EditButtonsShown());
-    EXPECT_EQ(program->log.gContactCount, 3);
+    EXPECT_EQ(program->log.gContactCount(), 3);
     EXPECT_EQ(files.Operations(), operations);
 }
 
 TEST_F(ContactEditingTest, FullTableClosesUpOverAnEmptyRow) {
     StartOnDesk(ManyContacts(ContactLog::kMostContacts));
     Delete(1);
-    EXPECT_EQ(program->log.gContactCount, ContactLog::kMostContacts - 1);
+    EXPECT_EQ(program->log.gContactCount(), ContactLog::kMostContacts - 1);
     EXPECT_EQ(program->log.Last().Ns, "11000");
     EXPECT_EQ(program->log.Row(ContactLog::kMostContacts), Contact{});
     EXPECT_EQ(LogLines().size(), 10'999U);
@@ -584,7 +584,7 @@ TEST_F(ContactEditingTest, FailedRewriteBehindDeleteDupeIsFatal) {
     dialogs.answers.push_back(Answer::Yes);
     Meanwhile(
         [&] { program->editing.cmdDone_Click(), TheDesk().PostAction([&] { EditForm().cmdDeleteDupe.Click(); }); });
-    program->log.Row(3).Call = "W1X";
+    program->log.Change(3, [](Contact& contact) { contact.Call = "W1X"; });
     EXPECT_EQ(EndStatusOf([&] { Click(Main().cmdEdit); }), 1);
     EXPECT_EQ(LogOnDisk(), before);
 }

@@ -50,7 +50,7 @@ TEST_F(DuplicatesTest, LeavingTheCallFindsItAndThrowsTheEntryAway) {
     EXPECT_EQ(dialogs.beeps, 1);
     EXPECT_EQ(Fields(), "||||");
     EXPECT_EQ(FocusedField(), "txtCall");
-    EXPECT_EQ(program->log.gContactCount, 1);
+    EXPECT_EQ(program->log.gContactCount(), 1);
     EXPECT_EQ(Operations(), 0);
 }
 
@@ -144,7 +144,7 @@ TEST_F(DuplicatesTest, EnterAfterADuplicateReportsTheMissingFields) {
     EXPECT_EQ(Dialog(), "Invalid Section");
     EXPECT_EQ(FocusedField(), "txtNum");
     EXPECT_FALSE(IsDupe());
-    EXPECT_EQ(program->log.gContactCount, 1);
+    EXPECT_EQ(program->log.gContactCount(), 1);
 }
 
 TEST_F(DuplicatesTest, CommitFindsItWhenTheCallIsNotLeft) {
@@ -253,7 +253,7 @@ TEST_F(DuplicatesTest, WhatIsTypedDuringTheWaitLosesNoKeyAndNoOrder) {
     Press("Enter");
     Type("K2AB");
     PassTime(3'000);
-    EXPECT_EQ(program->log.gContactCount, 2);
+    EXPECT_EQ(program->log.gContactCount(), 2);
     EXPECT_EQ(program->log.Row(2).Call, "K1AB");
     EXPECT_EQ(program->log.Row(2).Nr, "88");
     EXPECT_EQ(Fields(), "||K2AB||");
@@ -309,7 +309,7 @@ TEST_F(DuplicatesTest, TimersRunDuringTheWait) {
     clock.Advance(58'000);
     Leave("W1XX");
     Type("K");
-    program->log.Row(1).Time = "01:00:00";
+    program->log.Change(1, [](Contact& contact) { contact.Time = "01:00:00"; });
     ASSERT_EQ(Main().lblAQSO60.Caption(), "1");
     PassTime(2'000);
     EXPECT_EQ(Main().lblAQSO60.Caption(), "0");

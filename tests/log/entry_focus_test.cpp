@@ -57,7 +57,7 @@ TEST_F(EntryFocusTest, CheckSendsTheOperatorRoundOnceInMode3) {
     Type("72mdc");
     EXPECT_EQ(Fields(), "88|A|W1XX|72|MDC");
     Press("Enter");
-    EXPECT_EQ(program->log.gContactCount, 1);
+    EXPECT_EQ(program->log.gContactCount(), 1);
     EXPECT_FALSE(program->fields.gPassedCallTwice);
     EXPECT_EQ(FocusedField(), "txtCall");
 }

@@ -341,7 +341,7 @@ TEST_F(EntryKeysTest, CtrlKeysTypeNothingAndSwallowNoLaterKey) {
 TEST_F(EntryKeysTest, NumberKeyShowsTheSerialToSend) {
     StartWith({Worked("W1XX")});
     ASSERT_EQ(Main().lblNumCurCon.Caption(), " 138");
-    program->log.Row(1).Ns = "41";
+    program->log.Change(1, [](Contact& contact) { contact.Ns = "41"; });
     Type("8");
     EXPECT_EQ(Main().lblNumCurCon.Caption(), "  42");
 }
@@ -418,7 +418,7 @@ TEST_F(EntryKeysTest, EnterCommitsFromEveryField) {
         Main().Find(field)->SetFocus();
         FillAll("88", "A", "W1XX", "72", "MDC");
         Press("Enter");
-        EXPECT_EQ(program->log.gContactCount, 1) << field;
+        EXPECT_EQ(program->log.gContactCount(), 1) << field;
         EXPECT_EQ(LogLines().size(), 1U) << field;
         EXPECT_EQ(Fields(), "||||") << field;
         program.reset();
@@ -466,7 +466,7 @@ TEST_F(EntryKeysTest, KeysTypedAheadFindTheirFieldsInOrder) {
     PostNamed("Enter");
     Post("89bK1AB73ct");
     TheDesk().RunPending();
-    EXPECT_EQ(program->log.gContactCount, 1);
+    EXPECT_EQ(program->log.gContactCount(), 1);
     EXPECT_EQ(program->log.Row(1).Call, "W1XX");
     EXPECT_EQ(Fields(), "89|B|K1AB|73|CT");
 }

@@ -85,7 +85,7 @@ TEST_F(EntryRefusalTest, LoggedContactOfAnAuthorIsGreetedAsEver) {
     Focus(Main().txtSec);
     EXPECT_TRUE(Dialog().starts_with("Q7ZZQ, Alden")) << Dialog();
     Press("Enter");
-    EXPECT_EQ(program->log.gContactCount, 1);
+    EXPECT_EQ(program->log.gContactCount(), 1);
 }
 
 TEST_F(EntryRefusalTest, FirstContactBehindAChangeToTheSecondLookLosesNoDigit) {
@@ -95,7 +95,7 @@ TEST_F(EntryRefusalTest, FirstContactBehindAChangeToTheSecondLookLosesNoDigit) {
     Type("k2aa12a72ct");
     EXPECT_EQ(Fields(), "12|A|K2AA|72|CT");
     Press("Enter");
-    ASSERT_EQ(program->log.gContactCount, 1);
+    ASSERT_EQ(program->log.gContactCount(), 1);
     EXPECT_EQ(program->log.Row(1).Nr, "12");
 }
 
@@ -105,7 +105,7 @@ TEST_F(EntryRefusalTest, SameContactTypedAheadLosesNoDigit) {
     ChooseMenu(Main().mnuCallTwice);
     Post("k2aa12a72ct\r");
     TheDesk().RunPending();
-    ASSERT_EQ(program->log.gContactCount, 1);
+    ASSERT_EQ(program->log.gContactCount(), 1);
     EXPECT_EQ(program->log.Row(1).Nr, "12");
 }
 
@@ -128,7 +128,7 @@ TEST_F(EntryRefusalTest, QuotePastedIntoAnyFieldOfTheEntryIsRefused) {
     Press("Enter");
     EXPECT_EQ(LogLines().size(), 1U);
     ChooseMenu(Main().mnuOpen);
-    EXPECT_EQ(program->log.gContactCount, 1) << "the line can be read";
+    EXPECT_EQ(program->log.gContactCount(), 1) << "the line can be read";
 }
 
 }  // namespace

@@ -142,7 +142,7 @@ TEST_F(ExchangeSuggestionsTest, ADuplicateLeavesNothingBehind) {
 TEST_F(ExchangeSuggestionsTest, ADuplicateFoundByEnterTakesTheSuggestionsWithIt) {
     StartWithHistory();
     LeaveCall("w1xx");
-    program->log.Row(++program->log.gContactCount) = Worked("W1XX");
+    program->log.Add(Worked("W1XX"));
     Press("Enter");
     EXPECT_TRUE(Dialog().starts_with("Duplicate W1XX"));
     EXPECT_EQ(Fields(), "||||");

@@ -35,7 +35,7 @@ struct FileMenuTest : EditingFixture {
     }
     void Restore(const std::string& path) {
         dialogs.answers = {Answer::OK};
-        if (program->log.gContactCount > 0) {
+        if (program->log.gContactCount() > 0) {
             dialogs.answers.push_back(Answer::Yes);
         }
         dialogs.files.push_back(path);
@@ -68,8 +68,8 @@ struct FileMenuTest : EditingFixture {
     void ExpectMemoryIsTheDisks() {
         ContactLog& log = program->log;
         EXPECT_EQ(tallyhut::LogText(log), LogOnDisk());
-        EXPECT_EQ(Trim(Main().lblTotCon.Caption()), std::to_string(log.gContactCount));
-        EXPECT_EQ(Main().ListView1.RowCount(), static_cast<std::size_t>(std::min(log.gContactCount, 20)));
+        EXPECT_EQ(Trim(Main().lblTotCon.Caption()), std::to_string(log.gContactCount()));
+        EXPECT_EQ(Main().ListView1.RowCount(), static_cast<std::size_t>(std::min(log.gContactCount(), 20)));
         EXPECT_EQ(program->logFile.mark, files.Mark(kLogPath));
     }
     void BeginAgain() {

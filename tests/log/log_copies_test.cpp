@@ -100,7 +100,7 @@ TEST_F(LogCopiesTest, EmptyLogIsNotBackedUp) {
     ClickRow(0);
     dialogs.answers.push_back(Answer::Yes);
     program->editing.cmdDelete_Click();
-    EXPECT_EQ(program->log.gContactCount, 0);
+    EXPECT_EQ(program->log.gContactCount(), 0);
     program->copies.Backup();
     EXPECT_EQ(Copies(), Lines{});
 }
@@ -141,7 +141,7 @@ TEST_F(LogCopiesTest, NewLogEmptiesLogTimeRecordsAndSeconds) {
     EXPECT_EQ(files.contents.at(kTimeRecordsPath), "");
     EXPECT_EQ(OnDisk().gOpSeconds, 0);
     EXPECT_EQ(program->time.gOpSecondsNow, 0);
-    EXPECT_EQ(program->log.gContactCount, 0);
+    EXPECT_EQ(program->log.gContactCount(), 0);
     EXPECT_EQ(Main().lblTotCon.Caption(), "  0");
     EXPECT_EQ(Main().lblNumCurCon.Caption(), "1");
     EXPECT_EQ(Copies(), Lines{}) << "the run has not changed the count";
@@ -179,7 +179,7 @@ TEST_F(LogCopiesTest, AnythingElseReloadsTheLogAndErasesNothing) {
     for (const char* typed : {"YES ", " YES", "Y", "NO", ""}) {
         NewLog(typed);
         EXPECT_EQ(LogOnDisk(), changedByHand) << typed;
-        EXPECT_EQ(program->log.gContactCount, 12) << typed;
+        EXPECT_EQ(program->log.gContactCount(), 12) << typed;
     }
     EXPECT_EQ(files.Operations(), operations + 1) << "what the hand has changed is kept, once";
 }
@@ -222,7 +222,7 @@ TEST_F(LogCopiesTest, NewLogWhoseSettingsCannotBeWrittenIsToldAndTheContestGoesO
         EXPECT_EQ(TakeBoxes().back(),
                   "message \"Tallyhut Log\" \"" + std::string{c.path} + ": No space left on device\" OK Exclamation");
         EXPECT_EQ(LogOnDisk(), "");
-        EXPECT_EQ(program->log.gContactCount, 0);
+        EXPECT_EQ(program->log.gContactCount(), 0);
         EXPECT_EQ(Main().ListView1.RowCount(), 0U);
         program.reset();
     }
@@ -293,7 +293,7 @@ TEST_F(LogCopiesTest, RestoreReplacesTheLogAndKeepsThePresentOne) {
     Restore("/home/operator/old.log");
     EXPECT_EQ(TakeBoxes(), (Lines{kRestoreLine, kReplaceLine, kOpenLine}));
     EXPECT_EQ(LogOnDisk(), archived);
-    EXPECT_EQ(program->log.gContactCount, 4);
+    EXPECT_EQ(program->log.gContactCount(), 4);
     EXPECT_EQ(Main().lblNumCurCon.Caption(), " 5");
     EXPECT_EQ(files.contents.at(kKeptPath), present);
     EXPECT_EQ(Copies(), Lines{});
@@ -307,7 +307,7 @@ TEST_F(LogCopiesTest, RestoreOverAnEmptyLogDoesNotAskAndKeepsNothing) {
     dialogs.files.push_back("/home/operator/old.log");
     ChooseMenu(Main().mnuRestore);
     EXPECT_EQ(TakeBoxes(), (Lines{kRestoreLine, kOpenLine}));
-    EXPECT_EQ(program->log.gContactCount, 4);
+    EXPECT_EQ(program->log.gContactCount(), 4);
     EXPECT_EQ(Copies(), Lines{});
 }
 
@@ -355,7 +355,7 @@ TEST_F(LogCopiesTest, FailedRestoreIsToldAndTheLogStays) {
         EXPECT_EQ(TakeBoxes(), (Lines{kRestoreLine, kReplaceLine, kOpenLine,
                                       ErrorLine("Error Restoring Log", c.place + ": No space left on device")}));
         EXPECT_EQ(LogOnDisk(), present) << c.place;
-        EXPECT_EQ(program->log.gContactCount, 10) << c.place;
+        EXPECT_EQ(program->log.gContactCount(), 10) << c.place;
         program.reset();
     }
 }

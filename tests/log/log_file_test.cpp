@@ -97,13 +97,11 @@ TEST_F(LogFileTest, MissingFileCannotBeRead) {
     EXPECT_THROW(file.Read(), PlatformError);
 }
 
-TEST_F(LogFileTest, RewriteWritesRows1ToTheCountInOrder) {
+TEST_F(LogFileTest, RewriteWritesTheContactsInOrder) {
     ContactLog log;
-    log.gContactCount = 2;
-    log.Row(1) = contact;
-    log.Row(2) = contact;
-    log.Row(2).Ns = "138";
-    log.Row(3).Ns = "a row beyond the count";
+    log.Add(contact);
+    contact.Ns = "138";
+    log.Add(contact);
     files.Put(kPath, "what stood there before");
     file.Open();
     file.Rewrite(log);

@@ -27,7 +27,7 @@ struct LogGuardTest : EditingFixture {
         program->Start();
         TheDesk().RunPending();
         EXPECT_EQ(TakeBoxes(), Lines{}) << "the load ends without a word";
-        EXPECT_EQ(program->log.gContactCount, 0);
+        EXPECT_EQ(program->log.gContactCount(), 0);
     }
     void Commit(const std::string& call) {
         program->time.gTimeOn = 1;
@@ -46,15 +46,15 @@ struct LogGuardTest : EditingFixture {
     }
     std::string CallsInMemory() {
         std::string calls;
-        for (std::int32_t n = 1; n <= program->log.gContactCount; ++n) {
+        for (std::int32_t n = 1; n <= program->log.gContactCount(); ++n) {
             calls += (n == 1 ? "" : " ") + program->log.Row(n).Call;
         }
         return calls;
     }
     void ExpectMemoryAndListAreTheDisks() {
         EXPECT_EQ(CallsInMemory(), CallsIn(LogOnDisk()));
-        EXPECT_EQ(Trim(Main().lblTotCon.Caption()), std::to_string(program->log.gContactCount));
-        EXPECT_EQ(Main().ListView1.RowCount(), static_cast<std::size_t>(program->log.gContactCount));
+        EXPECT_EQ(Trim(Main().lblTotCon.Caption()), std::to_string(program->log.gContactCount()));
+        EXPECT_EQ(Main().ListView1.RowCount(), static_cast<std::size_t>(program->log.gContactCount()));
         EXPECT_EQ(program->logFile.mark, files.Mark(kLogPath));
     }
 };
@@ -65,7 +65,7 @@ TEST_F(LogGuardTest, CommitBehindDamagedSettingsOpensTheLogFirst) {
     StartOnDamagedSettings(ManyContacts(500));
     const std::string before = LogOnDisk();
     Commit("K2YY");
-    EXPECT_EQ(program->log.gContactCount, 501);
+    EXPECT_EQ(program->log.gContactCount(), 501);
     ASSERT_TRUE(LogOnDisk().starts_with(before));
     EXPECT_TRUE(LogLines().back().starts_with("\"501\",\"88\",\"A\",\"K2YY\"")) << LogLines().back();
     EXPECT_EQ(Main().lblNumCurCon.Caption(), "  502");
@@ -86,7 +86,7 @@ TEST_F(LogGuardTest, EditAndDeleteBehindDamagedSettingsKeepAllOthers) {
         StartOnDamagedSettings(ManyContacts(500));
         program->editing.cmdDelete_Click();  // before anything is listed: opens, and deletes nothing
         EXPECT_EQ(LogLines().size(), 500U);
-        EXPECT_EQ(program->log.gContactCount, 500);
+        EXPECT_EQ(program->log.gContactCount(), 500);
         ClickRow(0);
         if (deletes) {
             dialogs.answers.push_back(Answer::Yes);
@@ -121,7 +121,7 @@ TEST_F(LogGuardTest, EveryReportBehindDamagedSettingsHoldsTheWholeLog) {
             Meanwhile([this] { program->form2.Hide(); });
         }
         ChooseMenu(Main().*c.entry);
-        EXPECT_EQ(program->log.gContactCount, 500) << (Main().*c.entry).FullName();
+        EXPECT_EQ(program->log.gContactCount(), 500) << (Main().*c.entry).FullName();
         EXPECT_EQ(LogOnDisk(), before);
         EXPECT_FALSE(pump.HasScripts());
         TakeBoxes();
@@ -180,7 +180,7 @@ TEST_F(LogGuardTest, LogThatCannotBeLookedAtKeepsTheEntryAndTheContestGoesOn) {
     EXPECT_EQ(Fields(), "88|A|K2YY|72|MDC");
     files.unreachable.clear();
     Press("Enter");
-    EXPECT_EQ(program->log.gContactCount, 501);
+    EXPECT_EQ(program->log.gContactCount(), 501);
     EXPECT_EQ(LogLines().size(), 501U);
 }
 

@@ -20,7 +20,7 @@ struct LogReloadTest : ProgramFixture {
 
 TEST_F(LogReloadTest, EmptyExistingLogLoadsWithNoContacts) {
     StartWith({});
-    EXPECT_EQ(program->log.gContactCount, 0);
+    EXPECT_EQ(program->log.gContactCount(), 0);
     EXPECT_EQ(Numbers(), "  0|  0|  83|  0|1|0|0");
     EXPECT_EQ(Main().ListView1.RowCount(), 0U);
 }
@@ -38,7 +38,7 @@ TEST_F(LogReloadTest, LogGoesOnFromTheLastSerialAndNotFromTheRow) {
     EXPECT_EQ(Main().lblNumCurCon.Caption(), " 501");
     Type("88aK1AB72ct");
     Press("Enter");
-    EXPECT_EQ(program->log.gContactCount, 13);
+    EXPECT_EQ(program->log.gContactCount(), 13);
     EXPECT_EQ(program->log.Row(13).Ns, "501");
 }
 
@@ -67,7 +67,7 @@ TEST_F(LogReloadTest, SectionOfTwoRecordsIsWorkedOnce) {
 TEST_F(LogReloadTest, SectionIsComparedExactly) {
     StartWith({Worked("W1XX", "mdc"), Worked("W2XX", " MDC"), Worked("W3XX", "MD"), Worked("W4XX", "")});
     EXPECT_EQ(program->sections.gSectionsWorked, 0);
-    EXPECT_EQ(program->log.gContactCount, 4);
+    EXPECT_EQ(program->log.gContactCount(), 4);
 }
 
 TEST_F(LogReloadTest, LabelsShowWorkedAndNeededSections) {
@@ -98,7 +98,7 @@ TEST_F(LogReloadTest, DateAndTimeThatAreNoneAreListedAsTheyAreAndTheReloadGoesOn
     contact.Date = "today";
     contact.Time = "25:99";
     StartWith({contact, Worked("W2XX")});
-    EXPECT_EQ(program->log.gContactCount, 2);
+    EXPECT_EQ(program->log.gContactCount(), 2);
     EXPECT_EQ(Row(1), "1|137|88|A|W1XX|72|MDC|today|25:99|40");
 }
 
@@ -106,7 +106,7 @@ TEST_F(LogReloadTest, LinesMayEndInAnyManner) {
     const std::string line = R"("1","88","A","W1XX","72","MDC","2026/11/07","21:04:33","40","")";
     files.Put(kLogPath, line + "\n" + line + "\r\n\r\n\n");
     Start();
-    EXPECT_EQ(program->log.gContactCount, 2);
+    EXPECT_EQ(program->log.gContactCount(), 2);
 }
 
 TEST_F(LogReloadTest, HandWrittenBareFieldsLoad) {
@@ -119,7 +119,7 @@ TEST_F(LogReloadTest, HandWrittenBareFieldsLoad) {
 
 TEST_F(LogReloadTest, Exactly11000RecordsLoad) {
     StartWith(ManyContacts(11'000));
-    EXPECT_EQ(program->log.gContactCount, 11'000);
+    EXPECT_EQ(program->log.gContactCount(), 11'000);
     EXPECT_EQ(Main().lblTotCon.Caption(), "  11000");
     EXPECT_EQ(Main().lblTotScore.Caption(), "  22000");
     EXPECT_EQ(Qsos("MDC"), 11'000);
@@ -130,7 +130,7 @@ TEST_F(LogReloadTest, MenuReadsTheFileAnewAndKeepsNoCountOfBefore) {
     StartWith({Worked("W1XX", "CT"), Worked("W2XX", "ME")});
     PutLog({Worked("W3XX", "NH")});
     ChooseMenu(Main().mnuOpen);
-    EXPECT_EQ(program->log.gContactCount, 1);
+    EXPECT_EQ(program->log.gContactCount(), 1);
     EXPECT_EQ(program->log.Row(1).Call, "W3XX");
     EXPECT_EQ(program->sections.gSectionsWorked, 1);
     EXPECT_EQ(Qsos("CT"), 0);

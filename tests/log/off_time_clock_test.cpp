@@ -261,7 +261,7 @@ ContactLog LogWith(const std::vector<std::string>& times) {
     for (const std::string& time : times) {
         Contact contact = Worked("W1XX");
         contact.Time = time;
-        log.Row(++log.gContactCount) = contact;
+        log.Add(contact);
     }
     return log;
 }
@@ -273,11 +273,11 @@ TEST(SortedMinutes, AContactThatIsAddedIsPutInItsPlace) {
     EXPECT_EQ(sorted.Follow(log, 2026), Change::None);
     Contact late = Worked("W2XX");
     late.Time = "21:05";
-    log.Row(++log.gContactCount) = late;
+    log.Add(late);
     EXPECT_EQ(sorted.Follow(log, 2026), Change::Added);
     EXPECT_EQ(sorted.Minutes(), MinutesOf(log, 2026));
     late.Time = "no time";
-    log.Row(++log.gContactCount) = late;
+    log.Add(late);
     EXPECT_EQ(sorted.Follow(log, 2026), Change::Added);
     EXPECT_EQ(sorted.Minutes().size(), 3U);
 }
@@ -286,14 +286,14 @@ TEST(SortedMinutes, AnyOtherChangeIsReadAnew) {
     ContactLog log = LogWith({"21:00", "21:10"});
     SortedMinutes sorted;
     sorted.Follow(log, 2026);
-    log.Row(1).Time = "21:20";
+    log.Change(1, [](Contact& contact) { contact.Time = "21:20"; });
     EXPECT_EQ(sorted.Follow(log, 2026), Change::ReadAnew);
     EXPECT_EQ(sorted.Minutes(), MinutesOf(log, 2026));
-    --log.gContactCount;
+    log.Remove(2);
     EXPECT_EQ(sorted.Follow(log, 2026), Change::ReadAnew);
     EXPECT_EQ(sorted.Minutes().size(), 1U);
-    log.Row(1).Time = "22:00";
-    log.Row(++log.gContactCount) = Worked("W3XX");
+    log.Change(1, [](Contact& contact) { contact.Time = "22:00"; });
+    log.Add(Worked("W3XX"));
     EXPECT_EQ(sorted.Follow(log, 2026), Change::ReadAnew) << "one changed beside the one added";
     EXPECT_EQ(sorted.Minutes(), MinutesOf(log, 2026));
 }

@@ -48,7 +48,7 @@ TEST_F(PostContestTest, ATimeThatIsNoneIsToldAndLeavesTheEntryAsItWas) {
         Enter(typed, "2026/11/07");
         EXPECT_EQ(Dialog(), "Invalid time format!") << typed;
         EXPECT_EQ(Fields(), "88|A|W1XX|72|MDC");
-        EXPECT_EQ(program->log.gContactCount, 0);
+        EXPECT_EQ(program->log.gContactCount(), 0);
         EXPECT_EQ(program->time.gTimeOn, 1) << "the time has been started before";
         EXPECT_GT(dialogs.beeps, beeps);
     }

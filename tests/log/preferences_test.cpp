@@ -196,7 +196,7 @@ TEST_F(PreferencesFileTest, DamagedOneEndsTheLoadWithoutAWordAndCostsNoContact) 
     EXPECT_TRUE(dialogs.boxes.empty()) << "no question comes either";
     EXPECT_EQ(LogOnDisk(), log);
     EXPECT_EQ(files.contents.at(kPreferencesPath), "\"Q7ABC");
-    EXPECT_EQ(program->log.gContactCount, 0);
+    EXPECT_EQ(program->log.gContactCount(), 0);
 }
 
 TEST_F(PreferencesFileTest, WithoutOneTheOffsetIsTheMachines) {

@@ -136,7 +136,7 @@ TEST_F(SectionSetupTest, ContactsThatTheNewListLacksAreNamedAndNoneIsChanged) {
     EXPECT_EQ(boxes.front().find("22  MAR"), std::string::npos);
     EXPECT_NE(boxes.front().find("and 2 more"), std::string::npos);
     EXPECT_EQ(LogOnDisk(), before);
-    EXPECT_EQ(program->log.gContactCount, 23);
+    EXPECT_EQ(program->log.gContactCount(), 23);
 }
 
 TEST_F(SectionSetupTest, AListOfAnybodysMakingIsLostOnlyIfTheOperatorSaysSo) {
@@ -191,7 +191,7 @@ TEST_F(SectionSetupTest, AFolderThatCannotBeWrittenIsToldAndTheSectionsStay) {
     EXPECT_EQ(TakeBoxes(),
               Lines{"message \"Sections\" \"/contest/Sections.txt: No space left on device\" OK Exclamation"});
     EXPECT_EQ(program->sections.gSectionsWorked, 1);
-    EXPECT_EQ(program->log.gContactCount, 1);
+    EXPECT_EQ(program->log.gContactCount(), 1);
 }
 
 TEST_F(SectionSetupTest, EnterInTheListUsesIt) {

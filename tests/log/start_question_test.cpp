@@ -39,7 +39,7 @@ TEST_F(StartQuestionTest, YesOpensTheExistingLog) {
     files.Put(kLogPath, LogText(ManyContacts(5)));
     Ask(Answer::Yes);
     EXPECT_EQ(TakeBoxes(), Lines{kQuestionLine});
-    EXPECT_EQ(program->log.gContactCount, 5);
+    EXPECT_EQ(program->log.gContactCount(), 5);
 }
 
 TEST_F(StartQuestionTest, StationComesBeforeTheQuestion) {
@@ -59,7 +59,7 @@ TEST_F(StartQuestionTest, NoAndYesTypedStartsANewLog) {
     Ask(Answer::No, "YES");
     EXPECT_EQ(TakeBoxes(), (Lines{kQuestionLine, kNewLogLine}));
     EXPECT_EQ(LogOnDisk(), "");
-    EXPECT_EQ(program->log.gContactCount, 0);
+    EXPECT_EQ(program->log.gContactCount(), 0);
 }
 
 TEST_F(StartQuestionTest, NoAndYesTypedMakesTheFirstLog) {
@@ -76,7 +76,7 @@ TEST_F(StartQuestionTest, NoAndAnythingElseLoadsTheOldLogAndErasesNothing) {
     for (const char* typed : {"", "no", "YES "}) {
         Ask(Answer::No, typed);
         EXPECT_EQ(LogOnDisk(), before) << typed;
-        EXPECT_EQ(program->log.gContactCount, 3) << typed;
+        EXPECT_EQ(program->log.gContactCount(), 3) << typed;
     }
 }
 

@@ -119,7 +119,7 @@ TEST_F(TabModeTest, MenuOpensByItsAccessKey) {
     Press("Down");
     Press("Enter");
     EXPECT_EQ(program->preferences.gTabMode, 2);
-    EXPECT_EQ(program->log.gContactCount, 0);
+    EXPECT_EQ(program->log.gContactCount(), 0);
 }
 
 TEST_F(TabModeTest, SettingsThatCannotBeWrittenAreToldAndTheContestGoesOn) {

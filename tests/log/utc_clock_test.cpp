@@ -33,7 +33,7 @@ struct UtcClockTest : ProgramFixture {
         Press("Enter");
     }
     std::string LastMoment() {
-        const Contact& last = program->log.Row(program->log.gContactCount);
+        const Contact& last = program->log.Row(program->log.gContactCount());
         return last.Date + ' ' + last.Time;
     }
 };

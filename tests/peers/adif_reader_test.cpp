@@ -32,8 +32,8 @@ TEST(AdifReader, ReadsEveryContactOfAnOddLog) {
     const ContactLog log = LogOf(OddContacts());
     const peers::AdifFile file = peers::ReadAdif(AdifText(Details(), log, 2026));
     EXPECT_EQ(file.head.at("PROGRAMID"), "Q7ZZQ's Tallyhut Log");
-    ASSERT_EQ(file.records.size(), static_cast<std::size_t>(log.gContactCount));
-    for (std::int32_t n = 1; n <= log.gContactCount; ++n) {
+    ASSERT_EQ(file.records.size(), static_cast<std::size_t>(log.gContactCount()));
+    for (std::int32_t n = 1; n <= log.gContactCount(); ++n) {
         const auto& record = file.records.at(static_cast<std::size_t>(n - 1));
         EXPECT_EQ(record.contains("CALL") ? record.at("CALL") : "", log.Row(n).Call) << n;
         EXPECT_EQ(record.at("MODE"), "CW") << n;

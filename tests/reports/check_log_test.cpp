@@ -181,7 +181,7 @@ TEST_F(CheckedEntryTest, AnotherFileIsNoEntry) {
 TEST_F(CheckedEntryTest, AnEntryThatCannotBeReadIsAFindingBesideTheOthers) {
     StartWithEntry("W9ZZZ.log", "");
     files.unreachable["/contest/W9ZZZ.log"] = "Input/output error";
-    program->log.Row(1).Ck = "7";
+    program->log.Change(1, [](Contact& contact) { contact.Ck = "7"; });
     Check([this] {
         ASSERT_EQ(Rows().size(), 2U);
         EXPECT_EQ(Rows().front(), "1|W1X|Ck|\"7\": not two digits");
@@ -206,7 +206,7 @@ TEST_F(CheckLogTest, KnownCallsAreThoseThatAreInUse) {
 TEST_F(CheckLogTest, ALogThatTheStartCouldNotReadIsOpenedFirst) {
     StartOnDesk(ManyContacts(2));
     program->reload.opened = false;
-    program->log.gContactCount = 0;
+    program->log.Clear();
     PutLog(Flawed());
     Check([this] { EXPECT_EQ(Rows(), kFound); });
 }

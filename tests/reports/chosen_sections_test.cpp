@@ -29,7 +29,7 @@ Contact From(const std::string& section) {
 
 ContactLog LogOf(const Contact& contact) {
     ContactLog log;
-    log.Row(++log.gContactCount) = contact;
+    log.Add(contact);
     return log;
 }
 

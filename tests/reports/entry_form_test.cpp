@@ -382,16 +382,6 @@ TEST_F(EntryFormTest, AnswersThatCannotBeKeptAreToldAndTheEntryIsWhole) {
               "message \"Unable to write file.\" \"tallyhut.ini: The settings cannot be written\" OK Exclamation");
 }
 
-TEST_F(EntryFormTest, ScoreBeyond32BitsLeavesTheLinesBeforeIt) {
-    Start();
-    program->log.gContactCount = 1'073'741'824;
-    program->sections.gSectionsWorked = 1;
-    WriteCabrillo("/contest/entry.log");
-    EXPECT_TRUE(dialogs.boxes.back().starts_with("message \"Unable to write file.\"")) << dialogs.boxes.back();
-    EXPECT_TRUE(Content("entry.log").ends_with("CATEGORY-STATION: FIXED\r\n"));
-    program->log.gContactCount = 0;
-}
-
 TEST_F(EntryFormTest, WritingChangesNothingInTheLog) {
     PutLog(ManyContacts(3));
     Start();

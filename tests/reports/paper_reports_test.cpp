@@ -66,7 +66,7 @@ TEST_F(PaperReportsTest, LogReportTakesOverWhatTheFileHolds) {
     Start({Worked("W1XX")});
     PutLog({Worked("W1XX"), Worked("W2XX", "CT")});
     ChooseMenu(Main().mnuWriteLog);
-    EXPECT_EQ(program->log.gContactCount, 2);
+    EXPECT_EQ(program->log.gContactCount(), 2);
     EXPECT_EQ(program->log.Row(2).Call, "W2XX");
     EXPECT_EQ(program->sections.gSectionsWorked, 2);
     EXPECT_EQ(Main().lblTotCon.Caption(), "  2");
@@ -93,7 +93,7 @@ TEST_F(PaperReportsTest, MissingTimeRecordsLeaveEverythingAsItWas) {
     const std::string score = Main().lblTotScore.Caption();
     for (MenuEntry* entry : {&Main().mnuWriteLog, &Main().mnuPrintLog}) {
         ChooseMenu(*entry);
-        EXPECT_EQ(program->log.gContactCount, 3);
+        EXPECT_EQ(program->log.gContactCount(), 3);
         EXPECT_EQ(program->sections.gSectionsWorked, 1);
         EXPECT_EQ(Main().lblTotScore.Caption(), score);
         EXPECT_EQ(Dialog(), " ");
@@ -125,7 +125,7 @@ TEST_F(PaperReportsTest, FailuresEndAReportSilently) {
         ChooseMenu(*entry);
         EXPECT_EQ(dialogs.boxes, (std::vector<std::string>{kOldFormatLine}));
         EXPECT_EQ(Dialog(), " ");
-        EXPECT_EQ(program->log.gContactCount, 1);
+        EXPECT_EQ(program->log.gContactCount(), 1);
     }
     printer.FailAt(1, "Out of paper");
     ChooseMenu(Main().mnuPrintDupe);
@@ -150,11 +150,11 @@ TEST_F(PaperReportsTest, CancelledPrintLeavesEverythingAsItWas) {
     PutLog({Worked("W1XX"), Worked("W2XX")});
     printer.cancels = true;
     ChooseMenu(Main().mnuPrintLog);
-    EXPECT_EQ(program->log.gContactCount, 1);
+    EXPECT_EQ(program->log.gContactCount(), 1);
     printer.cancels = false;
     printer.cancelsPreview = true;
     ChooseMenu(Main().mnuPrintLog);
-    EXPECT_EQ(program->log.gContactCount, 1);
+    EXPECT_EQ(program->log.gContactCount(), 1);
     EXPECT_TRUE(printer.documents.empty());
 }
 

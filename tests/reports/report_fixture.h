@@ -25,7 +25,7 @@ inline Preferences PhoneStation() {
 inline ContactLog LogOf(const std::vector<Contact>& contacts) {
     ContactLog log;
     for (const Contact& contact : contacts) {
-        log.Row(++log.gContactCount) = contact;
+        log.Add(contact);
     }
     return log;
 }

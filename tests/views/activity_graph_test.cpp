@@ -242,7 +242,7 @@ TEST_F(ActivityGraphTest, ARecordWithoutADateThatCanBeReadEndsTheDrawing) {
     Click(Graph().cmdDone);
     contacts.back().Time = "";
     contacts.back().Date = "";
-    program->log.Row(9) = contacts.back();
+    program->log.Change(9, [&contacts](Contact& contact) { contact = contacts.back(); });
     ChooseMenu(Main().mnuGraph);
     EXPECT_EQ(Graph().lblTime(14).Caption(), "");
 }
@@ -264,7 +264,7 @@ TEST_F(ActivityGraphTest, EqualRatesEverywhereAreALineAtTheBottom) {
 
 TEST_F(ActivityGraphTest, TheLogIsReadOnceAndAgainWhenTheMenuIsChosenAgain) {
     OpenGraph(Minutes(7));
-    program->log.Row(7).Time = "22:10:00";
+    program->log.Change(7, [](Contact& contact) { contact.Time = "22:10:00"; });
     TheDesk().Activate(Main());
     TheDesk().Activate(Graph());
     TheDesk().RunPending();

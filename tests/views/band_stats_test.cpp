@@ -86,7 +86,7 @@ TEST_F(BandStatsTest, ABarIsAsLongAsItsShare) {
 
 TEST_F(BandStatsTest, TheLogIsReadOnceAndAgainWhenTheMenuIsChosenAgain) {
     StartOnBands({"40"});
-    program->log.Row(1).Bnd = "80";
+    program->log.Change(1, [](Contact& contact) { contact.Bnd = "80"; });
     TheDesk().Activate(Main());
     TheDesk().Activate(Stats());
     TheDesk().RunPending();
@@ -107,9 +107,10 @@ TEST_F(BandStatsTest, CloseAndEscUnloadIt) {
 TEST_F(BandStatsTest, AFullLogIsCounted) {
     StartOnBands({});
     ContactLog& log = program->log;
-    log.gContactCount = ContactLog::kMostContacts;
-    for (std::int32_t n = 1; n <= log.gContactCount; ++n) {
-        log.Row(n).Bnd = n % 2 == 0 ? "20" : "10";
+    for (std::int32_t n = 1; n <= ContactLog::kMostContacts; ++n) {
+        Contact contact;
+        contact.Bnd = n % 2 == 0 ? "20" : "10";
+        log.Add(contact);
     }
     ChooseMenu(Main().mnuBandStats);
     EXPECT_EQ(Counts(), "0 0 0 5500 0 5500");

@@ -14,7 +14,7 @@ constexpr int kYear = 2026;
 ContactLog LogOf(const std::vector<Contact>& contacts) {
     ContactLog log;
     for (const Contact& contact : contacts) {
-        log.Row(++log.gContactCount) = contact;
+        log.Add(contact);
     }
     return log;
 }
@@ -171,9 +171,8 @@ TEST(RateCurve, AllContactsInOneSecondStandAtTheFirstPosition) {
 
 TEST(RateCurve, ElevenThousandContactsInOneMinuteAreCounted) {
     ContactLog log;
-    log.gContactCount = ContactLog::kMostContacts;
-    for (std::int32_t n = 1; n <= log.gContactCount; ++n) {
-        log.Row(n) = WorkedAt(n * 59 / log.gContactCount);
+    for (std::int32_t n = 1; n <= ContactLog::kMostContacts; ++n) {
+        log.Add(WorkedAt(n * 59 / ContactLog::kMostContacts));
     }
     EXPECT_EQ(WholeCurveOf(log).RateRaw[1500], 66'000);
 }
@@ -201,11 +200,11 @@ TEST(RateCurve, ALogThatEndsBeforeItBeginsRunsBackwards) {
 
 TEST(RateCurve, ADateThatIsNoneEndsIt) {
     ContactLog log = LogAt({0, 60, 120});
-    log.Row(3).Time = "25:00";
+    log.Change(3, [](Contact& contact) { contact.Time = "25:00"; });
     EXPECT_THROW(CurveOver(log, kYear), ValueError);
-    log.Row(3).Time = "21:02";
+    log.Change(3, [](Contact& contact) { contact.Time = "21:02"; });
     RateCurve curve = CurveOver(log, kYear);
-    log.Row(2).Date = "someday";
+    log.Change(2, [](Contact& contact) { contact.Date = "someday"; });
     try {
         TakeRates(curve, log, kYear);
         FAIL();

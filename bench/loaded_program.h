@@ -10,11 +10,13 @@ namespace tallyhut {
 
 /// The whole program on a simulated machine with a log of so many contacts; its serial ports may be real ones.
 struct LoadedProgram : sim::Machine {
-    explicit LoadedProgram(int contacts, SerialPorts* realPorts = nullptr)
+    static constexpr std::int64_t kContest = 108'000;  ///< seconds
+
+    explicit LoadedProgram(int contacts, SerialPorts* realPorts = nullptr, std::int64_t duration = kContest)
         : sim::Machine{{2026, 11, 8, 21, 0, 0}}, program{Lend({.serialPorts = realPorts}), "/contest"} {
         program.ShowWithoutQuestions();
         program.form1.Show();
-        files.Put("/contest/Log.txt", FullLog(contacts, clock.Now()));
+        files.Put("/contest/Log.txt", FullLog(contacts, clock.Now(), duration));
         program.reload.mnuopen2();
         program.time.gTimeOn = 1;
         program.desk.RunPending();

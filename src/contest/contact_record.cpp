@@ -13,16 +13,21 @@ constexpr std::array kFileOrder{&Contact::Ns,  &Contact::Nr,   &Contact::P,    &
 
 std::string WriteRecord(const Contact& contact) {
     RecordWriter record;
+    WriteRecord(contact, record);
+    return std::move(record).Result();
+}
+
+void WriteRecord(const Contact& contact, RecordWriter& writer) {
     for (const auto field : kFileOrder) {
-        record.Text(contact.*field);
+        writer.Text(contact.*field);
     }
-    return record.EndLine().Result();
+    writer.EndLine();
 }
 
 Contact ReadRecord(FieldReader& fields) {
     Contact contact;
     for (const auto field : kFileOrder) {
-        contact.*field = fields.Take();
+        contact.*field = fields.TakeView();
     }
     return contact;
 }

@@ -25,6 +25,9 @@ struct Contact {
 /// One line of Log.txt, its line end included.
 std::string WriteRecord(const Contact& contact);
 
+/// Writes the same behind what the writer holds.
+void WriteRecord(const Contact& contact, RecordWriter& writer);
+
 /// Takes one record; throws ValueError when a field is missing or damaged.
 Contact ReadRecord(FieldReader& fields);
 

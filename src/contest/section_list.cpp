@@ -42,6 +42,16 @@ bool IsYear(std::string_view text) {
     return text.size() == kYearDigits && std::ranges::all_of(text, IsDigit);
 }
 
+/// Another one for each word that may be a code.
+std::uint32_t NumberOfCode(std::string_view code) {
+    constexpr unsigned kBitsOfCharacter = 8;
+    std::uint32_t number = 0;
+    for (const char character : code) {
+        number = number << kBitsOfCharacter | static_cast<unsigned char>(character);
+    }
+    return number;
+}
+
 /// As a message shows it: what is long is no help there.
 std::string Quoted(std::string_view text) {
     constexpr std::size_t kShown = 20;
@@ -205,12 +215,16 @@ private:
 
 void SectionList::Add(ListedSection section) {
     section.word = ' ' + section.code + ' ';
+    codes.push_back(NumberOfCode(section.code));
     sections.push_back(std::move(section));
 }
 
 int SectionList::Find(std::string_view code) const {
-    const auto found = std::ranges::find(sections, code, &ListedSection::code);
-    return found == sections.end() ? 0 : static_cast<int>(found - sections.begin()) + 1;
+    if (!IsWord(code, kLongestCode)) {
+        return 0;
+    }
+    const auto found = std::ranges::find(codes, NumberOfCode(code));
+    return found == codes.end() ? 0 : static_cast<int>(found - codes.begin()) + 1;
 }
 
 std::string_view SectionList::CodeOf(std::string_view typed) const {

@@ -42,6 +42,7 @@ struct SectionList {
     static constexpr std::size_t kMostSections = 100;
 
     std::vector<ListedSection> sections;
+    std::vector<std::uint32_t> codes;  ///< of the same, as numbers: what each contact's code is looked for among
 
     void Add(ListedSection section);
     std::int32_t Count() const { return static_cast<std::int32_t>(sections.size()); }

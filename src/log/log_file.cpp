@@ -14,11 +14,13 @@ std::string NotLogged(const std::string& reason, const Contact& contact) {
 }  // namespace
 
 std::string LogText(const ContactLog& log) {
-    std::string text;
+    constexpr std::size_t kUsualRecord = 80;
+    RecordWriter text;
+    text.Reserve(kUsualRecord * static_cast<std::size_t>(log.gContactCount()));
     for (std::int32_t n = 1; n <= log.gContactCount(); ++n) {
-        text += WriteRecord(log.Row(n));
+        WriteRecord(log.Row(n), text);
     }
-    return text;
+    return std::move(text).Result();
 }
 
 std::int32_t RecordCount(std::string_view text) {

@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <string>
 #include <string_view>
+#include <utility>
 
 #include "values/number.h"
 
@@ -40,7 +41,9 @@ public:
     /// The line of the next field, counted from 1.
     std::size_t Line() const { return line_; }
 
-    std::string Take();
+    std::string Take() { return std::string{TakeView()}; }
+    /// The same as a part of the text.
+    std::string_view TakeView();
     /// Passes over the next field and what stands behind it on its line.
     void PassLine();
 
@@ -57,8 +60,8 @@ public:
     bool TakeTruth();
 
 private:
-    std::string TakeQuoted();
-    std::string TakeBare();
+    std::string_view TakeQuoted();
+    std::string_view TakeBare();
     void EndField();
     void PassLineEnd();
     void SkipBlanks();
@@ -68,6 +71,7 @@ private:
     auto TakeConverted(Convert convert);
 
     std::string_view rest_;
+    bool holdsNul_;               ///< somewhere in the text
     bool isBehindComma_ = false;  ///< the field that the comma promised is still to take
     std::size_t line_ = 1;
     std::size_t lineOfField_ = 1;  ///< of the field taken last
@@ -98,11 +102,16 @@ public:
     /// CR LF.
     RecordWriter& EndLine();
 
+    /// Makes room for a text of so many bytes.
+    void Reserve(std::size_t bytes) { text_.reserve(bytes); }
+
     /// All that has been written so far.
-    const std::string& Result() const { return text_; }
+    const std::string& Result() const& { return text_; }
+    std::string Result() && { return std::move(text_); }
 
 private:
     RecordWriter& Bare(std::string_view item);
+    void Begin();
 
     std::string text_;
     bool atLineStart_ = true;

@@ -20,7 +20,7 @@ const Contact& ContactLog::Row(std::int32_t n) const {
     if (n < 1 || n > kMostContacts) {
         RefuseRow();
     }
-    return n <= gContactCount() ? rows_[static_cast<std::size_t>(n - 1)] : kNone;
+    return n <= Rows() ? rows_[static_cast<std::size_t>(n - 1)] : kNone;
 }
 
 double ContactLog::NextSerial() const {
@@ -41,6 +41,7 @@ std::span<const CallOrder::Place> ContactLog::CallsOf(std::string_view call) con
 }
 
 void ContactLog::Clear() {
+    refused_ = false;
     changes_ += rows_.size();
     rows_.clear();
     moments_.clear();
@@ -49,8 +50,8 @@ void ContactLog::Clear() {
 }
 
 void ContactLog::Add(const Contact& contact) {
-    if (gContactCount() >= kMostContacts) {
-        RefuseRow();
+    if (Rows() >= kMostContacts) {
+        Refuse();
     }
     rows_.push_back(contact);
     TakeIn(rows_.size() - 1);
@@ -60,8 +61,8 @@ void ContactLog::AddAll(const std::function<bool(Contact&)>& next) {
     const std::size_t before = rows_.size();
     try {
         while (next(rows_.emplace_back())) {
-            if (gContactCount() > kMostContacts) {
-                RefuseRow();
+            if (Rows() > kMostContacts) {
+                Refuse();
             }
         }
     } catch (...) {
@@ -95,10 +96,15 @@ void ContactLog::Remove(std::int32_t n) {
 }
 
 std::size_t ContactLog::PlaceOf(std::int32_t n) const {
-    if (n < 1 || n > gContactCount()) {
+    if (n < 1 || n > Rows()) {
         RefuseRow();
     }
     return static_cast<std::size_t>(n - 1);
+}
+
+void ContactLog::Refuse() {
+    refused_ = true;
+    RefuseRow();
 }
 
 void ContactLog::TakeIn(std::size_t first) {

@@ -31,7 +31,8 @@ struct ContactLog {
     float gSavedCount = 0;  ///< the first count above 0 that a reload of this run has found
     std::string gFrq;       ///< frequency text from the rig for the next contact; empty without a rig
 
-    std::int32_t gContactCount() const { return static_cast<std::int32_t>(rows_.size()); }
+    /// One more than there are rows behind a contact that the tables have refused.
+    std::int32_t gContactCount() const { return Rows() + (refused_ ? 1 : 0); }
     /// Any row from 1 to kMostContacts, also one that holds no contact; throws LogFullError beyond.
     const Contact& Row(std::int32_t n) const;
     const Contact& Last() const { return Row(gContactCount()); }
@@ -50,7 +51,7 @@ struct ContactLog {
 
     /// Forgets all contacts.
     void Clear();
-    /// The contact becomes the last one. Throws LogFullError.
+    /// The contact becomes the last one. Throws LogFullError; it counts all the same then.
     void Add(const Contact& contact);
     /// Takes contacts as long as the source has one more; what it throws leaves those before it. Throws LogFullError
     /// likewise.
@@ -77,13 +78,16 @@ private:
         return values;
     }
 
+    std::int32_t Rows() const { return static_cast<std::int32_t>(rows_.size()); }
     std::size_t PlaceOf(std::int32_t n) const;
+    [[noreturn]] void Refuse();
     /// Of the rows from a place on: all that is kept beside them.
     void TakeIn(std::size_t first);
     /// Of a row that is about to change or go.
     void Forget(std::int32_t n);
 
     std::uint64_t changes_ = 0;
+    bool refused_ = false;
     std::vector<Contact> rows_ = WithRoom<Contact>();
     std::vector<ContactMoment> moments_ =
         WithRoom<ContactMoment>();  ///< of each row; kNoMoment where it takes the present year, or is none

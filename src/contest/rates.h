@@ -17,7 +17,7 @@ struct Rates {
 };
 
 /// The rates at a moment of UTC, counted from the newest contact back to the first that is an hour old. Nothing where a
-/// date or time on the way is none.
+/// date or time on the way is none. Throws LogFullError while more contacts are counted than the tables hold.
 std::optional<Rates> RatesAt(const DateTime& utc, const ContactLog& log);
 
 }  // namespace tallyhut

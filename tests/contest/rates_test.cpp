@@ -61,5 +61,11 @@ TEST(Rates, ContactOfTheFutureIsYoung) {
     EXPECT_EQ(RatesAt(kNow, LogAt({{"2026/11/08", "05:00:00"}})), (Rates{.lastHour = 1, .lastTwentyMinutes = 3}));
 }
 
+TEST(Rates, CountBeyondTheTablesIsRefused) {
+    ContactLog log = LogAt(std::vector<At>(ContactLog::kMostContacts, At{"2026/11/08", "00:25:00"}));
+    EXPECT_THROW(log.Add({}), LogFullError);
+    EXPECT_THROW(RatesAt(kNow, log), LogFullError);
+}
+
 }  // namespace
 }  // namespace tallyhut

@@ -70,7 +70,7 @@ TEST_F(StartTest, SecondProgramOnAFolderEndsAndTheFirstGoesOn) {
     sim::Dialogs dialogs2;
     sim::TcpSockets sockets2{pump2};
     Program second{{clock2, pump2, dialogs2, clipboard, printer, files, settings, screen, environment, serialPorts,
-                    parallelPorts, sockets2, sound},
+                    parallelPorts, sockets2, datagramSockets, keyring, sound},
                    kFolder};
     EXPECT_EQ(EndStatusOf([&] { second.Start(); }), 1);
     EXPECT_EQ(dialogs2.boxes.size(), 1U);

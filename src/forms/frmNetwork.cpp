@@ -33,10 +33,10 @@ constexpr const char* kAddressTip = "HOST:PORT, with commas between several: 127
 frmNetwork::frmNetwork(Desk& owner)
     : Form{owner, "frmNetwork", " Network", {.width = 7500, .height = 4800}},
       chkContacts{*this, "chkContacts", "Send each &contact that is logged, edited or deleted", Use(240, 1)},
-      lblContacts{*this, "lblContacts", "&To:", NameAt(630)},
+      lblContacts{*this, "lblContacts", "Contacts &to:", NameAt(630)},
       txtContacts{*this, "txtContacts", FieldAt(630, 2, kAddressTip)},
       chkRadio{*this, "chkRadio", "Send the &radio's frequency and mode", Use(kRadioTop, 3)},
-      lblRadio{*this, "lblRadio", "T&o:", NameAt(kRadioTop + 390)},
+      lblRadio{*this, "lblRadio", "Radio t&o:", NameAt(kRadioTop + 390)},
       txtRadio{*this, "txtRadio", FieldAt(kRadioTop + 390, 4, kAddressTip)},
       lblApp{*this, "lblApp", "&Sender:", NameAt(kAppTop)},
       txtApp{*this, "txtApp", FieldAt(kAppTop, 5, "What the datagrams say of the program that has sent them")},

@@ -24,7 +24,7 @@ struct Commit {
     /// What is known of a code that is none of the sections; empty for nothing.
     std::function<std::string(std::string_view code)> hintOnSection = [](std::string_view) { return std::string{}; };
 
-    /// The contact of a row stands on the disk. Must not fail.
+    /// The contact of a row stands on the disk. Its section does not count it yet. Must not fail.
     std::function<void(std::int32_t row)> logged = [](std::int32_t) {};
 
     std::uint8_t gIncomplete = 0;

@@ -12,6 +12,12 @@ namespace {
 
 constexpr int kLastPort = 65'535;
 
+/// A line of the form holds it.
+std::string Shortened(const std::string& text) {
+    constexpr std::size_t kLongest = 60;
+    return text.size() > kLongest ? text.substr(0, kLongest) + "..." : text;
+}
+
 std::optional<int> ReadPort(std::string_view text) {
     int port = 0;
     const auto [end, failure] = std::from_chars(text.data(), text.data() + text.size(), port);
@@ -44,7 +50,7 @@ std::optional<NetworkAddress> ReadAddress(std::string_view text) {
 
 std::string AddressText(const NetworkAddress& address) {
     const bool hasColon = address.host.find(':') != std::string::npos;
-    return (hasColon ? '[' + address.host + ']' : address.host) + ':' + PlainText(address.port);
+    return Shortened(hasColon ? '[' + address.host + ']' : address.host) + ':' + PlainText(address.port);
 }
 
 AddressList ReadAddresses(std::string_view text) {
@@ -59,9 +65,9 @@ AddressList ReadAddresses(std::string_view text) {
         }
         const std::optional<NetworkAddress> address = ReadAddress(item);
         if (!address) {
-            note(item + " is no address: HOST:PORT is one");
+            note(Shortened(item) + " is no address: HOST:PORT is one");
         } else if (list.addresses.size() == AddressList::kMost) {
-            note(item + " is one too many: " + PlainText(AddressList::kMost) + " addresses are the most");
+            note(Shortened(item) + " is one too many: " + PlainText(AddressList::kMost) + " addresses are the most");
         } else if (std::ranges::find(list.addresses, *address) == list.addresses.end()) {
             list.addresses.push_back(*address);
         }

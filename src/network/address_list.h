@@ -15,7 +15,7 @@ struct NetworkAddress {
     bool operator==(const NetworkAddress&) const = default;
 };
 
-/// As it is typed: "shack:12060", "[::1]:12060".
+/// As it is typed: "shack:12060", "[::1]:12060"; of a very long one the beginning.
 std::string AddressText(const NetworkAddress& address);
 
 /// What a list of addresses says.

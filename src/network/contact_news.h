@@ -18,7 +18,7 @@ struct ContactNews {
     NewsSender& sender;
     const Clock& clock;
 
-    /// The contact of a row stands on the disk.
+    /// The contact of a row stands on the disk; its section does not count it yet.
     void Logged(std::int32_t row);
     /// The contact of a row stands on the disk, changed. Throws PlatformError where the name that it keeps cannot be
     /// stored, behind what was sent.
@@ -28,7 +28,7 @@ struct ContactNews {
 
 private:
     ContactFacts FactsOf(const Contact& contact, const Contact& before, std::string id) const;
-    ContactFacts FactsOfRow(std::int32_t row, const Contact& before, std::string id) const;
+    void AddWorth(ContactFacts& facts, std::int32_t row) const;
 };
 
 }  // namespace tallyhut

@@ -123,6 +123,7 @@ void NetworkSetup::ShowFailure() {
         desk.Announce(text);
     }
     dialog.lblNetwork.SetCaption(text);
+    dialog.lblNetwork.SetRefused(!text.empty());
 }
 
 /// A choice that cannot be stored counts all the same.

@@ -45,6 +45,12 @@ TEST(AddressList, SixteenAreTheMost) {
     EXPECT_EQ(list.fault, "h:17 is one too many: 16 addresses are the most");
 }
 
+TEST(AddressList, OfAVeryLongOneTheBeginningIsTold) {
+    const std::string begin(60, 'x');
+    EXPECT_EQ(ReadAddresses(begin + "yyy").fault, begin + "... is no address: HOST:PORT is one");
+    EXPECT_EQ(AddressText({.host = begin + "yyy", .port = 1}), begin + "...:1");
+}
+
 TEST(AddressList, AnAddressIsToldAsItIsTyped) {
     for (const char* text : {"shack:12060", "[::1]:12060", "192.168.1.255:1"}) {
         EXPECT_EQ(AddressText(ReadAddresses(text).addresses.at(0)), text);

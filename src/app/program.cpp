@@ -15,11 +15,11 @@ constexpr const char* kProgramTitle = "Tallyhut Log";
 constexpr const char* kTimeNotSaved = "Not all of the operating time could be saved. ";
 
 /// In which order the forms are listed, and unloaded at the end.
-constexpr std::array<std::string_view, 26> kFormOrder{
+constexpr std::array<std::string_view, 27> kFormOrder{
     "Form1",        "frmSplash",   "frmQ7ZZQLogo",  "frmEditCon",    "frmStationID",     "Form2",       "frmPorts",
     "Form5",        "Form6",       "RigControlfrm", "frmRigTune",    "frmFrequencyTest", "PhoneFrm",    "CWFrm",
     "frmCWStrings", "BlindFrm",    "PacketSpotfrm", "SpectrumMap",   "SectionMap",       "frmBandPlan", "GraphQSO",
-    "frmbndstats",  "frmSections", "frmImport",     "frmKnownCalls", "frmCheckLog",
+    "frmbndstats",  "frmSections", "frmImport",     "frmKnownCalls", "frmCheckLog",      "frmNetwork",
 };
 
 std::string AlreadyRunning(const std::string& folder) {
@@ -42,6 +42,7 @@ Program::Program(const Machine& lent, const std::string& workingDirectory)
       voicePart{machine, desk, supportPart, logPart},
       spotsPart{machine, desk, supportPart, logPart, rigPart},
       viewsPart{machine, desk, supportPart, logPart, rigPart},
+      networkPart{machine, desk, supportPart, logPart, rigPart},
       layout{logPart.form1, lent.screen, logPart.contest.preferences, logPart.preferencesFile},
       look{logPart.form1, lent.settings},
       folderChoice{lent.files, lent.dialogs, lent.settings, lent.environment},

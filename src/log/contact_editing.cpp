@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <utility>
 
 #include "log/entry_flow.h"
 
@@ -58,10 +59,32 @@ void ContactEditing::cmdEdit_Click() {
 
 void ContactEditing::Edit(std::int32_t row) {
     editedRow = row;
+    stored.reset();
     dialog.ShowModal();
     list.ListContacts();
     panel.fields.HideRowButtons();
     RewriteAndReload();
+    if (const std::optional<ContactChange> change = std::exchange(stored, std::nullopt)) {
+        TellOfEdit(row, *change);
+    }
+}
+
+/// Where another hand has changed the file the edit may have come to nothing.
+void ContactEditing::TellOfEdit(std::int32_t row, const ContactChange& change) const {
+    const ContactLog& log = contest.log;
+    if (change.before != change.after && row <= log.gContactCount && log.Row(row) == change.after) {
+        edited(change.before, row);
+    }
+}
+
+void ContactEditing::TellOfDeletion(const Contact& contact) const {
+    const ContactLog& log = contest.log;
+    for (std::int32_t n = 1; n <= log.gContactCount; ++n) {
+        if (log.Row(n) == contact) {
+            return;
+        }
+    }
+    deleted(contact);
 }
 
 void ContactEditing::cmdDelete_Click() {
@@ -77,9 +100,11 @@ void ContactEditing::Delete(std::int32_t row) {
     if (answer != Answer::Yes) {
         return;
     }
+    const Contact contact = std::as_const(contest.log).Row(row);
     CloseUp(row);
     --contest.log.gContactCount;
     RewriteAndReload();
+    TellOfDeletion(contact);
 }
 
 /// Behind the last row of a full table there is none: it counts as an empty one.
@@ -253,10 +278,12 @@ bool ContactEditing::HasSection() {
 }
 
 void ContactEditing::Store() {
+    stored = ContactChange{.before = contest.log.Row(editedRow), .after = {}};
     for (const EditField& edit : kEditFields) {
         contest.log.Row(editedRow).*edit.field = (dialog.*edit.box).Text();
     }
     contest.log.Row(editedRow).Sec = SectionCode();
+    stored->after = contest.log.Row(editedRow);
 }
 
 void ContactEditing::cmdDeleteDupe_Click() {

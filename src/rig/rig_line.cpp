@@ -22,6 +22,7 @@ void RigLine::Show() {
         form1.desk.Announce(kNoAnswer);
     }
     form1.lblRig.SetCaption(text);
+    looked();
 }
 
 std::optional<float> RigLine::Frequency() const {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <optional>
 
 #include "forms/Form1.h"
@@ -14,6 +15,9 @@ struct RigLine {
 
     Form1& form1;
     const Radio& radio;
+
+    /// The radio may have been heard, or lost.
+    std::function<void()> looked = [] {};
 
     /// Behind each poll, and when polling ends. A radio that is lost is announced, once each time.
     void Show();

@@ -126,6 +126,7 @@ extern const FormTable kFrmEditConTable;
 extern const FormTable kFrmFrequencyTestTable;
 extern const FormTable kFrmImportTable;
 extern const FormTable kFrmKnownCallsTable;
+extern const FormTable kFrmNetworkTable;
 extern const FormTable kFrmPortsTable;
 extern const FormTable kFrmRigTuneTable;
 extern const FormTable kFrmSectionsTable;

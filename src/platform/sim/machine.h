@@ -50,7 +50,7 @@ struct Machine {
     SerialPorts serialPorts{clock};
     ParallelPorts parallelPorts{clock};
     TcpSockets tcpSockets{pump};
-    DatagramSockets datagramSockets;
+    DatagramSockets datagramSockets{clock, pump};
     Keyring keyring;
     Sound sound{clock, files};
     std::string dataFolder;

@@ -1,0 +1,46 @@
+#include "network/network_part.h"
+
+namespace tallyhut {
+
+NetworkPart::NetworkPart(Machine& machine, Desk& desk, SupportPart& support, LogPart& log, RigPart& rig)
+    : form{desk},
+      settings{machine.settings},
+      origin{.app = settings.app, .stationName = machine.datagramSockets.HostName()},
+      ids{machine.files, support.directories},
+      contactSender{desk, machine.datagramSockets},
+      radioSender{desk, machine.datagramSockets},
+      contacts{log.contest, settings.contacts, origin, ids, contactSender, machine.clock},
+      radio{desk, rig.rigLine, settings.radio, origin, radioSender},
+      setup{form, desk, settings, origin, contactSender, radioSender, radio} {
+    Bind(log, rig);
+    setup.TakeStored();
+}
+
+void NetworkPart::Bind(LogPart& log, RigPart& rig) {
+    BindForm();
+    log.form1.mnuNetwork.Click = [this] { form.Show(); };
+    log.commit.logged = [this](std::int32_t row) { contacts.Logged(row); };
+    // A name that cannot be kept is told: the contact is on the disk, and the operator goes on from the list.
+    log.editing.edited = [this](const Contact& before, std::int32_t row) {
+        const std::function<void()> tell = [&] { contacts.Edited(before, row); };
+        form.desk.Call(tell);
+    };
+    log.editing.deleted = [this](const Contact& contact) { contacts.Deleted(contact); };
+    rig.rigLine.looked = [this] { radio.Look(); };
+    contactSender.failuresChanged = [this] { setup.ShowFailure(); };
+    radioSender.failuresChanged = [this] { setup.ShowFailure(); };
+}
+
+void NetworkPart::BindForm() {
+    form.Form_Load = [this] { setup.frmNetwork_Load(); };
+    form.chkContacts.Click = [this] { setup.chkContacts_Click(); };
+    form.chkRadio.Click = [this] { setup.chkRadio_Click(); };
+    form.txtContacts.LostFocus = [this] { setup.TakeContacts(); };
+    form.txtRadio.LostFocus = [this] { setup.TakeRadio(); };
+    form.txtApp.LostFocus = [this] { setup.TakeApp(); };
+    form.txtContacts.Change = [this] { setup.ShowFailure(); };
+    form.txtRadio.Change = [this] { setup.ShowFailure(); };
+    form.cmdDone.Click = [this] { setup.cmdDone_Click(); };
+}
+
+}  // namespace tallyhut

@@ -26,6 +26,8 @@ std::string KenwoodActiveFrequency(const FrequencyOrder& order);
 std::string ElecraftFrequency(const FrequencyOrder& order);
 /// "FA14200000;"
 std::string DualFrequency(const FrequencyOrder& order);
+/// "FA014200000;". Throws ValueError for what nine digits of hertz do not hold.
+std::string NineDigitFrequency(const FrequencyOrder& order);
 /// FE FE 64 E0 05 00 00 20 14 00 FD. Five bytes of digits also to the radio that answers with four.
 std::string IcomFrequency(const FrequencyOrder& order);
 /// 01 42 00 00 01

@@ -12,9 +12,10 @@ RigPart::RigPart(Machine& machine, Desk& desk, SupportPart& support, LogPart& lo
       pegasus{machine.files, machine.settings, machine.environment},
       radio{rigForm, rigState, rigSettings, log.contest.preferences, *comComm1, pegasus},
       bandConversion{log.band, log.contest.log},
-      rigPoll{radio, bandConversion},
-      rigCommands{radio, machine.files, support.directories, desk},
-      rigSetup{radio, log.preferencesFile, rigPoll, rigCommands, machine.files, support.directories, desk},
+      rigConnection{radio, machine.serialPorts, desk},
+      rigPoll{radio, bandConversion, rigConnection, machine.clock},
+      rigCommands{radio, machine.files, support.directories, desk, rigConnection},
+      rigSetup{radio, log.preferencesFile, rigConnection, rigCommands, machine.files, support.directories, desk},
       rigLine{log.form1, radio},
       rigTune{tuneForm, radio, rigCommands},
       frequencyTest{frequencyTestForm, rigCommands, *comComm1} {

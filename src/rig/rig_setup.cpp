@@ -146,7 +146,7 @@ void RigSetup::Command1_Click() {
         OpenRigPort();
     }
     if (radio.comComm1.IsOpen() || radio.Row().link == RigLink::Files) {
-        poll.tmrGetData_Elapsed();
+        radio.form.tmrGetData.Elapsed();
         StartPolling();
     } else {
         ShowPolling(false);
@@ -172,7 +172,7 @@ void RigSetup::CommitForm() {
 
 void RigSetup::OpenRigPort() {
     try {
-        TryOpen(radio.Row());
+        connection.Open();
     } catch (const PlatformError&) {
         StopPolling();
         desk.dialogs.Show(kInvalidPortBox);
@@ -182,43 +182,23 @@ void RigSetup::OpenRigPort() {
     }
 }
 
-void RigSetup::TryOpen(const RigRow& rig) {
-    radio.comComm1.Close();
-    portIsTaken(radio.settings.commPort);
-    radio.comComm1.SetNumber(radio.settings.commPort);
-    if (rig.rtsHandshake) {
-        radio.comComm1.SetHandshake(Handshake::Rts);
-        handshakes = true;
-    }
-    powered = radio.settings.power;
-    openNumber = radio.settings.commPort;
-    radio.comComm1.SetSettings(radio.settings.portSettings);
-    radio.comComm1.SetDtr(false);
-    radio.comComm1.SetRts(false);
-    radio.comComm1.Open();
-    if (radio.settings.power == "R") {
-        radio.comComm1.SetRts(true);
-    } else if (radio.settings.power == "D") {
-        radio.comComm1.SetDtr(true);
-    }
-    if (!rig.greeting.empty()) {
-        radio.comComm1.Write(rig.greeting);
-    }
-}
-
 void RigSetup::StartPolling() {
     const auto* rate = std::ranges::find(kPollRates, radio.settings.pollRate, &PollRate::letter);
     if (rate != kPollRates.end()) {
         radio.form.tmrGetData.SetInterval(rate->intervalMs);
     }
     radio.state.polls = true;
-    radio.state.answered = false;
     radio.state.missedPolls = 0;
+    radio.state.heardAt = desk.clock.TickMs();
+    radio.state.lost = false;
+    radio.state.frequencyHeard = false;
     radio.form.tmrGetData.SetTimerEnabled(!radio.state.commanding);
 }
 
 void RigSetup::StopPolling() {
     radio.state.polls = false;
+    radio.state.lost = false;
+    connection.EndReopening();
     radio.form.tmrGetData.SetTimerEnabled(false);
     commands.Abandon();
     pollingEnded();
@@ -235,7 +215,7 @@ void RigSetup::Command2_Click() {
     radio.form.lblUnProcess.SetCaption("");
     StopPolling();
     ShowPolling(false);
-    radio.comComm1.Close();
+    connection.Close();
 }
 
 void RigSetup::Command3_Click() {
@@ -268,7 +248,7 @@ void RigSetup::RigControlfrm_QueryUnload(bool& Cancel) {
 void RigSetup::RigControlfrm_Unload() {
     StopPolling();
     SayFarewell();
-    radio.comComm1.Close();
+    connection.Close();
 }
 
 void RigSetup::SayFarewell() {

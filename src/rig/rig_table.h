@@ -48,17 +48,24 @@ struct RigRow {
     /// For a radio with alternating requests the one of the request that went out last decodes, else both in turn.
     RigDecoder readFrequency = nullptr;
     RigDecoder readMode = nullptr;
+    bool lossEmptiesFrequency = false;  ///< contacts bear none while the radio is lost
     /// Before a frequency command, in ms; events run between the two.
     std::array<int, 2> pausesMs = {};
     FrequencyCommand frequencyCommand = nullptr;
     ModeCommand modeCommand = nullptr;
 };
 
+/// Whether its replies tell that the radio is there: without them it is lost.
+constexpr bool CanBeLost(const RigRow& rig) {
+    return rig.link == RigLink::Port && (rig.readFrequency != nullptr || rig.readMode != nullptr);
+}
+
 namespace rig_facts {
 
 inline constexpr SerialDefaults k4800TwoStops{.baud = "4800", .dataBits = "8", .stopBits = "2", .parity = "N"};
 inline constexpr SerialDefaults k1200{.baud = "1200", .dataBits = "8", .stopBits = "1", .parity = "N"};
 inline constexpr SerialDefaults k56000{.baud = "56000", .dataBits = "8", .stopBits = "1", .parity = "N"};
+inline constexpr SerialDefaults k38400{.baud = "38400", .dataBits = "8", .stopBits = "1", .parity = "N"};
 inline constexpr SerialDefaults kOnly4800{.baud = "4800", .dataBits = "", .stopBits = "", .parity = ""};
 
 inline constexpr std::string_view kFiveNuls{"\0\0\0\0\0", 5};
@@ -88,7 +95,7 @@ constexpr RigRow StatusBlockRig(std::string_view name, RigDecoder decoder, int p
 }  // namespace rig_facts
 
 /// In the order of the rig list.
-inline constexpr std::array<RigRow, 19> kRigs{{
+inline constexpr std::array<RigRow, 20> kRigs{{
     {.name = "None", .link = RigLink::None},
     {.name = "Elecraft",
      .serial = rig_facts::k4800TwoStops,
@@ -214,6 +221,17 @@ inline constexpr std::array<RigRow, 19> kRigs{{
      .frequencyCommand = DualFrequency,
      .modeCommand = DualMode},
     {.name = "Other", .choosesConversion = true, .request = {.coding = RequestCoding::AsChosen}},
+    {.name = "Yaesu FTdx10",
+     .serial = rig_facts::k38400,
+     .frequencyString = "FA;",
+     .modeString = "MD0;",
+     .request = {.coding = RequestCoding::Text, .turn = RequestTurn::Alternating, .leastLength = 2},
+     .readFrequency = ReadNineDigitCommand,
+     .readMode = ReadNineDigitCommand,
+     .lossEmptiesFrequency = true,
+     .pausesMs = {205},
+     .frequencyCommand = NineDigitFrequency,
+     .modeCommand = DualMode},
 }};
 
 /// The row of a name; the one of "None" for a name that is none.

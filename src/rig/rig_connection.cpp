@@ -1,0 +1,105 @@
+#include "rig/rig_connection.h"
+
+#include <algorithm>
+#include <array>
+
+#include "platform/platform_error.h"
+#include "toolkit/desk.h"
+
+namespace tallyhut {
+namespace {
+
+constexpr std::array<std::int32_t, 4> kPausesMs{1'000, 2'000, 5'000, 10'000};
+constexpr Tick kGoodConnectionMs = 60'000;
+
+}  // namespace
+
+RigConnection::RigConnection(Radio& ofTheRadio, const SerialPorts& ofTheMachine, Desk& owner)
+    : radio{ofTheRadio}, ports{ofTheMachine}, clock_{owner.clock}, again_{owner, [this] { OpenAgain(); }} {}
+
+void RigConnection::Open() {
+    EndReopening();
+    failures_ = 0;
+    radio.comComm1.Close();
+    portIsTaken(radio.settings.commPort);
+    openPath_ = ports.DeviceOf(radio.settings.commPort);
+    radio.comComm1.SetNumber(radio.settings.commPort);
+    openNumber = radio.settings.commPort;
+    TryOpen();
+}
+
+/// Everything that an opening sends and sets, also when the device has come back.
+void RigConnection::TryOpen() {
+    const RigRow& rig = radio.Row();
+    if (rig.rtsHandshake) {
+        radio.comComm1.SetHandshake(Handshake::Rts);
+        handshakes = true;
+    }
+    powered = radio.settings.power;
+    radio.comComm1.SetSettings(radio.settings.portSettings);
+    radio.comComm1.SetDtr(false);
+    radio.comComm1.SetRts(false);
+    radio.comComm1.Open();
+    openedAt_ = clock_.TickMs();
+    if (radio.settings.power == "R") {
+        radio.comComm1.SetRts(true);
+    } else if (radio.settings.power == "D") {
+        radio.comComm1.SetDtr(true);
+    }
+    if (!rig.greeting.empty()) {
+        radio.comComm1.Write(rig.greeting);
+    }
+}
+
+void RigConnection::Close() {
+    EndReopening();
+    radio.comComm1.Close();
+}
+
+void RigConnection::EndReopening() {
+    again_.Stop();
+    radio.state.portGone = false;
+}
+
+void RigConnection::PortHasFailed() {
+    if (!radio.state.polls || radio.state.portGone || !CanBeLost(radio.Row())) {
+        return;
+    }
+    if (clock_.TickMs() - openedAt_ >= kGoodConnectionMs) {
+        failures_ = 0;
+    }
+    radio.state.portGone = true;
+    radio.comComm1.Close();
+    Pause();
+}
+
+void RigConnection::Pause() {
+    again_.StartOnce(kPausesMs.at(std::min(failures_, kPausesMs.size() - 1)));
+    ++failures_;
+}
+
+void RigConnection::OpenAgain() {
+    if (!radio.state.polls) {
+        return;
+    }
+    try {
+        if (DeviceIsBack() && mayTakePort(openNumber)) {
+            portIsTaken(openNumber);
+            TryOpen();
+            radio.state.portGone = false;
+            return;
+        }
+    } catch (const PlatformError&) {  // it is not there yet, or somebody else has it: that is nobody's news
+        radio.comComm1.Close();
+    }
+    Pause();
+}
+
+/// A number that nobody has chosen a device for may mean another one meanwhile, such as the keyer's: that one is let
+/// be.
+bool RigConnection::DeviceIsBack() const {
+    const PortMeaning meaning = ports.MeaningOf(openNumber);
+    return meaning.source != PortMeaning::Source::Found || meaning.device.path == openPath_;
+}
+
+}  // namespace tallyhut

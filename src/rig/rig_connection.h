@@ -1,0 +1,53 @@
+#pragma once
+
+#include <functional>
+#include <optional>
+#include <string>
+
+#include "rig/radio.h"
+#include "toolkit/alarm.h"
+
+namespace tallyhut {
+
+/// The radio's port: opened by Test, and opened again by itself when its device has gone and come back. That is silent,
+/// after pauses of 1, 2, 5 and then always 10 seconds; they begin anew after a minute in which the port was open.
+struct RigConnection {
+    RigConnection(Radio& ofTheRadio, const SerialPorts& ofTheMachine, Desk& owner);
+
+    Radio& radio;
+    const SerialPorts& ports;
+
+    /// Before the port of a number is opened: whoever else holds it lets go of it.
+    std::function<void(int number)> portIsTaken = [](int) {};
+    /// Whether whoever holds the port of a number can let go of it now. Only an opening that nobody has asked for asks.
+    std::function<bool(int number)> mayTakePort = [](int) { return true; };
+
+    // What the connection does with the control lines of its port while that is open.
+    bool handshakes = false;    ///< RTS is the line's own; no radio takes it back until the program ends
+    std::string powered = "N";  ///< by "R" RTS, "D" DTR
+    int openNumber = 0;         ///< of the port
+    bool TakesRts() const { return handshakes || powered == "R"; }
+    bool TakesDtr() const { return powered == "D"; }
+
+    /// Opens the port with the settings, after closing what was open. Throws PlatformError.
+    void Open();
+    void Close();
+    /// The port is not opened again by itself.
+    void EndReopening();
+    /// An operation of the port has failed while the radio is polled: it is closed, to be opened again.
+    void PortHasFailed();
+
+private:
+    void TryOpen();
+    void OpenAgain();
+    bool DeviceIsBack() const;
+    void Pause();
+
+    const Clock& clock_;
+    Alarm again_;
+    std::string openPath_;      // of the device
+    std::size_t failures_ = 0;  // in a row; the next pause is chosen by them
+    Tick openedAt_ = 0;
+};
+
+}  // namespace tallyhut

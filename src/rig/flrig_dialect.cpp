@@ -6,9 +6,9 @@
 #include <charconv>
 #include <optional>
 #include <pugixml.hpp>
+#include <utility>
 
 #include "contest/bands.h"
-#include "rig/reply_numbers.h"
 
 namespace tallyhut {
 namespace {
@@ -17,6 +17,8 @@ constexpr std::size_t kLongestHead = 4'096;
 constexpr std::size_t kLongestBody = 65'536;
 constexpr std::size_t kLongestModeName = 16;
 constexpr std::string_view kHeadEnd = "\r\n\r\n";
+
+const ServerAnswer kBroken{.kind = ServerAnswer::Kind::Broken};
 
 struct MethodRow {
     ServerRequest request;
@@ -74,7 +76,7 @@ std::string Request(const ServerOrder& order, const ServerFacts&) {
                              "</methodName><params>" + ParameterOf(order) + "</params></methodCall>\n";
     return "POST /RPC2 HTTP/1.1\r\nHost: localhost\r\nUser-Agent: tallyhut\r\nContent-Type: text/xml\r\n"
            "Content-length: " +
-           std::to_string(body.size()) + kHeadEnd.data() + body;
+           std::to_string(body.size()) + std::string{kHeadEnd} + body;
 }
 
 std::optional<std::size_t> LengthOf(std::string_view text) {
@@ -125,91 +127,98 @@ bool IsPlain(std::string_view text) {
     return std::ranges::all_of(text, [](unsigned char one) { return one >= ' ' && one < 127; });
 }
 
+/// A name, and no number in the place of one.
+bool IsModeName(std::string_view text) {
+    return !text.empty() && text.size() <= kLongestModeName && IsPlain(text) &&
+           std::isalpha(static_cast<unsigned char>(text.front())) != 0;
+}
+
 std::vector<std::string> ModesIn(const pugi::xml_node& value) {
     std::vector<std::string> modes;
     for (const pugi::xml_node& one : value.child("array").child("data").children("value")) {
         std::string name = TextOf(one);
-        if (!name.empty() && name.size() <= kLongestModeName && IsPlain(name) && modes.size() < kMostServerModes) {
+        if (IsModeName(name) && modes.size() < kMostServerModes) {
             modes.push_back(std::move(name));
         }
     }
     return modes;
 }
 
-std::optional<float> FrequencyOf(std::string_view text) {
-    constexpr std::size_t kMostDigits = 20;
-    const bool isNumber = !text.empty() && text.size() <= kMostDigits && text.front() != '.' &&
-                          text.find_first_not_of("0123456789.") == std::string_view::npos &&
-                          std::ranges::count(text, '.') <= 1;
-    return isNumber ? MegahertzOfHertz(text) : std::nullopt;
+ServerAnswer ReadMode(std::string_view text) {
+    ServerAnswer answer{.kind = ServerAnswer::Kind::Good};
+    if (text.empty()) {
+        return answer;
+    }
+    if (!IsModeName(text)) {
+        return kBroken;
+    }
+    answer.reading.mode = IsSameWord(text.substr(0, kCw.size()), kCw) ? kCw : kPhone;
+    return answer;
 }
 
-bool IsCw(std::string_view mode) {
-    return mode.size() >= 2 && IsSameWord(mode.substr(0, 2), "CW");
+ServerAnswer ReadModes(const pugi::xml_node& value) {
+    std::vector<std::string> modes = ModesIn(value);
+    const bool known = !modes.empty();
+    return {.kind = ServerAnswer::Kind::Good, .facts = ServerFacts{.knowsModes = known, .modes = std::move(modes)}};
+}
+
+/// Without a radio it goes on telling frequencies and modes, which are none. With one, its modes may be another
+/// radio's than before.
+ServerAnswer ReadRadio(std::string_view name, const ServerFacts& facts) {
+    ServerAnswer answer{.kind = ServerAnswer::Kind::Good, .facts = facts};
+    answer.facts->hasRadio = !name.empty();
+    answer.facts->knowsModes = false;
+    return answer;
 }
 
 ServerAnswer ReadValue(ServerRequest request, const ServerFacts& facts, const pugi::xml_node& value) {
-    ServerAnswer answer{.kind = ServerAnswer::Kind::Good, .facts = facts};
-    const std::string text = TextOf(value);
     switch (request) {
         case ServerRequest::Introduction:
-            if (answer.facts.hasRadio != !text.empty()) {
-                answer.facts = {.hasRadio = !text.empty(), .knowsModes = false};
-            }
-            break;
+            return ReadRadio(TextOf(value), facts);
         case ServerRequest::Modes:
-            answer.facts.knowsModes = true;
-            answer.facts.modes = ModesIn(value);
-            break;
+            return ReadModes(value);
         case ServerRequest::Frequency:
-            answer.reading.frequency = FrequencyOf(text);
-            if (!answer.reading.frequency) {
-                answer.kind = ServerAnswer::Kind::Broken;
-            } else if (*answer.reading.frequency <= 0) {
-                answer = {.kind = ServerAnswer::Kind::Refused, .facts = facts};
-            }
-            break;
+            return FrequencyTold(TextOf(value));
         case ServerRequest::Mode:
-            if (!text.empty()) {
-                answer.reading.mode = IsCw(text) ? kCw : kPhone;
-            }
-            break;
+            return ReadMode(TextOf(value));
         default:
-            break;
+            return {.kind = ServerAnswer::Kind::Good};
     }
-    return answer;
+}
+
+/// One that cannot tell its radio has none; one that cannot tell the modes does well without.
+ServerAnswer ReadFault(ServerRequest request, const ServerFacts& facts) {
+    if (request == ServerRequest::Introduction) {
+        return ReadRadio("", facts);
+    }
+    if (request == ServerRequest::Modes) {
+        return {.kind = ServerAnswer::Kind::Good, .facts = ServerFacts{}};
+    }
+    return {.kind = ServerAnswer::Kind::Refused};
 }
 
 ServerAnswer ReadBody(ServerRequest request, const ServerFacts& facts, std::string_view body) {
     pugi::xml_document document;
-    const pugi::xml_parse_result parsed = document.load_buffer(body.data(), body.size());
+    const bool isDocument = document.load_buffer(body.data(), body.size(), pugi::parse_default, pugi::encoding_utf8);
     const pugi::xml_node response = document.child("methodResponse");
-    if (!parsed || !response) {
-        return {.kind = ServerAnswer::Kind::Broken, .facts = facts};
-    }
-    if (response.child("fault")) {
-        return {.kind = ServerAnswer::Kind::Refused, .facts = facts};
+    if (isDocument && response.child("fault")) {
+        return ReadFault(request, facts);
     }
     const pugi::xml_node value = response.child("params").child("param").child("value");
-    if (!value) {
-        return {.kind = ServerAnswer::Kind::Broken, .facts = facts};
-    }
-    return ReadValue(request, facts, value);
+    return isDocument && value ? ReadValue(request, facts, value) : kBroken;
 }
 
 ServerAnswer Read(ServerRequest request, const ServerFacts& facts, std::string_view received) {
-    const ServerAnswer broken{.kind = ServerAnswer::Kind::Broken, .facts = facts};
-    const ServerAnswer notYet{.kind = ServerAnswer::Kind::NotYet, .facts = facts};
     const std::size_t headEnd = received.substr(0, kLongestHead).find(kHeadEnd);
     if (headEnd == std::string_view::npos) {
-        return received.size() < kLongestHead ? notYet : broken;
+        return received.size() < kLongestHead ? ServerAnswer{} : kBroken;
     }
     const std::optional<std::size_t> length = BodyLength(received.substr(0, headEnd));
     const std::string_view body = received.substr(headEnd + kHeadEnd.size());
     if (!length || body.size() > *length) {
-        return broken;
+        return kBroken;
     }
-    return body.size() < *length ? notYet : ReadBody(request, facts, body);
+    return body.size() < *length ? ServerAnswer{} : ReadBody(request, facts, body);
 }
 
 std::string ModeNamed(std::string_view planMode, const ServerFacts& facts) {

@@ -47,9 +47,7 @@ void RigServer::Close() {
 void RigServer::Connect() {
     stage_ = Stage::Connecting;
     since_.reset();
-    wanted_.clear();
-    tuning_.reset();
-    received_.clear();
+    GiveUpWishes();
     facts_ = dialect_->atTheBeginning;
     alarm_.StartOnce(kConnectWait);
     socket_->Connect(host_, port_);
@@ -157,51 +155,54 @@ void RigServer::TakeAnswer(const ServerAnswer& answer) {
         return;
     }
     alarm_.Stop();
-    facts_ = answer.facts;
-    const bool isGood = answer.kind == ServerAnswer::Kind::Good;
+    facts_ = answer.facts.value_or(facts_);
     RigServerLink link = link_;
-    switch (asked_) {
-        case ServerRequest::Introduction:
-        case ServerRequest::Modes:
-            TakeIntroduction();
-            if (!isGood || !facts_.hasRadio) {
-                link = RigServerLink::NoAnswer;
-            }
-            break;
-        case ServerRequest::Frequency:
-        case ServerRequest::Mode:
-            link = isGood ? RigServerLink::Connected : RigServerLink::NoAnswer;
-            break;
-        case ServerRequest::SetMode:
-        case ServerRequest::SetFrequency:
-            break;  // whether it was refused is seen by the next reading
-    }
-    if (link == RigServerLink::Connected) {
-        since_ = since_.value_or(desk_.clock.TickMs());
-    } else if (link == RigServerLink::NoAnswer) {
+    if (!RadioAnswers(answer.kind == ServerAnswer::Kind::Good)) {
+        GiveUpWishes();
         since_.reset();
-        tuning_.reset();
+        link = RigServerLink::NoAnswer;
+    } else if (asked_ == ServerRequest::Introduction) {
+        PlanFirstPoll();
+    } else if (asked_ == ServerRequest::Frequency || asked_ == ServerRequest::Mode) {
+        since_ = since_.value_or(desk_.clock.TickMs());
+        link = RigServerLink::Connected;
     }
     AskNext();
     SetLink(link, answer.reading);
 }
 
-void RigServer::TakeIntroduction() {
+bool RigServer::RadioAnswers(bool isGood) const {
+    switch (asked_) {
+        case ServerRequest::Introduction:
+        case ServerRequest::Modes:
+            return facts_.hasRadio;
+        case ServerRequest::Frequency:
+        case ServerRequest::Mode:
+            return isGood;
+        default:
+            return true;  // a command that is refused is seen by the next reading
+    }
+}
+
+void RigServer::GiveUpWishes() {
     wanted_.clear();
-    if (!facts_.hasRadio) {
-        return;
+    tuning_.reset();
+}
+
+void RigServer::PlanFirstPoll() {
+    if (facts_.knowsModes) {
+        wanted_ = {ServerRequest::Frequency, ServerRequest::Mode};
+    } else {
+        wanted_ = {ServerRequest::Modes, ServerRequest::Frequency, ServerRequest::Mode};
     }
-    if (!facts_.knowsModes) {
-        wanted_.push_back(ServerRequest::Modes);
-    }
-    wanted_.insert(wanted_.end(), {ServerRequest::Frequency, ServerRequest::Mode});
 }
 
 void RigServer::AlarmRang() {
     if (stage_ == Stage::Pausing) {
         Connect();
     } else if (stage_ == Stage::Asking && asked_ == ServerRequest::Introduction && dialect_->mayIgnoreIntroduction) {
-        TakeIntroduction();
+        facts_.owesIntroduction = true;
+        PlanFirstPoll();
         AskNext();
     } else {
         Lose();
@@ -214,9 +215,7 @@ void RigServer::Lose() {
         failures_ = 0;
     }
     stage_ = Stage::Pausing;
-    wanted_.clear();
-    tuning_.reset();
-    received_.clear();
+    GiveUpWishes();
     alarm_.StartOnce(kPauses.at(std::min(failures_, kPauses.size() - 1)));
     ++failures_;
     SetLink(RigServerLink::NoAnswer);

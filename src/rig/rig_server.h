@@ -67,8 +67,10 @@ private:
     void AlarmRang();
     /// Closes the connection, and tries again later.
     void Lose();
-    void TakeIntroduction();
+    bool RadioAnswers(bool isGood) const;
+    void GiveUpWishes();
     void PlanPoll();
+    void PlanFirstPoll();
     /// Sends what is to be sent next, if anything.
     void AskNext();
     void Ask(const ServerOrder& order);

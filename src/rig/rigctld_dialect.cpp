@@ -6,13 +6,14 @@
 #include <optional>
 
 #include "contest/bands.h"
-#include "rig/reply_numbers.h"
 
 namespace tallyhut {
 namespace {
 
 /// The longest answer is a frequency with its name, under a hundred bytes.
 constexpr std::size_t kLongestAnswer = 1'024;
+
+const ServerAnswer kBroken{.kind = ServerAnswer::Kind::Broken};
 
 struct CommandRow {
     ServerRequest request;
@@ -28,6 +29,11 @@ constexpr std::array kCommands{
     CommandRow{ServerRequest::SetMode, "+M", "set_mode:", ""},
     CommandRow{ServerRequest::SetFrequency, "+F", "set_freq:", ""},
 };
+
+/// A server of this kind is never asked for modes: their names are known.
+bool IsIntroduction(ServerRequest request) {
+    return request == ServerRequest::Introduction || request == ServerRequest::Modes;
+}
 
 const CommandRow& CommandOf(ServerRequest request) {
     return *std::ranges::find(kCommands, request, &CommandRow::request);
@@ -45,7 +51,7 @@ constexpr std::array kModes{
 };
 
 std::string Request(const ServerOrder& order, const ServerFacts& facts) {
-    if (order.request == ServerRequest::Introduction || order.request == ServerRequest::Modes) {
+    if (IsIntroduction(order.request)) {
         return "\\chk_vfo\n";
     }
     std::string line{CommandOf(order.request).command};
@@ -84,91 +90,98 @@ std::optional<int> ReportOf(std::string_view line) {
     return failure == std::errc{} && end == line.data() + line.size() ? std::optional{report} : std::nullopt;
 }
 
-ServerAnswer Answered(ServerAnswer::Kind kind, const ServerFacts& facts) {
-    return {.kind = kind, .facts = facts};
-}
-
-/// One line: "0" or "1", in newer and in older servers behind a word. A server that does not know the question has no
-/// such manner.
-ServerAnswer ReadIntroduction(const ServerFacts& facts, std::string_view line) {
-    ServerAnswer answer = Answered(ServerAnswer::Kind::Good, facts);
-    const bool refused = ReportOf(line).value_or(0) < 0;
+/// Whether a line says that commands want the name of a VFO: "0" or "1", in older and in newer servers behind a word.
+/// One that does not know the question has no such manner.
+std::optional<bool> NamesVfo(std::string_view line) {
     for (const std::string_view word : {"CHKVFO ", "ChkVFO: "}) {
         if (line.starts_with(word)) {
             line.remove_prefix(word.size());
         }
     }
-    answer.facts.namesVfo = line == "1";
-    if (line != "0" && line != "1" && !refused) {
-        answer.kind = ServerAnswer::Kind::Broken;
+    if (line == "0" || line == "1") {
+        return line == "1";
     }
+    return ReportOf(line).value_or(0) < 0 ? std::optional{false} : std::nullopt;
+}
+
+ServerAnswer ReadIntroduction(const ServerFacts& facts, std::string_view received) {
+    const std::optional<std::string_view> line = TakeLine(received);
+    if (!line) {
+        return {};
+    }
+    const std::optional<bool> namesVfo = NamesVfo(*line);
+    if (!namesVfo || !received.empty()) {
+        return kBroken;
+    }
+    ServerAnswer answer{.kind = ServerAnswer::Kind::Good, .facts = facts};
+    answer.facts->namesVfo = *namesVfo;
     return answer;
 }
 
-std::optional<float> FrequencyOf(std::string_view text) {
-    constexpr std::size_t kMostDigits = 20;
-    const bool isNumber = !text.empty() && text.size() <= kMostDigits && text.front() != '.' &&
-                          text.find_first_not_of("0123456789.") == std::string_view::npos &&
-                          std::ranges::count(text, '.') <= 1;
-    return isNumber ? MegahertzOfHertz(text) : std::nullopt;
-}
-
-/// A radio that is asked for its mode and has no such command is a good radio with a mode that nobody can tell.
-bool HasNoSuchCommand(ServerRequest request, int report) {
+/// A radio that has no command to ask for its mode is a good one with a mode that nobody can tell.
+bool CannotTell(ServerRequest request, int report) {
     constexpr int kNotImplemented = -4;
     constexpr int kNotAvailable = -11;
     return request == ServerRequest::Mode && (report == kNotImplemented || report == kNotAvailable);
 }
 
-ServerAnswer ReadValue(ServerRequest request, const ServerFacts& facts, std::optional<std::string_view> value) {
-    ServerAnswer answer = Answered(ServerAnswer::Kind::Good, facts);
+ServerAnswer ReadValue(ServerRequest request, std::string_view value) {
     if (request == ServerRequest::Frequency) {
-        answer.reading.frequency = value ? FrequencyOf(*value) : std::nullopt;
-        if (!answer.reading.frequency) {
-            answer.kind = ServerAnswer::Kind::Broken;
-        } else if (*answer.reading.frequency <= 0) {
-            answer = Answered(ServerAnswer::Kind::Refused, facts);
-        }
-    } else if (request == ServerRequest::Mode && value && !value->empty()) {
-        answer.reading.mode = *value == "CW" || *value == "CWR" ? kCw : kPhone;
+        return FrequencyTold(value);
+    }
+    ServerAnswer answer{.kind = ServerAnswer::Kind::Good};
+    if (request == ServerRequest::Mode && !value.empty()) {
+        answer.reading.mode = value == "CW" || value == "CWR" ? kCw : kPhone;
     }
     return answer;
 }
 
-ServerAnswer Read(ServerRequest request, const ServerFacts& facts, std::string_view received) {
-    const ServerAnswer broken = Answered(ServerAnswer::Kind::Broken, facts);
-    if (received.size() > kLongestAnswer) {
-        return broken;
-    }
-    if (request == ServerRequest::Introduction || request == ServerRequest::Modes) {
-        const std::optional<std::string_view> line = TakeLine(received);
-        if (!line) {
-            return Answered(ServerAnswer::Kind::NotYet, facts);
-        }
-        return received.empty() ? ReadIntroduction(facts, *line) : broken;
-    }
-    const CommandRow& command = CommandOf(request);
+/// Lines up to the one that ends the answer: first what was asked, then values behind their names.
+ServerAnswer ReadLines(const CommandRow& command, std::string_view received) {
     bool isNamed = false;
-    std::optional<std::string_view> value;
+    std::string_view value;
     while (const std::optional<std::string_view> line = TakeLine(received)) {
         if (const std::optional<int> report = ReportOf(*line)) {
             if (!received.empty() || *report > 0 || (*report == 0 && !isNamed)) {
-                return broken;
+                return kBroken;
             }
-            const bool isGood = *report == 0 || HasNoSuchCommand(request, *report);
-            return isGood ? ReadValue(request, facts, *report == 0 ? value : std::nullopt)
-                          : Answered(ServerAnswer::Kind::Refused, facts);
+            if (*report < 0) {
+                return {.kind = CannotTell(command.request, *report) ? ServerAnswer::Kind::Good
+                                                                     : ServerAnswer::Kind::Refused};
+            }
+            return ReadValue(command.request, value);
         }
-        if (!isNamed) {
-            isNamed = line->starts_with(command.name);
-            if (!isNamed) {
-                return broken;
-            }
-        } else if (!command.key.empty() && line->starts_with(command.key)) {
+        if (!isNamed && !line->starts_with(command.name)) {
+            return kBroken;
+        }
+        if (isNamed && !command.key.empty() && line->starts_with(command.key)) {
             value = line->substr(command.key.size());
         }
+        isNamed = true;
     }
-    return Answered(ServerAnswer::Kind::NotYet, facts);
+    return {};
+}
+
+ServerAnswer Read(ServerRequest request, const ServerFacts& facts, std::string_view received) {
+    if (received.size() > kLongestAnswer) {
+        return kBroken;
+    }
+    if (IsIntroduction(request)) {
+        return ReadIntroduction(facts, received);
+    }
+    const CommandRow& command = CommandOf(request);
+    if (!facts.owesIntroduction) {
+        return ReadLines(command, received);
+    }
+    std::string_view behind = received;
+    const std::optional<bool> namesVfo = NamesVfo(TakeLine(behind).value_or(""));
+    if (namesVfo.value_or(false)) {
+        return kBroken;  // it waits for the name that the request lacks
+    }
+    ServerAnswer answer = ReadLines(command, namesVfo ? behind : received);
+    answer.facts = facts;
+    answer.facts->owesIntroduction = answer.kind == ServerAnswer::Kind::NotYet;
+    return answer;
 }
 
 std::string ModeNamed(std::string_view planMode, const ServerFacts&) {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -21,11 +22,12 @@ enum class ServerRequest {
 
 /// What a server has said of itself and its radio on this connection.
 struct ServerFacts {
-    bool namesVfo = false;   ///< its commands want the name of a VFO first
-    bool hasRadio = true;    ///< else nothing that it says of frequency and mode is true
-    bool knowsModes = true;  ///< else it is to be asked for them before a mode is set
-    std::vector<std::string> modes =
-        {};  ///< as the radio names them, where it names them itself; at most kMostServerModes
+    bool namesVfo = false;          ///< its commands want the name of a VFO first
+    bool owesIntroduction = false;  ///< its answer to Introduction may yet come, before any other
+    bool hasRadio = true;           ///< else nothing that it says of frequency and mode is true
+    bool knowsModes = true;         ///< else it is to be asked for them
+    /// As the radio names them, where the server leaves the names to it; at most kMostServerModes.
+    std::vector<std::string> modes = {};
 
     bool operator==(const ServerFacts&) const = default;
 };
@@ -48,14 +50,18 @@ struct ServerAnswer {
 
     Kind kind = Kind::NotYet;
     RigReading reading = {};  ///< of a good answer to Frequency or Mode; a mode that nobody can tell stays empty
-    ServerFacts facts = {};   ///< what is known behind it; as before, but for good answers to Introduction and Modes
+    std::optional<ServerFacts> facts = {};  ///< what is known from now on, where that is something else
 };
+
+/// What a server tells as the frequency: plain decimal hertz, below 1000 GHz. Anything else is broken, and zero is
+/// refused, since no radio stands there.
+ServerAnswer FrequencyTold(std::string_view hertz);
 
 /// How one kind of server is spoken to: functions of bytes, which know no socket and no time. What a server says is
 /// hostile until it is parsed: of any length, in any pieces, of any bytes. No function fails.
 struct ServerDialect {
     std::int32_t introductionWait;   ///< ms that the answer to Introduction is waited for
-    bool mayIgnoreIntroduction;      ///< no answer in that time is none to wait for: the facts stay as at the beginning
+    bool mayIgnoreIntroduction;      ///< what gives no answer in that time is asked on, as it is at the beginning
     std::int32_t introductionAgain;  ///< ms, after which it is asked again; 0 for once a connection
     ServerFacts atTheBeginning;
 

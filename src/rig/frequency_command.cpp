@@ -68,6 +68,10 @@ std::string KenwoodCommand(std::string_view vfo, const FrequencyOrder& order) {
 
 }  // namespace
 
+std::int64_t WholeHertz(float frequency) {
+    return static_cast<std::int64_t>(WholeCounts(frequency, kHertz));
+}
+
 std::string KenwoodFrequency(const FrequencyOrder& order) {
     return KenwoodCommand(order.frequencyString.substr(0, 2), order);
 }

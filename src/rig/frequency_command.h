@@ -18,6 +18,9 @@ struct FrequencyOrder {
 /// for a string whose address is none.
 using FrequencyCommand = std::string (*)(const FrequencyOrder&);
 
+/// MHz as whole hertz. Throws as a command does.
+std::int64_t WholeHertz(float frequency);
+
 /// "FA00014200000;" to the VFO that the frequency string names.
 std::string KenwoodFrequency(const FrequencyOrder& order);
 /// The same to the VFO that the radio has said it is on.

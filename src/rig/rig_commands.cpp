@@ -54,6 +54,12 @@ void RigCommands::ChangeFrequency(float& Frequency) {
         Refuse(kFrequencyError, kLost);
         return;
     }
+    if (radio.Row().link == RigLink::Server) {
+        if (!connection.server.Tune(WholeHertz(frequency), ModeForFrequency(modePlan, frequency))) {
+            Refuse(kFrequencyError, kLost);
+        }
+        return;
+    }
     InTurn([this, frequency] {
         RigCommand next{.mode = ModeForFrequency(modePlan, frequency), .frequency = frequency};
         next.steps.push_back({.kind = Kind::Discard});
@@ -68,6 +74,9 @@ void RigCommands::ChangeFrequency(float& Frequency) {
 bool RigCommands::CanCarry(float& frequency) {
     const FrequencyCommand make = radio.Row().frequencyCommand;
     try {
+        if (radio.Row().link == RigLink::Server) {
+            WholeHertz(frequency);
+        }
         if (make != nullptr) {
             make({.frequency = frequency,
                   .frequencyString = radio.settings.frequencyString,
@@ -92,6 +101,12 @@ void RigCommands::ChangeMode(const float& Frequency, std::string& Mode) {
     }
     if (IsOutOfReach()) {
         Refuse(kModeError, Mode + ' ' + kLost);
+        return;
+    }
+    if (radio.Row().link == RigLink::Server) {
+        if (!connection.server.SetMode(Mode)) {
+            Refuse(kModeError, Mode + ' ' + kLost);
+        }
         return;
     }
     InTurn([this, mode = Mode] {

@@ -14,15 +14,53 @@ constexpr Tick kGoodConnectionMs = 60'000;
 
 }  // namespace
 
-RigConnection::RigConnection(Radio& ofTheRadio, const SerialPorts& ofTheMachine, Desk& owner)
-    : radio{ofTheRadio}, ports{ofTheMachine}, clock_{owner.clock}, again_{owner, [this] { OpenAgain(); }} {}
+RigConnection::RigConnection(Radio& ofTheRadio, const Machine& machine, Desk& owner)
+    : radio{ofTheRadio},
+      server{machine.tcpSockets, owner},
+      ports_{machine.serialPorts},
+      store_{machine.settings},
+      clock_{owner.clock},
+      again_{owner, [this] { OpenAgain(); }} {}
 
 void RigConnection::Open() {
     EndReopening();
+    const RigRow& rig = radio.Row();
+    if (rig.link == RigLink::Port) {
+        OpenPort();
+    } else if (rig.link == RigLink::Server) {
+        server.Open(*rig.server.dialect, address.host, address.PortNumber());
+    }
+}
+
+bool RigConnection::IsOpen() const {
+    switch (radio.Row().link) {
+        case RigLink::None:
+            return false;
+        case RigLink::Port:
+            return radio.comComm1.IsOpen();
+        case RigLink::Files:
+            return true;
+        case RigLink::Server:
+            return server.Link() != RigServerLink::Closed;
+    }
+    return false;
+}
+
+RigAddress RigConnection::StoredAddress() const {
+    return tallyhut::StoredAddress(store_, radio.Row().server);
+}
+
+void RigConnection::StoreAddress() {
+    if (radio.Row().link == RigLink::Server) {
+        tallyhut::StoreAddress(store_, radio.Row().server, address);
+    }
+}
+
+void RigConnection::OpenPort() {
     failures_ = 0;
     radio.comComm1.Close();
     portIsTaken(radio.settings.commPort);
-    openPath_ = ports.DeviceOf(radio.settings.commPort);
+    openPath_ = ports_.DeviceOf(radio.settings.commPort);
     radio.comComm1.SetNumber(radio.settings.commPort);
     openNumber = radio.settings.commPort;
     TryOpen();
@@ -54,6 +92,7 @@ void RigConnection::TryOpen() {
 void RigConnection::Close() {
     EndReopening();
     radio.comComm1.Close();
+    server.Close();
 }
 
 void RigConnection::EndReopening() {
@@ -98,7 +137,7 @@ void RigConnection::OpenAgain() {
 /// A number that nobody has chosen a device for may mean another one meanwhile, such as the keyer's: that one is let
 /// be.
 bool RigConnection::DeviceIsBack() const {
-    const PortMeaning meaning = ports.MeaningOf(openNumber);
+    const PortMeaning meaning = ports_.MeaningOf(openNumber);
     return meaning.source != PortMeaning::Source::Found || meaning.device.path == openPath_;
 }
 

@@ -4,18 +4,23 @@
 #include <optional>
 #include <string>
 
+#include "platform/machine.h"
 #include "rig/radio.h"
+#include "rig/rig_address.h"
+#include "rig/rig_server.h"
 #include "toolkit/alarm.h"
 
 namespace tallyhut {
 
-/// The radio's port: opened by Test, and opened again by itself when its device has gone and come back. That is silent,
-/// after pauses of 1, 2, 5 and then always 10 seconds; they begin anew after a minute in which the port was open.
+/// The radio's port or server: opened by Test, and opened again by itself when it has gone and come back. A server does
+/// that on its own. A port is tried after 1, 2, 5 and then every 10 seconds, silently; these pauses begin anew after a
+/// minute in which it was open.
 struct RigConnection {
-    RigConnection(Radio& ofTheRadio, const SerialPorts& ofTheMachine, Desk& owner);
+    RigConnection(Radio& ofTheRadio, const Machine& machine, Desk& owner);
 
     Radio& radio;
-    const SerialPorts& ports;
+    RigServer server;
+    RigAddress address = {};  ///< of the server, as the form last committed it
 
     /// Before the port of a number is opened: whoever else holds it lets go of it.
     std::function<void(int number)> portIsTaken = [](int) {};
@@ -29,20 +34,29 @@ struct RigConnection {
     bool TakesRts() const { return handshakes || powered == "R"; }
     bool TakesDtr() const { return powered == "D"; }
 
-    /// Opens the port with the settings, after closing what was open. Throws PlatformError.
+    /// Opens the port with the settings, or begins with the server, after closing what was open. Throws PlatformError.
     void Open();
     void Close();
+    /// Whether there is something to poll.
+    bool IsOpen() const;
+    /// What is kept for the server that is chosen.
+    RigAddress StoredAddress() const;
+    /// Keeps the address, where a server is chosen. Throws PlatformError.
+    void StoreAddress();
     /// The port is not opened again by itself.
     void EndReopening();
     /// An operation of the port has failed while the radio is polled: it is closed, to be opened again.
     void PortHasFailed();
 
 private:
+    void OpenPort();
     void TryOpen();
     void OpenAgain();
     bool DeviceIsBack() const;
     void Pause();
 
+    const SerialPorts& ports_;
+    SettingsStore& store_;
     const Clock& clock_;
     Alarm again_;
     std::string openPath_;      // of the device

@@ -15,8 +15,32 @@ void RigPoll::tmrGetData_Elapsed() {
         return;
     }
     const RigRow& rig = radio.Row();
-    RunTick(rig);
+    if (rig.link == RigLink::Server) {
+        AskServer();
+    } else {
+        RunTick(rig);
+    }
     LookForLoss(rig);
+}
+
+/// In the measure of the told poll: one tick asks. Its answer comes when it comes; the next one only counts.
+void RigPoll::AskServer() {
+    if (radio.state.ReadPhase == 1) {
+        ++radio.state.missedPolls;
+        radio.state.ReadPhase = 0;
+    } else {
+        radio.state.ReadPhase = 1;
+        connection.server.Poll();
+    }
+}
+
+void RigPoll::TakeReading(const RigReading& reading) {
+    Take(reading);
+    try {
+        Use(radio.Row());
+    } catch (const PlatformError&) {
+        // A band that cannot be saved: the next reading tries again.
+    }
 }
 
 void RigPoll::RunTick(const RigRow& rig) {

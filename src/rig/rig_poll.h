@@ -18,9 +18,13 @@ struct RigPoll {
     /// A radio that has not been understood for five seconds, or three polls if that is longer, is lost.
     void tmrGetData_Elapsed();
 
+    /// What a server has told, whenever it comes.
+    void TakeReading(const RigReading& reading);
+
 private:
     void RunTick(const RigRow& rig);
     void LookForLoss(const RigRow& rig);
+    void AskServer();
     void Send();
     void SendRequest(const RequestManner& manner, const std::string& text);
     void Read(const RigRow& rig);

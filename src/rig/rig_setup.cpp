@@ -39,6 +39,20 @@ std::vector<std::string> RigNames() {
     return names;
 }
 
+std::string_view LinkText(RigServerLink link) {
+    switch (link) {
+        case RigServerLink::Closed:
+            return "Closed";
+        case RigServerLink::Connecting:
+            return "Connecting";
+        case RigServerLink::Connected:
+            return "Connected";
+        case RigServerLink::NoAnswer:
+            return "No answer";
+    }
+    return {};
+}
+
 }  // namespace
 
 void RigSetup::RigControlfrm_Load() {
@@ -49,6 +63,7 @@ void RigSetup::RigControlfrm_Load() {
         commands.LoadModePlan();
     }
     radio.state.VfoDigit = RigState::kNoVfoYet;
+    ShowServerLink();
 }
 
 void RigSetup::ReadRigSettings() {
@@ -76,6 +91,7 @@ void RigSetup::ShowRecord(const RigRecord& record) {
     form.List1.SelectRow(row == rigs.end() ? -1 : static_cast<int>(row - rigs.begin()));
     form.chkConvToHex.SetVisible(radio.Row().choosesConversion);
     form.Label10.SetVisible(radio.Row().addressHint == AddressHint::WhenClickedOrLoaded);
+    ShowLinkOfRow();
     const int port = settings.commPort - 1;
     if (port >= form.optComm.First() && port <= form.optComm.Last()) {
         form.optComm(port).SetValue(true);
@@ -121,6 +137,29 @@ void RigSetup::List1_Click() {
     form.chkConvToHex.SetValue(rig.convertsToHex);
     form.chkConvToHex.SetVisible(rig.choosesConversion);
     form.Label10.SetVisible(rig.addressHint != AddressHint::Never);
+    ShowLinkOfRow();
+}
+
+/// A server's address stands in the place of the port's settings; it is not asked by strings.
+void RigSetup::ShowLinkOfRow() {
+    RigControlfrm& form = radio.form;
+    const bool isServer = radio.Row().link == RigLink::Server;
+    for (FrameBox* frame :
+         {&form.fraPort, &form.fraBaud, &form.fraParity, &form.fraData, &form.fraStop, &form.fraPower}) {
+        frame->SetVisible(!isServer);
+    }
+    form.txtFreq.SetEnabled(!isServer);
+    form.txtMode.SetEnabled(!isServer);
+    form.fraRigServer.SetVisible(isServer);
+    if (isServer) {
+        const RigAddress address = connection.StoredAddress();
+        form.txtRigHost.SetText(address.host);
+        form.txtRigPort.SetText(address.port);
+    }
+}
+
+void RigSetup::ShowServerLink() {
+    radio.form.lblRigLink.SetCaption(LinkText(connection.server.Link()));
 }
 
 void RigSetup::txtFreq_Change() {
@@ -142,10 +181,8 @@ void RigSetup::Command1_Click() {
     if (radio.Row().link == RigLink::None) {
         return;
     }
-    if (radio.Row().link == RigLink::Port) {
-        OpenRigPort();
-    }
-    if (radio.comComm1.IsOpen() || radio.Row().link == RigLink::Files) {
+    OpenRadio();
+    if (connection.IsOpen()) {
         radio.form.tmrGetData.Elapsed();
         StartPolling();
     } else {
@@ -168,9 +205,11 @@ void RigSetup::CommitForm() {
     settings.portSettings = PortSettings(settings);
     settings.power = Chosen(form, kPowerOptions);
     settings.pollRate = Chosen(form, kPollOptions);
+    connection.address =
+        Completed({.host = form.txtRigHost.Text(), .port = form.txtRigPort.Text()}, radio.Row().server);
 }
 
-void RigSetup::OpenRigPort() {
+void RigSetup::OpenRadio() {
     try {
         connection.Open();
     } catch (const PlatformError&) {
@@ -236,6 +275,7 @@ void RigSetup::cmdDone_Click() {
     }
     preferencesFile.SavePref();
     WriteRigSettings();
+    connection.StoreAddress();
     radio.form.Hide();
 }
 

@@ -26,6 +26,8 @@ struct RigSetup {
     bool FormLoading = false;  ///< a row that is selected meanwhile brings no defaults
 
     void RigControlfrm_Load();
+    /// Says how the connection to a server stands.
+    void ShowServerLink();
     void RigControlfrm_QueryUnload(bool& Cancel);
     void RigControlfrm_Unload();
     void List1_Click();
@@ -46,11 +48,12 @@ struct RigSetup {
     void ReadRigSettings();
     void WriteRigSettings();
     /// A failure ends the poll and the command under way, is told in a box, and the form shown where it is hidden.
-    void OpenRigPort();
+    void OpenRadio();
     void StartPolling();
 
 private:
     void ShowRecord(const RigRecord& record);
+    void ShowLinkOfRow();
     void CommitForm();
     void StopPolling();
     void ShowPolling(bool polling);

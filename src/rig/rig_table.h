@@ -4,10 +4,12 @@
 #include <array>
 #include <string_view>
 
+#include "rig/flrig_dialect.h"
 #include "rig/frequency_command.h"
 #include "rig/icom_reply.h"
 #include "rig/mode_command.h"
 #include "rig/rig_request.h"
+#include "rig/rigctld_dialect.h"
 #include "rig/status_reply.h"
 #include "rig/text_reply.h"
 
@@ -25,7 +27,16 @@ struct SerialDefaults {
 enum class RigLink {
     None,
     Port,
-    Files,  ///< two files that the radio's own control program reads and writes
+    Files,   ///< two files that the radio's own control program reads and writes
+    Server,  ///< a program on the network that has the radio
+};
+
+/// A kind of server: how it is spoken to, and where its address is kept in section "Machine" of the settings.
+struct ServerRow {
+    const ServerDialect* dialect = nullptr;
+    std::string_view hostKey = {};
+    std::string_view portKey = {};
+    std::string_view usualPort = {};
 };
 
 /// When the form explains that the address in the strings must be the radio's.
@@ -36,6 +47,7 @@ struct RigRow {
     std::string_view name;  ///< in the rig list and in the settings
     RigLink link = RigLink::Port;
     SerialDefaults serial = {};
+    ServerRow server = {};
     std::string_view frequencyString = {};
     std::string_view modeString = {};
     bool convertsToHex = false;      ///< what the check box shows
@@ -57,7 +69,8 @@ struct RigRow {
 
 /// Whether its replies tell that the radio is there: without them it is lost.
 constexpr bool CanBeLost(const RigRow& rig) {
-    return rig.link == RigLink::Port && (rig.readFrequency != nullptr || rig.readMode != nullptr);
+    const bool isDecoded = rig.readFrequency != nullptr || rig.readMode != nullptr;
+    return rig.link == RigLink::Server || (rig.link == RigLink::Port && isDecoded);
 }
 
 namespace rig_facts {
@@ -95,7 +108,7 @@ constexpr RigRow StatusBlockRig(std::string_view name, RigDecoder decoder, int p
 }  // namespace rig_facts
 
 /// In the order of the rig list.
-inline constexpr std::array<RigRow, 20> kRigs{{
+inline constexpr std::array<RigRow, 22> kRigs{{
     {.name = "None", .link = RigLink::None},
     {.name = "Elecraft",
      .serial = rig_facts::k4800TwoStops,
@@ -232,6 +245,14 @@ inline constexpr std::array<RigRow, 20> kRigs{{
      .pausesMs = {205},
      .frequencyCommand = NineDigitFrequency,
      .modeCommand = DualMode},
+    {.name = "Hamlib (rigctld)",
+     .link = RigLink::Server,
+     .server = {.dialect = &kRigctld, .hostKey = "RigctldHost", .portKey = "RigctldPort", .usualPort = "4532"},
+     .lossEmptiesFrequency = true},
+    {.name = "flrig",
+     .link = RigLink::Server,
+     .server = {.dialect = &kFlrig, .hostKey = "FlrigHost", .portKey = "FlrigPort", .usualPort = "12345"},
+     .lossEmptiesFrequency = true},
 }};
 
 /// The row of a name; the one of "None" for a name that is none.

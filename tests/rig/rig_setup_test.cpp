@@ -46,11 +46,28 @@ TEST_F(RigSetupTest, PortsTellTheirDevicesAsChosenLast) {
 TEST_F(RigSetupTest, ListHasItsRadiosInTheirOrder) {
     Start();
     Rig().Show();
-    EXPECT_EQ(Rig().List1.Items(),
-              (Lines{"None",         "Elecraft",        "Icom",           "Icom 735",        "Kenwood",
-                     "Kenwood 2",    "Ten Tec Omni VI", "Ten Tec Orion",  "Ten Tec Fnt Pnl", "Ten Tec Pegasus",
-                     "Yaesu",        "Yaesu 757 GX II", "Yaesu 890",      "Yaesu 920",       "Yaesu 990",
-                     "Yaesu 1000 D", "Yaesu 1000",      "Yaesu FTdx9000", "Other",           "Yaesu FTdx10"}));
+    EXPECT_EQ(Rig().List1.Items(), (Lines{"None",
+                                          "Elecraft",
+                                          "Icom",
+                                          "Icom 735",
+                                          "Kenwood",
+                                          "Kenwood 2",
+                                          "Ten Tec Omni VI",
+                                          "Ten Tec Orion",
+                                          "Ten Tec Fnt Pnl",
+                                          "Ten Tec Pegasus",
+                                          "Yaesu",
+                                          "Yaesu 757 GX II",
+                                          "Yaesu 890",
+                                          "Yaesu 920",
+                                          "Yaesu 990",
+                                          "Yaesu 1000 D",
+                                          "Yaesu 1000",
+                                          "Yaesu FTdx9000",
+                                          "Other",
+                                          "Yaesu FTdx10",
+                                          "Hamlib (rigctld)",
+                                          "flrig"}));
 }
 
 TEST_F(RigSetupTest, FormBeginsWithItsDefaults) {
@@ -91,6 +108,8 @@ TEST_F(RigSetupTest, RowBringsItsDefaults) {
         {"Yaesu FTdx10", "38.4|8|1|None|FA;|MD0;|0"},
         {"None", "19.2|7|2|Even|||0"},
         {"Ten Tec Pegasus", "19.2|7|2|Even|||0"},
+        {"Hamlib (rigctld)", "19.2|7|2|Even|||0"},
+        {"flrig", "19.2|7|2|Even|||0"},
         {"Other", "19.2|7|2|Even|||0"},
     };
     Start();

@@ -122,6 +122,7 @@ void Program::ConnectKeying() {
         return !isKeyed && !isSpoken;  // a message is not cut off by a radio that comes back
     };
     keyingPart.line.lentPort = [this](int number) { return RadioPort(number); };
+    keyingPart.line.lentPortHasFailed = [this] { rigPart.rigConnection.PortHasFailed(); };
     keyingPart.line.closeOther = [this] { voicePart.line.Close(); };
     keyingPart.winKey.closePhonePort = [this] { voicePart.line.Close(); };
 }
@@ -129,6 +130,7 @@ void Program::ConnectKeying() {
 void Program::ConnectVoice() {
     startUp.readVoiceSettings = [this] { voicePart.selections.ReadSettings(); };
     voicePart.line.lentPort = [this](int number) { return RadioPort(number); };
+    voicePart.line.lentPortHasFailed = [this] { rigPart.rigConnection.PortHasFailed(); };
     voicePart.line.closeOther = [this] { keyingPart.line.Close(); };
     voicePart.line.closeKeyer = [this](int /*number*/) {
         if (keyingPart.messages.gWKVersion > 0) {

@@ -17,7 +17,7 @@ namespace {
 
 using namespace std::chrono_literals;
 
-constexpr Tick kTime = 6'000;
+constexpr int kTime = 6'000;  // ms
 
 void Floods(ServedClient& client) {
     const std::string noise(65'536, 'x');

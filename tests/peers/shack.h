@@ -1,6 +1,7 @@
 #pragma once
 
-#include <memory>
+#include <cstdint>
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -35,23 +36,27 @@ struct Shack {
         });
         return came;
     }
-    void Run(Tick milliseconds) {
-        Until([] { return false; }, milliseconds);
+    void Run(std::int32_t milliseconds) {
+        bool over = false;
+        Alarm end{desk, [&over] { over = true; }};
+        end.StartOnce(milliseconds);
+        desk.RunUntil([&over] { return over; });
     }
 };
 
 /// A radio behind a server, polled at the fastest rate, and what it tells.
 struct PolledServer {
-    explicit PolledServer(Shack& owner) : shack{owner}, server{owner.sockets, owner.desk} {
+    explicit PolledServer(Shack& owner, std::int32_t interval = kFastest)
+        : shack{owner}, server{owner.sockets, owner.desk} {
         server.read = [this](const RigReading& reading) {
             frequency = reading.frequency.value_or(frequency);
             mode = reading.mode.value_or(mode);
             frequencies.push_back(frequency);
         };
-        polls.Start(kFastest);
+        polls.Start(interval);
     }
 
-    static constexpr int kFastest = 100;
+    static constexpr std::int32_t kFastest = 100;  ///< ms
 
     Shack& shack;
     RigServer server;

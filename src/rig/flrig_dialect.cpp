@@ -70,7 +70,7 @@ std::string ParameterOf(const ServerOrder& order) {
     }
 }
 
-std::string Request(const ServerOrder& order, const ServerFacts&) {
+std::string Request(const ServerOrder& order, const ServerFacts& /*facts*/) {
     const auto* row = std::ranges::find(kMethods, order.request, &MethodRow::request);
     const std::string body = "<?xml version=\"1.0\"?>\n<methodCall><methodName>" + std::string{row->method} +
                              "</methodName><params>" + ParameterOf(order) + "</params></methodCall>\n";
@@ -120,7 +120,7 @@ std::optional<std::size_t> BodyLength(std::string_view head) {
 std::string TextOf(const pugi::xml_node& value) {
     const pugi::xml_node inner =
         value.find_child([](const pugi::xml_node& child) { return child.type() == pugi::node_element; });
-    return inner ? inner.text().get() : value.text().get();
+    return inner.empty() ? value.text().get() : inner.text().get();
 }
 
 bool IsPlain(std::string_view text) {
@@ -201,11 +201,11 @@ ServerAnswer ReadBody(ServerRequest request, const ServerFacts& facts, std::stri
     pugi::xml_document document;
     const bool isDocument = document.load_buffer(body.data(), body.size(), pugi::parse_default, pugi::encoding_utf8);
     const pugi::xml_node response = document.child("methodResponse");
-    if (isDocument && response.child("fault")) {
+    if (isDocument && !response.child("fault").empty()) {
         return ReadFault(request, facts);
     }
     const pugi::xml_node value = response.child("params").child("param").child("value");
-    return isDocument && value ? ReadValue(request, facts, value) : kBroken;
+    return isDocument && !value.empty() ? ReadValue(request, facts, value) : kBroken;
 }
 
 ServerAnswer Read(ServerRequest request, const ServerFacts& facts, std::string_view received) {

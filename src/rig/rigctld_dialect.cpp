@@ -184,7 +184,7 @@ ServerAnswer Read(ServerRequest request, const ServerFacts& facts, std::string_v
     return answer;
 }
 
-std::string ModeNamed(std::string_view planMode, const ServerFacts&) {
+std::string ModeNamed(std::string_view planMode, const ServerFacts& /*facts*/) {
     const auto* row = std::ranges::find(kModes, planMode, &ModeRow::plan);
     return row == kModes.end() ? std::string{} : std::string{row->server};
 }

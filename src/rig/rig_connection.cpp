@@ -1,19 +1,9 @@
 #include "rig/rig_connection.h"
 
-#include <algorithm>
-#include <array>
-
 #include "platform/platform_error.h"
 #include "toolkit/desk.h"
 
 namespace tallyhut {
-namespace {
-
-constexpr std::array<std::int32_t, 4> kPausesMs{1'000, 2'000, 5'000, 10'000};
-constexpr Tick kGoodConnectionMs = 60'000;
-
-}  // namespace
-
 RigConnection::RigConnection(Radio& ofTheRadio, const Machine& machine, Desk& owner)
     : radio{ofTheRadio},
       server{machine.tcpSockets, owner},
@@ -57,7 +47,7 @@ void RigConnection::StoreAddress() {
 }
 
 void RigConnection::OpenPort() {
-    failures_ = 0;
+    pauses_ = {};
     radio.comComm1.Close();
     portIsTaken(radio.settings.commPort);
     openPath_ = ports_.DeviceOf(radio.settings.commPort);
@@ -104,17 +94,9 @@ void RigConnection::PortHasFailed() {
     if (!radio.state.polls || radio.state.portGone || !CanBeLost(radio.Row())) {
         return;
     }
-    if (clock_.TickMs() - openedAt_ >= kGoodConnectionMs) {
-        failures_ = 0;
-    }
     radio.state.portGone = true;
     radio.comComm1.Close();
-    Pause();
-}
-
-void RigConnection::Pause() {
-    again_.StartOnce(kPausesMs.at(std::min(failures_, kPausesMs.size() - 1)));
-    ++failures_;
+    again_.StartOnce(pauses_.After(clock_.TickMs() - openedAt_));
 }
 
 void RigConnection::OpenAgain() {
@@ -131,7 +113,7 @@ void RigConnection::OpenAgain() {
     } catch (const PlatformError&) {  // it is not there yet, or somebody else has it: that is nobody's news
         radio.comComm1.Close();
     }
-    Pause();
+    again_.StartOnce(pauses_.After(0));
 }
 
 /// A number that nobody has chosen a device for may mean another one meanwhile, such as the keyer's: that one is let

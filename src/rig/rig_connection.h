@@ -6,6 +6,7 @@
 
 #include "platform/machine.h"
 #include "rig/radio.h"
+#include "rig/retry_pauses.h"
 #include "rig/rig_address.h"
 #include "rig/rig_server.h"
 #include "toolkit/alarm.h"
@@ -53,14 +54,13 @@ private:
     void TryOpen();
     void OpenAgain();
     bool DeviceIsBack() const;
-    void Pause();
 
     const SerialPorts& ports_;
     SettingsStore& store_;
     const Clock& clock_;
     Alarm again_;
-    std::string openPath_;      // of the device
-    std::size_t failures_ = 0;  // in a row; the next pause is chosen by them
+    std::string openPath_;  // of the device
+    RetryPauses pauses_;
     Tick openedAt_ = 0;
 };
 

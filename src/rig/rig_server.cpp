@@ -1,7 +1,5 @@
 #include "rig/rig_server.h"
 
-#include <algorithm>
-#include <array>
 #include <utility>
 
 #include "toolkit/desk.h"
@@ -11,8 +9,6 @@ namespace {
 
 constexpr std::int32_t kConnectWait = 2'000;
 constexpr std::int32_t kAnswerWait = 5'000;
-constexpr std::array kPauses{1'000, 2'000, 5'000, 10'000};
-constexpr Tick kGoodConnection = 60'000;  // ms, behind which the pauses begin anew
 
 }  // namespace
 
@@ -28,7 +24,7 @@ void RigServer::Open(const ServerDialect& dialect, const std::string& host, int 
     dialect_ = &dialect;
     host_ = host;
     port_ = port;
-    failures_ = 0;
+    pauses_ = {};
     Connect();
     SetLink(RigServerLink::Connecting);
 }
@@ -211,13 +207,9 @@ void RigServer::AlarmRang() {
 
 void RigServer::Lose() {
     socket_->Close();
-    if (since_ && desk_.clock.TickMs() - *since_ >= kGoodConnection) {
-        failures_ = 0;
-    }
     stage_ = Stage::Pausing;
     GiveUpWishes();
-    alarm_.StartOnce(kPauses.at(std::min(failures_, kPauses.size() - 1)));
-    ++failures_;
+    alarm_.StartOnce(pauses_.After(since_ ? desk_.clock.TickMs() - *since_ : 0));
     SetLink(RigServerLink::NoAnswer);
 }
 

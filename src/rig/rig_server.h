@@ -9,6 +9,7 @@
 #include <string_view>
 
 #include "platform/tcp_socket.h"
+#include "rig/retry_pauses.h"
 #include "rig/server_dialect.h"
 #include "toolkit/alarm.h"
 #include "toolkit/io_source.h"
@@ -87,8 +88,8 @@ private:
     int port_ = 0;
     Stage stage_ = Stage::Closed;
     RigServerLink link_ = RigServerLink::Closed;
-    std::uint64_t opened_ = 0;   ///< how often; an outlet may have opened another
-    std::size_t failures_ = 0;   ///< in a row, which the next pause is chosen by
+    std::uint64_t opened_ = 0;  ///< how often; an outlet may have opened another
+    RetryPauses pauses_;
     std::optional<Tick> since_;  ///< when this connection gave its first good answer
 
     ServerFacts facts_;

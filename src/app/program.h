@@ -67,6 +67,7 @@ private:
     void ConnectKeying();
     void ConnectVoice();
     std::optional<LentPort> RadioPort(int number) const;
+    bool Holds(const KeyLine& line, int number) const;
     void FreePort(KeyLine& line, int number) const;
     void ScaleAtLoad(Form& form);
     void ClaimFolder();

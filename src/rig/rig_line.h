@@ -8,11 +8,9 @@
 
 namespace tallyhut {
 
-/// What the main form says of the radio, in lblRig: its frequency, or that it does not answer; nothing while no radio
-/// is polled, and of one whose replies nobody can decode.
+/// What the main form says of the radio, in lblRig: its frequency, or that it is lost; nothing while no radio is
+/// polled, and of one whose replies nobody can decode.
 struct RigLine {
-    static constexpr int kMissedPolls = 3;  ///< so many without a decoded reply: the radio is lost
-
     Form1& form1;
     const Radio& radio;
 

@@ -10,6 +10,7 @@
 #include "platform/agw_engine.h"
 #include "platform/serial_port.h"
 #include "spots/spot_record.h"
+#include "spots/spot_terminal.h"
 #include "spots/terminal_text.h"
 #include "toolkit/desk.h"
 
@@ -32,6 +33,8 @@ struct SpotTransports {
     Desk& desk;
     const Preferences& preferences;
     SpotRecord& link;  ///< how the source is reached, as the form last committed it
+
+    SpotTerminal terminal{form.txtUnProcessed};
 
     std::string connectedCall = {};  ///< of the engine; empty while it monitors
 
@@ -59,10 +62,7 @@ struct SpotTransports {
     void txtSent_Change();
 
 private:
-    void Replace(std::string_view text);
-    void Append(std::string_view text);
     bool MeansToListen() const { return form.Label4.State().visible; }
-    bool IsShownPost(std::string_view text) const;
 
     void OpenTnc();
     void OpenTelnet();

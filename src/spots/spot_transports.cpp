@@ -114,7 +114,13 @@ void SpotTransports::OpenTnc() {
 void SpotTransports::OpenTelnet() {
     const std::string& host = form.txtTelnetHost.Text();
     const double port = ParseNumber(form.txtTelnetPort.Text()).value_or(0);
-    socket.Connect(Trim(host), std::clamp(port, 0.0, 65'536.0) == port ? static_cast<int>(port) : 0);
+    const int number = std::clamp(port, 0.0, 65'536.0) == port ? static_cast<int>(port) : 0;
+    login.Close();
+    if (form.chkLogin.Value()) {
+        login.Open(Trim(host), number);
+    } else {
+        socket.Connect(Trim(host), number);
+    }
     terminal.Replace(Joined({"Attempting connection to: ", host, ":", form.txtTelnetPort.Text(), kTwoLineEnds}));
     form.Timer1.SetTimerEnabled(true);
 }
@@ -161,6 +167,7 @@ void SpotTransports::Command2_Click() {
     form.Label4.SetVisible(false);
     terminal.Append(Joined({kTwoLineEnds, "** Port Closed **"}));
     comm.Close();
+    login.Close();
     socket.Close();
     if (link.type == kPacketEngine) {
         EndConnection();
@@ -219,6 +226,10 @@ void SpotTransports::TakeLine(const std::string& line) {
 }
 
 void SpotTransports::Socket_Arrived() {
+    if (login.IsOpen()) {
+        login.Arrived();
+        return;
+    }
     const TcpEvent event = socket.Take();
     if (event.kind == TcpEvent::Kind::Chunk) {
         TakeChunk(event.bytes);
@@ -242,6 +253,10 @@ void SpotTransports::TakeChunk(std::string_view chunk) {
 }
 
 void SpotTransports::Socket_Error(int number) {
+    if (login.IsOpen()) {
+        login.Fail(number);
+        return;
+    }
     socket.Close();
     terminal.Append(TextOfFailure(number));
     Command2_Click();
@@ -376,6 +391,7 @@ void SpotTransports::Form_KeyDown(int& KeyCode, int Shift) {
 }
 
 void SpotTransports::Form_Unload() {
+    login.Close();
     if (!connectedCall.empty()) {
         engine.AGWPutData(connectedCall, "", 'd');
     }

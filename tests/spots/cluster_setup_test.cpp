@@ -124,8 +124,7 @@ TEST_F(ClusterSetupTest, PostOfALoginIsOnTheMap) {
 
 TEST_F(ClusterSetupTest, QuotesAndControlCharactersOfAPostComeIntoNoField) {
     Begin();
-    Say(
-        "DX de K3LR:     14175.0   K\"1\x01\x7F\x90\x41\x42"
+    Say("DX de K3LR:     14175.0   K\"1\x01\x7F\x90\x41\x42"
         "C       CQ SS CT                     2104Z\r\n");
     TheDesk().PostClick(Main().lblDXSpot(49), kRightButton);
     TheDesk().RunPending();

@@ -107,6 +107,7 @@ TEST_F(SpotsConsoleTest, LoginAndItsPausesRunOnTheProgramsClock) {
     program.Do("advance 4999");
     EXPECT_TRUE(Terminal().ends_with(R"(Trying again in 5 seconds.\r\n")")) << Terminal();
     program.Do("advance 1");
+    program.Do("settle 200");
     cluster.Accept();
     cluster.Write("login: ");
     program.Do("settle 200");

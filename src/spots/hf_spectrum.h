@@ -19,6 +19,7 @@ struct HfSpectrum {
     SpotTable& table;
     RigCommands& rig;
 
+    SpotFilter filter = {};   ///< what the map shows
     WorkedCalls worked = {};  ///< of those on the map
 
     void BandMapLabelDisplay();

@@ -3,6 +3,7 @@
 #include <cmath>
 #include <unordered_map>
 
+#include "spots/spot_filter.h"
 #include "spots/spot_line.h"
 #include "values/format.h"
 #include "values/text.h"
@@ -73,15 +74,18 @@ void SpotPosts::Keep(std::string_view call, double kilohertz, std::string_view p
     spot.SpotFreq = megahertz;
     spot.SpotTime = panel.desk.clock.Now();
     spot.SpotPrefix = CallPrefix(call);
+    spot.spotter = SpotterOf(post);
 }
 
 void SpotPosts::List(std::string_view call, double kilohertz, std::string_view post, std::string_view section) {
     if (listed.size() >= kMostListed) {
         listed.pop_back();
+        sifted.pop_back();
     }
     const PostTexts texts = PostTextsOf(post, section);
     listed.push_front({std::string{call}, PlainText(Megahertz(kilohertz)), table.SpotStatus, "Section", texts.comment,
                        texts.behind, texts.time, texts.locator});
+    sifted.push_front({SpotTextOf(post, section), SpotterOf(post)});
     listChanged();
 }
 

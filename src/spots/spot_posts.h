@@ -33,6 +33,12 @@ struct SpotPosts {
     std::function<void()> listChanged = [] {};
 
     std::deque<SpotListRow> listed = {};  ///< the newest first
+    /// What of each listed row a filter looks at.
+    struct Sifted {
+        std::string text;  ///< as SpotText
+        std::string spotter;
+    };
+    std::deque<Sifted> sifted = {};
 
     /// Takes a post. A failure on the way ends the procedure silently; what was moved on by then stays so.
     ///

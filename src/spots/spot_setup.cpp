@@ -59,6 +59,13 @@ constexpr std::array kShown{
     ShownControl{"fraHandshaking", kForTnc},   ShownControl{"fraPower", kForTnc},
     ShownControl{"Label3", kForTelnet},        ShownControl{"Label7", kForTelnet},
     ShownControl{"txtTelnetHost", kForTelnet}, ShownControl{"txtTelnetPort", kForTelnet},
+    ShownControl{"chkLogin", kForTelnet},      ShownControl{"lblLogin", kForTelnet},
+    ShownControl{"txtLogin", kForTelnet},      ShownControl{"lblPassword", kForTelnet},
+    ShownControl{"txtPassword", kForTelnet},   ShownControl{"chkKeepPassword", kForTelnet},
+    ShownControl{"lblLoginSend", kForTelnet},  ShownControl{"txtLoginSend", kForTelnet},
+    ShownControl{"lblNodes", kForTelnet},      ShownControl{"lstNodes", kForTelnet},
+    ShownControl{"cmdAddNode", kForTelnet},    ShownControl{"cmdRemoveNode", kForTelnet},
+    ShownControl{"chkNeededOnly", kForAll},    ShownControl{"chkNearOnly", kForAll},
     ShownControl{"lblEngine", kForEngine},     ShownControl{"txtEngine", kForEngine},
 };
 

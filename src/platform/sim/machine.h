@@ -51,7 +51,7 @@ struct Machine {
     ParallelPorts parallelPorts{clock};
     TcpSockets tcpSockets{pump};
     DatagramSockets datagramSockets{clock, pump};
-    Keyring keyring;
+    Keyring keyring{pump};
     Sound sound{clock, files};
     std::string dataFolder;
 

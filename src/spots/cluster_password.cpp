@@ -1,0 +1,136 @@
+#include "spots/cluster_password.h"
+
+#include "spots/cluster_nodes.h"
+#include "spots/terminal_text.h"
+#include "values/secret.h"
+
+namespace tallyhut {
+namespace {
+
+constexpr std::string_view kLooking = "Looking for the desktop's keyring_.";
+constexpr std::string_view kKept = "It is kept in the desktop's keyring, and nowhere else.";
+
+}  // namespace
+
+void ClusterPassword::Show() {
+    node_ = NodeInForm(form_);
+    form_.chkKeepPassword.SetToolTip(kLooking);
+    if (form_.chkKeepPassword.Value()) {
+        LookForKeyring();
+    }
+}
+
+void ClusterPassword::LookForKeyring() {
+    if (!isThere_) {
+        keyring_.Look();
+    }
+}
+
+bool ClusterPassword::Keeps() const {
+    return isThere_ && form_.chkKeepPassword.Value();
+}
+
+void ClusterPassword::Fetch() {
+    if (!node_.empty()) {
+        keyring_.Fetch(node_);
+    }
+}
+
+void ClusterPassword::Keyring_Arrived() {
+    for (;;) {
+        KeyringAnswer answer = keyring_.Take();
+        if (answer.kind == KeyringAnswer::Kind::Nothing) {
+            return;
+        }
+        TakeAnswer(answer);
+        OverwriteFrom(answer.text, 0);
+    }
+}
+
+void ClusterPassword::TakeAnswer(const KeyringAnswer& answer) {
+    switch (answer.kind) {
+        case KeyringAnswer::Kind::There:
+            isThere_ = true;
+            form_.chkKeepPassword.SetEnabled(true);
+            form_.chkKeepPassword.SetToolTip(kKept);
+            if (Keeps() && form_.txtPassword.Text().empty()) {
+                Fetch();
+            }
+            break;
+        case KeyringAnswer::Kind::Absent:
+            form_.chkKeepPassword.SetEnabled(false);
+            form_.chkKeepPassword.SetToolTip("No keyring: " + ShownText(answer.text));
+            break;
+        case KeyringAnswer::Kind::Failed:
+            form_.chkKeepPassword.SetToolTip("The keyring refuses: " + ShownText(answer.text));
+            break;
+        case KeyringAnswer::Kind::Secret:
+            // What was typed meanwhile, or is for another cluster, goes before.
+            if (answer.place == node_ && !wasTyped_ && !answer.text.empty() && Keeps()) {
+                filling_ = true;
+                form_.txtPassword.SetText(answer.text);
+                filling_ = false;
+                fetched();
+            }
+            break;
+        case KeyringAnswer::Kind::Nothing:
+            break;
+    }
+}
+
+void ClusterPassword::txtPassword_Change() {
+    if (!filling_) {
+        wasTyped_ = true;
+        isForForm_ = true;
+    }
+    keyring_.ShieldMemory(!form_.txtPassword.Text().empty());
+}
+
+void ClusterPassword::chkKeepPassword_Click() {
+    node_ = NodeInForm(form_);
+    if (!form_.chkKeepPassword.Value()) {
+        if (!node_.empty()) {
+            keyring_.Forget(node_);
+        }
+        wasTyped_ = true;  // in case that it is to be kept again
+    } else if (form_.txtPassword.Text().empty()) {
+        Fetch();
+    } else {
+        wasTyped_ = true;
+        Store();
+    }
+}
+
+void ClusterPassword::TakeOtherNode() {
+    if (NodeInForm(form_) == node_) {
+        return;
+    }
+    node_ = NodeInForm(form_);
+    filling_ = true;
+    form_.txtPassword.SetText("");
+    filling_ = false;
+    wasTyped_ = false;
+    isForForm_ = false;
+    if (Keeps()) {
+        Fetch();
+    }
+}
+
+void ClusterPassword::Store() {
+    if (!node_.empty() && !isForForm_) {
+        TakeOtherNode();
+    }
+    node_ = NodeInForm(form_);
+    isForForm_ = false;
+    if (!Keeps() || !wasTyped_ || node_.empty()) {
+        return;
+    }
+    wasTyped_ = false;
+    if (form_.txtPassword.Text().empty()) {
+        keyring_.Forget(node_);
+    } else {
+        keyring_.Keep(node_, form_.txtPassword.Text());
+    }
+}
+
+}  // namespace tallyhut

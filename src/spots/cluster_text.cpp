@@ -1,0 +1,148 @@
+#include "spots/cluster_text.h"
+
+#include <algorithm>
+#include <array>
+#include <utility>
+
+#include "values/text.h"
+
+namespace tallyhut {
+namespace {
+
+// Commands of the Telnet protocol.
+constexpr unsigned char kSubnegotiationEnds = 0xF0;
+constexpr unsigned char kSubnegotiation = 0xFA;
+constexpr unsigned char kFirstWithOption = 0xFB;  ///< WILL, WONT, DO and DONT
+constexpr unsigned char kCommand = 0xFF;
+
+constexpr std::size_t kTooLongForPrompt = 60;
+constexpr std::string_view kInPlaceOfSecret = "****";
+
+struct PromptRow {
+    std::string_view text;
+    ClusterPrompt prompt;
+};
+
+constexpr std::array<PromptRow, kClusterPrompts> kPrompts{{
+    {"LOGIN:", ClusterPrompt::Login},
+    {"CALL:", ClusterPrompt::Call},
+    {"CALLSIGN:", ClusterPrompt::Callsign},
+    {"PASSWORD:", ClusterPrompt::Password},
+}};
+constexpr std::string_view kNoPrompt = "LAST LOGIN:";  ///< the begin of a banner's line
+
+bool IsLetterOrDigit(char character) {
+    return (character >= 'A' && character <= 'Z') || (character >= '0' && character <= '9');
+}
+
+/// How much of the end of the text is a beginning of the secret.
+std::size_t BegunAtEnd(std::string_view text, std::string_view secret) {
+    std::size_t length = std::min(text.size(), secret.empty() ? 0 : secret.size() - 1);
+    while (length > 0 && !text.ends_with(secret.substr(0, length))) {
+        --length;
+    }
+    return length;
+}
+
+}  // namespace
+
+void ClusterText::Add(std::string_view bytes) {
+    for (const char character : bytes) {
+        const auto byte = static_cast<unsigned char>(character);
+        if (place_ != Place::Text) {
+            TakeCommand(byte);
+        } else if (byte == kCommand) {
+            place_ = Place::Command;
+        } else if (character != '\0') {
+            AddText(character);
+        }
+    }
+}
+
+void ClusterText::TakeCommand(unsigned char byte) {
+    switch (place_) {
+        case Place::Command:
+            place_ = Place::Text;
+            if (byte == kCommand) {  // twice it is a byte of the text
+                AddText(static_cast<char>(byte));
+            } else if (byte == kSubnegotiation) {
+                place_ = Place::Inside;
+            } else if (byte >= kFirstWithOption) {
+                place_ = Place::Option;
+            }
+            return;
+        case Place::Inside:
+            place_ = byte == kCommand ? Place::InsideCommand : Place::Inside;
+            return;
+        case Place::InsideCommand:
+            place_ = byte == kSubnegotiationEnds ? Place::Text : Place::Inside;
+            return;
+        default:
+            place_ = Place::Text;
+    }
+}
+
+void ClusterText::AddText(char character) {
+    const bool endsBoth = character == '\n' && std::exchange(wasCarriageReturn_, false);
+    if (endsBoth) {
+        return;
+    }
+    wasCarriageReturn_ = character == '\r';
+    if (character == '\r' || character == '\n') {
+        whole_.push_back(std::exchange(begun_, {}));
+        isTooLong_ = false;
+    } else if (!isTooLong_) {
+        begun_ += character;
+        if (begun_.size() > kLongestLine) {
+            isTooLong_ = true;
+            begun_.clear();
+        }
+    }
+}
+
+bool ClusterText::Take(std::string& line) {
+    if (whole_.empty()) {
+        return false;
+    }
+    line = std::move(whole_.front());
+    whole_.pop_front();
+    return true;
+}
+
+void ClusterText::EndUnfinished() {
+    begun_.clear();
+}
+
+std::optional<ClusterPrompt> PromptIn(std::string_view unfinished) {
+    if (unfinished.size() >= kTooLongForPrompt) {
+        return std::nullopt;
+    }
+    const std::string tail = UpperCase(TrimEnd(unfinished));
+    for (const PromptRow& row : kPrompts) {
+        const std::size_t before = tail.size() - std::min(row.text.size(), tail.size());
+        const bool isWord = before == 0 || !IsLetterOrDigit(tail[before - 1]);
+        if (tail.ends_with(row.text) && isWord && !tail.ends_with(kNoPrompt)) {
+            return row.prompt;
+        }
+    }
+    return std::nullopt;
+}
+
+bool EndsInside(std::string_view line) {
+    return TrimEnd(line).ends_with('>');
+}
+
+std::string WithoutSecret(std::string_view text, std::string_view secret, bool isFinished) {
+    std::string shown;
+    for (std::size_t found = 0; !secret.empty(); text.remove_prefix(found + secret.size())) {
+        found = text.find(secret);
+        if (found == std::string_view::npos) {
+            break;
+        }
+        shown.append(text.substr(0, found)).append(kInPlaceOfSecret);
+    }
+    shown += isFinished ? text : text.substr(0, text.size() - BegunAtEnd(text, secret));
+    return shown;
+}
+
+}  // namespace tallyhut

@@ -402,11 +402,13 @@ TEST_F(RigServerTest, WrongAnswersGiveNoReadingAndEndTheConnection) {
 }
 
 TEST_F(RigServerTest, BytesThatNobodyAskedForEndTheConnection) {
-    OpenWell();
-    Arrive(kFrequencyAnswer);
-    EXPECT_TRUE(told.empty());
-    EXPECT_EQ(links, "NoAnswer");
-    EXPECT_FALSE(Peer().isConnected);
+    for (const char* unasked : {kModeAnswer, kFrequencyAnswer, "0\n", "\n"}) {
+        OpenWell();
+        Arrive(unasked);
+        EXPECT_TRUE(told.empty()) << unasked << "though the last request may have been for it";
+        EXPECT_EQ(links, "NoAnswer") << unasked;
+        EXPECT_FALSE(Peer().isConnected) << unasked;
+    }
 }
 
 TEST_F(RigServerTest, FloodIsTakenInPartsAndThenNotAtAll) {

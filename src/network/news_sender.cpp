@@ -133,7 +133,7 @@ void NewsSender::SendWaiting(Line& line) {
     }
 }
 
-void NewsSender::Fail(Line& line, const std::string& why) {
+void NewsSender::Fail(Line& line, const std::string& why) const {
     line.sentSinceFailure.reset();
     std::string failure = AddressText(line.address) + ": " + why;
     if (line.failure == failure) {

@@ -52,7 +52,7 @@ private:
     void HandOver(Line& line, const std::string& document);
     void TakeEvents(Line& line);
     void SendWaiting(Line& line);
-    void Fail(Line& line, const std::string& why);
+    void Fail(Line& line, const std::string& why) const;
     void LookForSilence();
 
     Desk& desk_;

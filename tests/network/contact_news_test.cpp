@@ -239,6 +239,18 @@ TEST_F(ContactNewsTest, WhatAReloadARestoreOrANewLogBringsIsNoNews) {
     EXPECT_EQ(TakeNews(), "");
 }
 
+TEST_F(ContactNewsTest, NorIsAnImport) {
+    StartSending(ManyContacts(1));
+    files.AddFolder("/contests");
+    files.Put("/home/operator/other.log",
+              "START-OF-LOG: 3.0\r\nQSO: 7000 CW 2026-11-07 2104 W9ZZZ 1 A 72 IL K2YY 88 A 72 MDC\r\nEND-OF-LOG:\r\n");
+    dialogs.files = {"/home/operator/other.log", "/contests/other"};
+    Meanwhile([this] { Click(program->importPart.importForm.cmdDone); });
+    ChooseMenu(Main().mnuImport);
+    EXPECT_NE(files.contents.at("/contests/other/Log.txt").find("K2YY"), std::string::npos);
+    EXPECT_EQ(TakeNews(), "");
+}
+
 TEST_F(ContactNewsTest, AnIdIsTheSameOverEditsAndAfterARestart) {
     StartSending();
     Log("K2YY");

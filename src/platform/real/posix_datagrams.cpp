@@ -97,7 +97,8 @@ DatagramEvent PosixDatagramSocket::TakeAddresses() {
     std::vector<SocketAddress> addresses = failure == 0 ? lookUp_->Addresses() : std::vector<SocketAddress>{};
     epoll_ctl(events_.Number(), EPOLL_CTL_DEL, lookUp_->Number(), nullptr);
     lookUp_.reset();
-    std::ranges::stable_partition(addresses, [](const auto& each) { return each.any.sa_family == AF_INET; });
+    std::stable_partition(addresses.begin(), addresses.end(),
+                          [](const SocketAddress& each) { return each.any.sa_family == AF_INET; });
     for (const SocketAddress& address : addresses) {
         const int reason = OpenSocket(address);
         if (reason == 0) {

@@ -15,9 +15,6 @@ constexpr std::string_view kKept = "It is kept in the desktop's keyring, and now
 void ClusterPassword::Show() {
     node_ = NodeInForm(form_);
     form_.chkKeepPassword.SetToolTip(kLooking);
-    if (form_.chkKeepPassword.Value()) {
-        LookForKeyring();
-    }
 }
 
 void ClusterPassword::LookForKeyring() {

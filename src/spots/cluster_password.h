@@ -18,9 +18,9 @@ public:
     /// The box has got what the keyring keeps.
     std::function<void()> fetched = [] {};
 
-    /// The form has been filled: what is kept for its cluster is fetched.
+    /// The form has been filled.
     void Show();
-    /// Finds out whether there is a keyring, until there is one.
+    /// Finds out whether there is a keyring, until there is one; what it keeps for the cluster is fetched then.
     void LookForKeyring();
     /// The keyring has answered.
     void Keyring_Arrived();

@@ -65,6 +65,7 @@ void SpotsPart::BindForm(const SerialPorts& ports) {
         TakeFilter();
         setup.Form_Load();
         clusterPassword.Show();
+        LookForKeyring();
     };
     form.Form_Activate = [this, &ports] {
         SetPortToolTips(form.optComm, ports);
@@ -133,7 +134,7 @@ void SpotsPart::StoreCluster() {
 
 /// Nobody is asked about keyrings who has nothing to do with clusters.
 void SpotsPart::LookForKeyring() {
-    if (link.type == kTelnet && form.IsVisible()) {
+    if (link.type == kTelnet && (form.IsVisible() || form.chkKeepPassword.Value())) {
         clusterPassword.LookForKeyring();
     }
 }

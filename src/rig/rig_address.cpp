@@ -1,6 +1,8 @@
 #include "rig/rig_address.h"
 
-#include "values/number.h"
+#include <charconv>
+#include <system_error>
+
 #include "values/text.h"
 
 namespace tallyhut {
@@ -8,13 +10,15 @@ namespace {
 
 constexpr const char* kSection = "Machine";
 constexpr std::string_view kThisMachine = "127.0.0.1";
-constexpr double kHighestPort = 65'535;
+constexpr int kHighestPort = 65'535;
 
 }  // namespace
 
 int RigAddress::PortNumber() const {
-    const double number = ParseNumber(port).value_or(0);
-    return number >= 1 && number <= kHighestPort ? ToInt32(number) : 0;
+    int number = 0;
+    const auto [end, failure] = std::from_chars(port.data(), port.data() + port.size(), number);
+    const bool isPort = failure == std::errc{} && end == port.data() + port.size() && number >= 1;
+    return isPort && number <= kHighestPort ? number : 0;
 }
 
 RigAddress Completed(const RigAddress& address, const ServerRow& server) {

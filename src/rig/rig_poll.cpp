@@ -83,6 +83,7 @@ void RigPoll::LookForLoss(const RigRow& rig) {
     }
     state.lost = true;
     state.frequencyHeard = false;
+    connection.server.DropCommands();  // from here on the operator reads that it does not answer
     if (rig.lossEmptiesFrequency) {
         conversion.ForgetFrequency();
     }

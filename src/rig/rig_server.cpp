@@ -2,6 +2,7 @@
 
 #include <utility>
 
+#include "platform/platform_error.h"
 #include "toolkit/desk.h"
 
 namespace tallyhut {
@@ -46,7 +47,11 @@ void RigServer::Connect() {
     GiveUpWishes();
     facts_ = dialect_->atTheBeginning;
     alarm_.StartOnce(kConnectWait);
-    socket_->Connect(host_, port_);
+    try {
+        socket_->Connect(host_, port_);
+    } catch (const PlatformError&) {
+        // The machine has nothing left to connect with: the attempt is over with its time.
+    }
 }
 
 void RigServer::Poll() {
@@ -70,7 +75,11 @@ bool RigServer::Tune(std::int64_t hertz, std::string_view planMode) {
     if (link_ != RigServerLink::Connected) {
         return false;
     }
-    tuning_ = {.hertz = hertz, .mode = dialect_->modeNamed(planMode, facts_)};
+    std::string mode = dialect_->modeNamed(planMode, facts_);
+    if (mode.empty() && tuning_) {
+        mode = tuning_->mode;
+    }
+    tuning_ = {.hertz = hertz, .mode = std::move(mode)};
     if (stage_ == Stage::Idle) {
         AskNext();
     }
@@ -153,13 +162,14 @@ void RigServer::TakeAnswer(const ServerAnswer& answer) {
     alarm_.Stop();
     facts_ = answer.facts.value_or(facts_);
     RigServerLink link = link_;
-    if (!RadioAnswers(answer.kind == ServerAnswer::Kind::Good)) {
+    const bool isGood = answer.kind == ServerAnswer::Kind::Good;
+    if (!RadioAnswers(isGood)) {
         GiveUpWishes();
         since_.reset();
         link = RigServerLink::NoAnswer;
     } else if (asked_ == ServerRequest::Introduction) {
         PlanFirstPoll();
-    } else if (asked_ == ServerRequest::Frequency || asked_ == ServerRequest::Mode) {
+    } else if (asked_ == ServerRequest::Frequency || (asked_ == ServerRequest::Mode && isGood)) {
         since_ = since_.value_or(desk_.clock.TickMs());
         link = RigServerLink::Connected;
     }
@@ -173,10 +183,9 @@ bool RigServer::RadioAnswers(bool isGood) const {
         case ServerRequest::Modes:
             return facts_.hasRadio;
         case ServerRequest::Frequency:
-        case ServerRequest::Mode:
             return isGood;
         default:
-            return true;  // a command that is refused is seen by the next reading
+            return true;  // a command that is refused is seen by the next reading; a mode may be what it cannot tell
     }
 }
 

@@ -44,13 +44,17 @@ struct RigServer {
     /// a server that may have none. Does nothing while a request is open and without a connection.
     void Poll();
     /// Sets the mode that the plan names, unless the server has none such, and then the frequency. Behind the request
-    /// that is open; of those that wait the newest goes out. What the server refuses is silent.
+    /// that is open; of those that wait the newest goes out, with a mode that waits where it has none. What the server
+    /// refuses is silent.
     ///
     /// @return false if it is not Connected: then nothing is sent, now or later. What waits when the connection is lost
     ///         is lost too.
     bool Tune(std::int64_t hertz, std::string_view planMode);
     /// The mode alone. A mode that the server has no name for sends nothing, which is no failure.
     bool SetMode(std::string_view planMode);
+
+    /// Forgets what waits to be set.
+    void DropCommands() { tuning_.reset(); }
 
     RigServerLink Link() const { return link_; }
 

@@ -118,13 +118,6 @@ ServerAnswer ReadIntroduction(const ServerFacts& facts, std::string_view receive
     return answer;
 }
 
-/// A radio that has no command to ask for its mode is a good one with a mode that nobody can tell.
-bool CannotTell(ServerRequest request, int report) {
-    constexpr int kNotImplemented = -4;
-    constexpr int kNotAvailable = -11;
-    return request == ServerRequest::Mode && (report == kNotImplemented || report == kNotAvailable);
-}
-
 ServerAnswer ReadValue(ServerRequest request, std::string_view value) {
     if (request == ServerRequest::Frequency) {
         return FrequencyTold(value);
@@ -146,8 +139,7 @@ ServerAnswer ReadLines(const CommandRow& command, std::string_view received) {
                 return kBroken;
             }
             if (*report < 0) {
-                return {.kind = CannotTell(command.request, *report) ? ServerAnswer::Kind::Good
-                                                                     : ServerAnswer::Kind::Refused};
+                return {.kind = ServerAnswer::Kind::Refused};
             }
             return ReadValue(command.request, value);
         }

@@ -88,7 +88,8 @@ RigReading ReadDualCommand(const RigReply& reply) {
 RigReading ReadNineDigitCommand(const RigReply& reply) {
     RigReading reading;
     const auto hertz = WholeReply(reply.rxBuffer, reply.frequencyString.substr(0, 2), 9);
-    if (hertz && AreDigits(*hertz)) {
+    constexpr std::string_view kNowhere = "000000000";
+    if (hertz && AreDigits(*hertz) && *hertz != kNowhere) {
         reading.frequency = MegahertzOfHertz(*hertz);
     }
     if (const auto mode = WholeReply(reply.rxBuffer, reply.modeString.substr(0, 3), 1)) {

@@ -353,6 +353,44 @@ TEST_F(RigServerTest, CommandThatIsRefusedIsSilent) {
     EXPECT_EQ(Sent(), "+f\n");
 }
 
+TEST_F(RigServerTest, RadioThatCannotTellItsModeIsTunedAllTheSame) {
+    for (const char* refusal : {"get_mode:\nRPRT -9\n", "get_mode:\nRPRT -11\n", "RPRT -4\n"}) {
+        Forget();
+        Open();
+        Arrive("0\n");
+        Arrive(kFrequencyAnswer);
+        Arrive(refusal);
+        EXPECT_EQ(links, "Connecting, Connected") << refusal;
+        EXPECT_EQ(told, std::vector<std::string>{"14.025000"});
+        Sent();
+        EXPECT_TRUE(server.Tune(7'035'000, "CW"));
+        EXPECT_EQ(Sent(), "+M CW -1\n");
+        server.Close();
+    }
+}
+
+TEST_F(RigServerTest, AFrequencyWithoutAModeOfItsOwnKeepsTheModeThatWaits) {
+    OpenWell();
+    server.Poll();
+    Sent();
+    EXPECT_TRUE(server.SetMode("USB"));
+    EXPECT_TRUE(server.Tune(1'850'000, ""));
+    Arrive(kFrequencyAnswer);
+    EXPECT_EQ(Sent(), "+M USB -1\n");
+    Arrive("set_mode: USB -1\nRPRT 0\n");
+    EXPECT_EQ(Sent(), "+F 1850000\n");
+}
+
+TEST_F(RigServerTest, WhatWaitsCanBeDropped) {
+    OpenWell();
+    server.Poll();
+    EXPECT_TRUE(server.Tune(7'035'000, "CW"));
+    server.DropCommands();
+    Sent();
+    Arrive(kFrequencyAnswer);
+    EXPECT_EQ(Sent(), "+m\n");
+}
+
 TEST_F(RigServerTest, CommandIsDroppedWithTheConnection) {
     OpenWell();
     server.Poll();

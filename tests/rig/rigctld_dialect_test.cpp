@@ -103,15 +103,6 @@ TEST(RigctldDialect, RadioThatDoesNotAnswerTheServerIsARefusal) {
     EXPECT_EQ(Read(kMode, "get_mode:\nRPRT -5\n").kind, Kind::Refused);
 }
 
-TEST(RigctldDialect, RadioThatHasNoCommandToTellItsModeIsAGoodOne) {
-    for (const char* report : {"get_mode:\nRPRT -11\n", "get_mode:\nRPRT -4\n"}) {
-        const ServerAnswer answer = Read(kMode, report);
-        EXPECT_EQ(answer.kind, Kind::Good) << report;
-        EXPECT_FALSE(answer.reading.mode) << report;
-    }
-    EXPECT_EQ(Read(kFrequency, "get_freq:\nRPRT -11\n").kind, Kind::Refused);
-}
-
 TEST(RigctldDialect, HalfAnAnswerIsWaitedFor) {
     const std::string whole = "get_freq:\nFrequency: 14040500\nRPRT 0\n";
     for (std::size_t length = 0; length < whole.size(); ++length) {

@@ -162,6 +162,10 @@ TEST(ReadNineDigitCommand, FrequencyOfAnotherLengthSaysNothing) {
                                          });
 }
 
+TEST(ReadNineDigitCommand, ZeroIsNoFrequency) {
+    ExpectReadings(ReadNineDigitCommand, {{"FA000000000;", "- - -"}, {"FA000000000;MD03;", "- CW -"}});
+}
+
 TEST(ReadNineDigitCommand, FollowsTheStringsOfTheForm) {
     ExpectReadings(ReadNineDigitCommand, {{"FB007030000;MD13;", "7.03000 CW -"}, {"FA007030000;MD03;", "- - -"}}, "FB;",
                    "MD1;");

@@ -7,6 +7,7 @@
 
 #include <array>
 #include <cerrno>
+#include <utility>
 
 #include "platform/path_error.h"
 
@@ -74,7 +75,14 @@ PosixSocket::PosixSocket() : events_{epoll_create1(EPOLL_CLOEXEC)} {
 
 void PosixSocket::Connect(const std::string& host, int port) {
     Close();
-    lookUp_.emplace(host, port);
+    host_ = host;
+    port_ = port;
+    if (brokenOff_ && brokenOff_->host == host && brokenOff_->port == port) {
+        lookUp_ = std::move(brokenOff_->lookUp);
+        brokenOff_.reset();
+    } else {
+        lookUp_.emplace(host, port);
+    }
     nextAddress_ = 0;
     epoll_event answer{};
     answer.events = EPOLLIN;
@@ -85,6 +93,9 @@ void PosixSocket::Close() {
     if (lookUp_) {
         // The thread may hold the descriptor open, and the set would keep it.
         epoll_ctl(events_.Number(), EPOLL_CTL_DEL, lookUp_->Number(), nullptr);
+        if (!lookUp_->IsDone()) {
+            brokenOff_ = BrokenOff{.host = host_, .port = port_, .lookUp = std::move(*lookUp_)};
+        }
         lookUp_.reset();
     }
     socket_ = Descriptor{};

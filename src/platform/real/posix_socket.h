@@ -39,8 +39,19 @@ private:
     void SendWaiting();
     void WaitFor(bool readable, bool writable) const;
 
+    struct BrokenOff {
+        std::string host;
+        int port;
+        NameLookUp lookUp;
+    };
+
     Descriptor events_;
+    std::string host_;  ///< of the attempt
+    int port_ = 0;
     std::optional<NameLookUp> lookUp_;
+    /// A look-up that nobody waits for any more cannot be ended. The next attempt of the same host takes it up, so that
+    /// however often that is tried, there is one.
+    std::optional<BrokenOff> brokenOff_;
     std::size_t nextAddress_ = 0;
     Descriptor socket_;
     bool isConnected_ = false;

@@ -40,8 +40,8 @@ struct RigServer {
     void Open(const ServerDialect& dialect, const std::string& host, int port);
     void Close();
 
-    /// Asks for the frequency, and for the mode when that is answered. Does nothing while a request is open and
-    /// without a connection.
+    /// Asks for the frequency, and for the mode when that is answered; now and then first whether there is a radio, for
+    /// a server that may have none. Does nothing while a request is open and without a connection.
     void Poll();
     /// Sets the mode that the plan names, unless the server has none such, and then the frequency. Behind the request
     /// that is open; of those that wait the newest goes out. What the server refuses is silent.

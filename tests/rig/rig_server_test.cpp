@@ -11,6 +11,7 @@
 #include "platform/sim/tcp_socket.h"
 #include "rig/flrig_dialect.h"
 #include "rig/rigctld_dialect.h"
+#include "tests/fuzz/damage.h"
 #include "toolkit/desk.h"
 
 namespace tallyhut {
@@ -401,11 +402,13 @@ TEST_F(RigServerTest, WrongAnswersGiveNoReadingAndEndTheConnection) {
 }
 
 TEST_F(RigServerTest, BytesThatNobodyAskedForEndTheConnection) {
-    OpenWell();
-    Arrive(kFrequencyAnswer);
-    EXPECT_TRUE(told.empty());
-    EXPECT_EQ(links, "NoAnswer");
-    EXPECT_FALSE(Peer().isConnected);
+    for (const char* unasked : {kModeAnswer, kFrequencyAnswer, "0\n", "\n"}) {
+        OpenWell();
+        Arrive(unasked);
+        EXPECT_TRUE(told.empty()) << unasked << "though the last request may have been for it";
+        EXPECT_EQ(links, "NoAnswer") << unasked;
+        EXPECT_FALSE(Peer().isConnected) << unasked;
+    }
 }
 
 TEST_F(RigServerTest, FloodIsTakenInPartsAndThenNotAtAll) {
@@ -522,6 +525,43 @@ TEST_F(RigServerTest, DayWithAServerThatHangsUpInEveryPollEndsWell) {
     EXPECT_EQ(told.size(), static_cast<std::size_t>(polls));
     EXPECT_EQ(Peer().attempts, polls);
     EXPECT_THROW(sockets.Peer(1), std::out_of_range);
+}
+
+TEST_F(RigServerTest, WhateverAServerDoesItIsNeverStuckAndTellsNothingElse) {
+    Damage damage{2026};
+    const std::vector<std::string> lines{
+        "0\n", kFrequencyAnswer, kModeAnswer, "set_mode: CW -1\nRPRT 0\n", "set_freq: 7035000\nRPRT 0\n", "RPRT -5\n"};
+    Open();
+    Peer().accepts = true;
+    const std::vector<std::function<void()>> steps{
+        [&] { Arrive(lines.at(damage.Below(lines.size()))); },
+        [&] { Arrive(damage.Damaged(lines, "\n\r :-RPT")); },
+        [&] { Arrive(kFrequencyAnswer); },
+        [&] { Arrive(kModeAnswer); },
+        [&] { server.Poll(); },
+        [&] { EXPECT_EQ(server.Tune(7'035'000, "CW"), server.Link() == RigServerLink::Connected); },
+        [&] { Pass(damage.Below(4'000)); },
+        [&] {
+            if (damage.Below(20) == 0) {
+                Fail();
+            }
+        },
+    };
+    server.read = [this](const RigReading& /*reading*/) {
+        EXPECT_EQ(server.Link(), RigServerLink::Connected);
+        told.push_back({});
+    };
+    for (int i = 0; i < 20'000; ++i) {
+        steps.at(damage.Below(steps.size()))();
+        ASSERT_TRUE(Peer().isConnected || desk.NextDue()) << "there is something to wait for";
+    }
+    EXPECT_GT(told.size(), 20U) << "it did well now and then";
+    Pass(20'000);
+    Fail();
+    Pass(10'000);
+    Arrive("0\n");
+    AnswerPoll();
+    EXPECT_EQ(server.Link(), RigServerLink::Connected);
 }
 
 /// A server of the other kind, which answers each call by its name.

@@ -270,7 +270,7 @@ void RigCommands::FailWithThePort(const std::string& why) {
     Refuse(tunes ? kFrequencyError : kModeError, text);
 }
 
-/// Nothing has been begun.
+/// Ends a scan and tells.
 void RigCommands::Refuse(const std::string& title, const std::string& text) {
     failed();
     Report(title, text);

@@ -15,6 +15,7 @@ constexpr unsigned char kSubnegotiation = 0xFA;
 constexpr unsigned char kFirstWithOption = 0xFB;  ///< WILL, WONT, DO and DONT
 constexpr unsigned char kCommand = 0xFF;
 
+constexpr std::size_t kLongestInside = 512;
 constexpr std::size_t kTooLongForPrompt = 60;
 constexpr std::string_view kInPlaceOfSecret = "****";
 
@@ -67,12 +68,15 @@ void ClusterText::TakeCommand(unsigned char byte) {
                 AddText(static_cast<char>(byte));
             } else if (byte == kSubnegotiation) {
                 place_ = Place::Inside;
+                inside_ = 0;
             } else if (byte >= kFirstWithOption) {
                 place_ = Place::Option;
             }
             return;
         case Place::Inside:
-            place_ = byte == kCommand ? Place::InsideCommand : Place::Inside;
+            // Where it does not end it was none, and the text behind it must not be lost for good.
+            ++inside_;
+            place_ = byte == kCommand ? Place::InsideCommand : (inside_ < kLongestInside ? Place::Inside : Place::Text);
             return;
         case Place::InsideCommand:
             place_ = byte == kSubnegotiationEnds ? Place::Text : Place::Inside;

@@ -34,6 +34,7 @@ private:
     void TakeCommand(unsigned char byte);
 
     Place place_ = Place::Text;
+    std::size_t inside_ = 0;  ///< bytes of the present subnegotiation
     bool wasCarriageReturn_ = false;
     bool isTooLong_ = false;
     std::string begun_;

@@ -35,6 +35,10 @@ TEST(ClusterText, ProtocolsCommandsAndNulAreNoText) {
     EXPECT_EQ(TextsOf({"\xFF\xFF"}), Texts{"\xFF"}) << "twice it is a byte of the text";
 }
 
+TEST(ClusterText, SubnegotiationWithoutEndDoesNotSwallowAllThatFollows) {
+    EXPECT_EQ(TextsOf({"\xFF\xFA" + std::string(512, 'x') + "login: "}), Texts{"login: "});
+}
+
 TEST(ClusterText, CutsChangeNothing) {
     const std::string all =
         "\xFF\xFB\x01\xFF\xFB\x03Welcome\r\n\xFF\xFA\x18\x01\xFF\xFF\xFF\xF0login: \xFF\xFC\x01W1AW\r\0\nDX de \xFF\xFF\a\r\n>"s;

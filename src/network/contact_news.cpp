@@ -15,7 +15,7 @@ void ContactNews::Logged(std::int32_t row) {
                      const int section = contest.sections.Find(contact.Sec);
                      facts.isNewSection =
                          section != 0 && contest.sections.SectionQsos.at(static_cast<std::size_t>(section)) == 0;
-                     sender.Send(ContactInfo(facts));
+                     sender.Send(News::Contacts, ContactInfo(facts));
                  });
 }
 
@@ -26,14 +26,15 @@ void ContactNews::Edited(const Contact& before, std::int32_t row) {
                  [&] {
                      ContactFacts facts = FactsOf(contact, before, id);
                      AddWorth(facts, row);
-                     sender.Send(ContactDelete(facts));
-                     sender.Send(ContactReplace(facts));
+                     sender.Send(News::Contacts, ContactDelete(facts));
+                     sender.Send(News::Contacts, ContactReplace(facts));
                  });
 }
 
 void ContactNews::Deleted(const Contact& contact) {
     const std::string id = ids.IdOf(contact);
-    KeepingFirst([&] { ids.Forget(contact); }, [&] { sender.Send(ContactDelete(FactsOf(contact, contact, id))); });
+    KeepingFirst([&] { ids.Forget(contact); },
+                 [&] { sender.Send(News::Contacts, ContactDelete(FactsOf(contact, contact, id))); });
 }
 
 void ContactNews::LogReplaced() {

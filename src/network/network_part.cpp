@@ -7,11 +7,10 @@ NetworkPart::NetworkPart(Machine& machine, Desk& desk, SupportPart& support, Log
       settings{machine.settings},
       origin{.app = settings.app, .stationName = machine.datagramSockets.HostName()},
       ids{machine.files, support.directories},
-      contactSender{desk, machine.datagramSockets},
-      radioSender{desk, machine.datagramSockets},
-      contacts{log.contest, settings.contacts, origin, ids, contactSender, machine.clock},
-      radio{desk, rig.rigLine, settings.radio, origin, radioSender},
-      setup{form, desk, settings, origin, contactSender, radioSender, radio} {
+      sender{desk, machine.datagramSockets},
+      contacts{log.contest, settings.contacts, origin, ids, sender, machine.clock},
+      radio{desk, rig.rigLine, settings.radio, origin, sender},
+      setup{form, desk, settings, origin, sender, radio} {
     Bind(log, rig);
     setup.TakeStored();
 }
@@ -28,8 +27,7 @@ void NetworkPart::Bind(LogPart& log, RigPart& rig) {
     log.editing.deleted = [=, this](const Contact& contact) { call([&] { contacts.Deleted(contact); }); };
     log.fileMenu.replaced = [=, this] { call([this] { contacts.LogReplaced(); }); };
     rig.rigLine.looked = [this] { radio.Look(); };
-    contactSender.failuresChanged = [this] { setup.ShowFailure(); };
-    radioSender.failuresChanged = [this] { setup.ShowFailure(); };
+    sender.failuresChanged = [this] { setup.ShowFailure(); };
 }
 
 void NetworkPart::BindForm() {

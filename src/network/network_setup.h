@@ -12,8 +12,7 @@ struct NetworkSetup {
     Desk& desk;
     NetworkSettings& settings;
     NewsOrigin& origin;
-    NewsSender& contacts;
-    NewsSender& radio;
+    NewsSender& sender;
     RadioNews& radioNews;
 
     /// What was chosen in an earlier run.
@@ -32,6 +31,7 @@ struct NetworkSetup {
     void ShowFailure();
 
 private:
+    void Aim(News news, const NewsChoice& choice);
     void ChooseContacts(const NewsChoice& choice);
     void ChooseRadio(const NewsChoice& choice);
     bool Holds(TextBox& field);

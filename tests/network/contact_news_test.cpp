@@ -374,7 +374,7 @@ TEST_F(ContactNewsTest, AnIdIsKeptBeforeItIsSent) {
     StartSending(ManyContacts(2));
     datagramSockets.unsendable[kHere] = kTcpUnreachable;
     bool wasKept = false;
-    Part().contactSender.failuresChanged = [&] { wasKept = files.contents.contains(kIdsPath); };
+    Part().sender.failuresChanged = [&] { wasKept = files.contents.contains(kIdsPath); };
     EditField(EditForm().txtEditNumSent, "9");
     EXPECT_TRUE(wasKept);
 }

@@ -17,6 +17,7 @@ NetworkPart::NetworkPart(Machine& machine, Desk& desk, SupportPart& support, Log
 
 void NetworkPart::Bind(LogPart& log, RigPart& rig) {
     BindForm();
+    log.form1.Form_Activate = [this] { setup.Form1_Activate(); };
     log.form1.mnuNetwork.Click = [this] { form.Show(); };
     // A name that cannot be kept is told, and no more: what became of the contact is on the disk.
     const auto call = [this](const std::function<void()>& news) { form.desk.Call(news); };

@@ -42,27 +42,29 @@ void NetworkSetup::chkRadio_Click() {
 }
 
 bool NetworkSetup::TakeContacts() {
-    if (!Holds(dialog.txtContacts)) {
-        return false;
-    }
     ChooseContacts({.isOn = settings.contacts.isOn, .addresses = dialog.txtContacts.Text()});
     dialog.txtContacts.SetText(settings.contacts.addresses);
-    return true;
+    return Holds(dialog.txtContacts);
 }
 
 bool NetworkSetup::TakeRadio() {
-    if (!Holds(dialog.txtRadio)) {
-        return false;
-    }
     ChooseRadio({.isOn = settings.radio.isOn, .addresses = dialog.txtRadio.Text()});
     dialog.txtRadio.SetText(settings.radio.addresses);
-    return true;
+    return Holds(dialog.txtRadio);
 }
 
 void NetworkSetup::TakeApp() {
     TellingFailure([this] { settings.SetApp(dialog.txtApp.Text()); });
     origin.app = settings.app;
     dialog.txtApp.SetText(settings.app);
+}
+
+void NetworkSetup::Form1_Activate() {
+    if (dialog.IsVisible()) {
+        TakeApp();
+        TakeContacts();
+        TakeRadio();
+    }
 }
 
 void NetworkSetup::ChooseContacts(const NewsChoice& choice) {

@@ -20,8 +20,8 @@ void ContactBehindItsFlush(benchmark::State& state, const char* addresses) {
     LoadedProgram loaded{kFull};
     PosixDatagrams network;
     NewsSender sender{loaded.program.desk, network};
-    sender.SendTo(ReadAddresses(addresses).addresses);
-    const NewsChoice choice{.isOn = true, .addresses = addresses};
+    sender.SendTo(News::Contacts, ReadAddresses(addresses).addresses);
+    const NewsChoice choice{.isOn = true, .addresses = addresses, .wasOn = true};
     ContactNews news{loaded.program.logPart.contest, choice, loaded.program.networkPart.origin,
                      loaded.program.networkPart.ids, sender, loaded.clock};
     for (auto _ : state) {

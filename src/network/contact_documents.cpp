@@ -12,8 +12,6 @@
 namespace tallyhut {
 namespace {
 
-constexpr double kHighestMegahertz = 1'000'000;
-
 /// An element and what stands in it: a text that is always the same, or what the function makes of the facts.
 struct ElementRow {
     std::string_view name;
@@ -193,6 +191,7 @@ std::string_view PhoneSideband(std::string_view band) {
 
 std::string TensOfHertz(double megahertz) {
     constexpr double kTensAMegahertz = 100'000;
+    constexpr double kHighestMegahertz = 1'000'000;
     const bool isFrequency = megahertz > 0 && megahertz < kHighestMegahertz;
     return isFrequency ? PlainText(static_cast<std::int64_t>(RoundHalfEven(megahertz * kTensAMegahertz))) : "0";
 }

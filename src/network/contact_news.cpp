@@ -2,35 +2,56 @@
 
 #include <utility>
 
+#include "log/attempts.h"
+
 namespace tallyhut {
 
 /// The operator types on: what the commit knows is not looked for in the whole log. It takes no duplicate.
 void ContactNews::Logged(std::int32_t row) {
-    if (!choice.isOn) {
-        return;
-    }
     const Contact& contact = contest.log.Row(row);
-    ContactFacts facts = FactsOf(contact, contact, IdOfCommit(contact));
-    const int section = contest.sections.Find(contact.Sec);
-    facts.isNewSection = section != 0 && contest.sections.SectionQsos.at(static_cast<std::size_t>(section)) == 0;
-    sender.Send(ContactInfo(facts));
+    KeepingFirst([&] { ids.Add(contest.log, row); },
+                 [&] {
+                     ContactFacts facts = FactsOf(contact, contact, ids.IdOf(contact));
+                     const int section = contest.sections.Find(contact.Sec);
+                     facts.isNewSection =
+                         section != 0 && contest.sections.SectionQsos.at(static_cast<std::size_t>(section)) == 0;
+                     sender.Send(News::Contacts, ContactInfo(facts));
+                 });
 }
 
 void ContactNews::Edited(const Contact& before, std::int32_t row) {
-    if (!choice.isOn) {
-        return;
-    }
-    ContactFacts facts = FactsOf(contest.log.Row(row), before, ids.IdOf(before));
-    AddWorth(facts, row);
-    sender.Send(ContactDelete(facts));
-    sender.Send(ContactReplace(facts));
-    ids.Keep(before, facts.contact);
+    const Contact& contact = contest.log.Row(row);
+    const std::string id = ids.IdOf(before);
+    KeepingFirst([&] { ids.Keep(before, contact); },
+                 [&] {
+                     ContactFacts facts = FactsOf(contact, before, id);
+                     AddWorth(facts, row);
+                     sender.Send(News::Contacts, ContactDelete(facts));
+                     sender.Send(News::Contacts, ContactReplace(facts));
+                 });
 }
 
 void ContactNews::Deleted(const Contact& contact) {
-    if (choice.isOn) {
-        sender.Send(ContactDelete(FactsOf(contact, contact, ids.IdOf(contact))));
+    const std::string id = ids.IdOf(contact);
+    KeepingFirst([&] { ids.Forget(contact); },
+                 [&] { sender.Send(News::Contacts, ContactDelete(FactsOf(contact, contact, id))); });
+}
+
+void ContactNews::LogReplaced() {
+    KeepingFirst([&] { ids.ForgetAllBut(contest.log); }, [] {});
+}
+
+/// Whoever was told of a contact once knows it by its name, also while nobody is told.
+template <typename Keep, typename Tell>
+void ContactNews::KeepingFirst(const Keep& keep, const Tell& tell) {
+    Attempts attempts;
+    if (choice.wasOn || ids.FileExists()) {
+        attempts.Try(keep);
     }
+    if (choice.isOn) {
+        tell();
+    }
+    attempts.ThrowIfAnyFailed();
 }
 
 ContactFacts ContactNews::FactsOf(const Contact& contact, const Contact& before, std::string id) const {

@@ -7,28 +7,28 @@ NetworkPart::NetworkPart(Machine& machine, Desk& desk, SupportPart& support, Log
       settings{machine.settings},
       origin{.app = settings.app, .stationName = machine.datagramSockets.HostName()},
       ids{machine.files, support.directories},
-      contactSender{desk, machine.datagramSockets},
-      radioSender{desk, machine.datagramSockets},
-      contacts{log.contest, settings.contacts, origin, ids, contactSender, machine.clock},
-      radio{desk, rig.rigLine, settings.radio, origin, radioSender},
-      setup{form, desk, settings, origin, contactSender, radioSender, radio} {
+      sender{desk, machine.datagramSockets},
+      contacts{log.contest, settings.contacts, origin, ids, sender, machine.clock},
+      radio{desk, rig.rigLine, settings.radio, origin, sender},
+      setup{form, desk, settings, origin, sender, radio} {
     Bind(log, rig);
     setup.TakeStored();
 }
 
 void NetworkPart::Bind(LogPart& log, RigPart& rig) {
     BindForm();
+    log.form1.Form_Activate = [this] { setup.Form1_Activate(); };
     log.form1.mnuNetwork.Click = [this] { form.Show(); };
-    log.commit.logged = [this](std::int32_t row) { contacts.Logged(row); };
-    // A name that cannot be kept is told: the contact is on the disk, and the operator goes on from the list.
-    log.editing.edited = [this](const Contact& before, std::int32_t row) {
-        const std::function<void()> tell = [&] { contacts.Edited(before, row); };
-        form.desk.Call(tell);
+    // A name that cannot be kept is told, and no more: what became of the contact is on the disk.
+    const auto call = [this](const std::function<void()>& news) { form.desk.Call(news); };
+    log.commit.logged = [=, this](std::int32_t row) { call([&] { contacts.Logged(row); }); };
+    log.editing.edited = [=, this](const Contact& before, std::int32_t row) {
+        call([&] { contacts.Edited(before, row); });
     };
-    log.editing.deleted = [this](const Contact& contact) { contacts.Deleted(contact); };
+    log.editing.deleted = [=, this](const Contact& contact) { call([&] { contacts.Deleted(contact); }); };
+    log.fileMenu.replaced = [=, this] { call([this] { contacts.LogReplaced(); }); };
     rig.rigLine.looked = [this] { radio.Look(); };
-    contactSender.failuresChanged = [this] { setup.ShowFailure(); };
-    radioSender.failuresChanged = [this] { setup.ShowFailure(); };
+    sender.failuresChanged = [this] { setup.ShowFailure(); };
 }
 
 void NetworkPart::BindForm() {

@@ -16,8 +16,7 @@ struct NetworkPart {
     NetworkSettings settings;
     NewsOrigin origin;
     ContactIds ids;
-    NewsSender contactSender;
-    NewsSender radioSender;
+    NewsSender sender;
     ContactNews contacts;
     RadioNews radio;
     NetworkSetup setup;

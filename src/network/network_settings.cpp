@@ -25,13 +25,16 @@ std::string Or(std::string text, const char* usual) {
 }
 
 NewsChoice Stored(const SettingsStore& store, const ChoiceKeys& keys) {
-    return {.isOn = store.Get(kSection, keys.isOn) == kOn,
-            .addresses = Or(store.Get(kSection, keys.addresses), kUsualAddress)};
+    const std::string isOn = store.Get(kSection, keys.isOn);
+    return {.isOn = isOn == kOn,
+            .addresses = Or(store.Get(kSection, keys.addresses), kUsualAddress),
+            .wasOn = !isOn.empty()};
 }
 
 void Keep(SettingsStore& store, const ChoiceKeys& keys, NewsChoice& known, const NewsChoice& choice) {
-    const NewsChoice before =
-        std::exchange(known, {.isOn = choice.isOn, .addresses = Or(Trim(choice.addresses), kUsualAddress)});
+    const NewsChoice before = std::exchange(known, {.isOn = choice.isOn,
+                                                    .addresses = Or(Trim(choice.addresses), kUsualAddress),
+                                                    .wasOn = choice.isOn || known.wasOn});
     if (known.isOn != before.isOn) {
         store.Set(kSection, keys.isOn, known.isOn ? kOn : kOff);
     }

@@ -16,6 +16,7 @@ inline constexpr const char* kUsualApp = "N1MM";
 struct NewsChoice {
     bool isOn = false;
     std::string addresses = kUsualAddress;  ///< as typed
+    bool wasOn = false;                     ///< now or ever on this machine
 
     bool operator==(const NewsChoice&) const = default;
 };

@@ -5,19 +5,8 @@
 namespace tallyhut {
 namespace {
 
-void Aim(NewsSender& sender, const NewsChoice& choice) {
-    sender.SendTo(choice.isOn ? ReadAddresses(choice.addresses).addresses : std::vector<NetworkAddress>{});
-}
-
 std::string FaultIn(const TextBox& field) {
     return field.State().refused ? ReadAddresses(field.Text()).fault : "";
-}
-
-std::string NewestOf(const std::optional<NewsFailure>& one, const std::optional<NewsFailure>& other) {
-    if (one && other) {
-        return one->at > other->at ? one->text : other->text;
-    }
-    return one ? one->text : other ? other->text : "";
 }
 
 }  // namespace
@@ -25,8 +14,12 @@ std::string NewestOf(const std::optional<NewsFailure>& one, const std::optional<
 void NetworkSetup::TakeStored() {
     settings.Read();
     origin.app = settings.app;
-    Aim(contacts, settings.contacts);
-    Aim(radio, settings.radio);
+    Aim(News::Contacts, settings.contacts);
+    Aim(News::Radio, settings.radio);
+}
+
+void NetworkSetup::Aim(News news, const NewsChoice& choice) {
+    sender.SendTo(news, choice.isOn ? ReadAddresses(choice.addresses).addresses : std::vector<NetworkAddress>{});
 }
 
 void NetworkSetup::frmNetwork_Load() {
@@ -49,21 +42,15 @@ void NetworkSetup::chkRadio_Click() {
 }
 
 bool NetworkSetup::TakeContacts() {
-    if (!Holds(dialog.txtContacts)) {
-        return false;
-    }
     ChooseContacts({.isOn = settings.contacts.isOn, .addresses = dialog.txtContacts.Text()});
     dialog.txtContacts.SetText(settings.contacts.addresses);
-    return true;
+    return Holds(dialog.txtContacts);
 }
 
 bool NetworkSetup::TakeRadio() {
-    if (!Holds(dialog.txtRadio)) {
-        return false;
-    }
     ChooseRadio({.isOn = settings.radio.isOn, .addresses = dialog.txtRadio.Text()});
     dialog.txtRadio.SetText(settings.radio.addresses);
-    return true;
+    return Holds(dialog.txtRadio);
 }
 
 void NetworkSetup::TakeApp() {
@@ -72,11 +59,19 @@ void NetworkSetup::TakeApp() {
     dialog.txtApp.SetText(settings.app);
 }
 
+void NetworkSetup::Form1_Activate() {
+    if (dialog.IsVisible()) {
+        TakeApp();
+        TakeContacts();
+        TakeRadio();
+    }
+}
+
 void NetworkSetup::ChooseContacts(const NewsChoice& choice) {
     const NewsChoice before = settings.contacts;
     TellingFailure([this, &choice] { settings.SetContacts(choice); });
     if (settings.contacts != before) {
-        Aim(contacts, settings.contacts);
+        Aim(News::Contacts, settings.contacts);
     }
 }
 
@@ -84,7 +79,7 @@ void NetworkSetup::ChooseRadio(const NewsChoice& choice) {
     const NewsChoice before = settings.radio;
     TellingFailure([this, &choice] { settings.SetRadio(choice); });
     if (settings.radio != before) {
-        Aim(radio, settings.radio);
+        Aim(News::Radio, settings.radio);
         radioNews.Forget();
         radioNews.Look();
     }
@@ -117,7 +112,7 @@ void NetworkSetup::ShowFailure() {
         text = FaultIn(dialog.txtRadio);
     }
     if (text.empty()) {
-        text = NewestOf(contacts.LastFailure(), radio.LastFailure());
+        text = sender.LastFailure();
     }
     if (dialog.IsVisible() && !text.empty() && text != dialog.lblNetwork.Caption()) {
         desk.Announce(text);

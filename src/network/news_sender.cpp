@@ -2,6 +2,8 @@
 
 #include <algorithm>
 #include <array>
+#include <optional>
+#include <set>
 #include <utility>
 
 #include "platform/tcp_socket.h"
@@ -37,12 +39,18 @@ std::string TextOf(int failure) {
 
 }  // namespace
 
+struct NewsSender::WaitingNews {
+    News news;
+    std::string document;
+};
+
 /// One address.
 struct NewsSender::Line {
     NetworkAddress address;
     std::unique_ptr<DatagramSocket> socket = {};  ///< null where the system gave none
     std::unique_ptr<IoSource> arrived = {};
-    std::deque<std::string> waiting = {};  ///< while the host is looked up
+    std::set<News> wanted = {};
+    std::deque<WaitingNews> waiting = {};  ///< while the host is looked up
     bool isOpening = false;
     Tick openedAt = 0;                          ///< when the host was looked up last
     std::string failure = {};                   ///< empty while the address is well
@@ -55,40 +63,63 @@ NewsSender::NewsSender(Desk& owner, DatagramSockets& machineNetwork)
 
 NewsSender::~NewsSender() = default;
 
-void NewsSender::SendTo(const std::vector<NetworkAddress>& addresses) {
-    lines_.clear();
-    for (const NetworkAddress& address : addresses) {
-        Line& line = *lines_.emplace_back(std::make_unique<Line>(Line{.address = address}));
-        try {
-            line.socket = network_.NewSocket();
-            line.arrived =
-                std::make_unique<IoSource>(desk_, line.socket->EventDescriptor(), [this, &line] { TakeEvents(line); });
-            Open(line);
-        } catch (const PlatformError& failure) {
-            Fail(line, failure.what());
-        }
+void NewsSender::SendTo(News news, const std::vector<NetworkAddress>& addresses) {
+    for (const std::unique_ptr<Line>& line : lines_) {
+        line->wanted.erase(news);
+        std::erase_if(line->waiting, [news](const WaitingNews& each) { return each.news == news; });
     }
+    for (const NetworkAddress& address : addresses) {
+        LineTo(address).wanted.insert(news);
+    }
+    std::erase_if(lines_, [](const std::unique_ptr<Line>& line) { return line->wanted.empty(); });
     failuresChanged();
 }
 
-void NewsSender::Send(const std::string& document) {
+NewsSender::Line& NewsSender::LineTo(const NetworkAddress& address) {
+    const auto known =
+        std::ranges::find(lines_, address, [](const auto& line) -> const NetworkAddress& { return line->address; });
+    if (known != lines_.end()) {
+        return **known;
+    }
+    Line& line = *lines_.emplace_back(std::make_unique<Line>(Line{.address = address}));
+    try {
+        line.socket = network_.NewSocket();
+        line.arrived =
+            std::make_unique<IoSource>(desk_, line.socket->EventDescriptor(), [this, &line] { TakeEvents(line); });
+        Open(line);
+    } catch (const PlatformError& failure) {
+        Fail(line, failure.what());
+    }
+    return line;
+}
+
+void NewsSender::Send(News news, const std::string& document) {
+    std::vector<Line*> triedAnew;
     for (const std::unique_ptr<Line>& line : lines_) {
-        if (line->socket) {
-            Send(*line, document);
+        if (!line->socket || !line->wanted.contains(news)) {
+            continue;
         }
+        if (IsToBeTriedAnew(*line)) {
+            triedAnew.push_back(line.get());
+        } else {
+            Send(*line, news, document);
+        }
+    }
+    for (Line* line : triedAnew) {
+        Open(*line);
+        Send(*line, news, document);
     }
 }
 
-void NewsSender::Send(Line& line, const std::string& document) {
-    const bool isTriedAnew =
-        !line.failure.empty() && !line.isOpening && desk_.clock.TickMs() - line.openedAt >= kPauseMs;
-    if (isTriedAnew) {
-        Open(line);
-    }
+bool NewsSender::IsToBeTriedAnew(const Line& line) const {
+    return !line.failure.empty() && !line.isOpening && desk_.clock.TickMs() - line.openedAt >= kPauseMs;
+}
+
+void NewsSender::Send(Line& line, News news, const std::string& document) {
     if (line.socket->IsReady()) {
         HandOver(line, document);
     } else if (line.isOpening) {
-        line.waiting.push_back(document);
+        line.waiting.push_back({news, document});
         if (line.waiting.size() > kMostWaiting) {
             line.waiting.pop_front();
         }
@@ -128,8 +159,8 @@ void NewsSender::TakeEvents(Line& line) {
 }
 
 void NewsSender::SendWaiting(Line& line) {
-    for (const std::string& document : std::exchange(line.waiting, {})) {
-        HandOver(line, document);
+    for (const WaitingNews& each : std::exchange(line.waiting, {})) {
+        HandOver(line, each.document);
     }
 }
 
@@ -160,14 +191,14 @@ void NewsSender::LookForSilence() {
     failuresChanged();
 }
 
-std::optional<NewsFailure> NewsSender::LastFailure() const {
-    std::optional<NewsFailure> last;
+std::string NewsSender::LastFailure() const {
+    const Line* last = nullptr;
     for (const std::unique_ptr<Line>& line : lines_) {
-        if (!line->failure.empty() && (!last || line->failedAt >= last->at)) {
-            last = {.at = line->failedAt, .text = line->failure};
+        if (!line->failure.empty() && (last == nullptr || line->failedAt >= last->failedAt)) {
+            last = line.get();
         }
     }
-    return last;
+    return last == nullptr ? "" : last->failure;
 }
 
 }  // namespace tallyhut

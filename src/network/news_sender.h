@@ -3,7 +3,6 @@
 #include <deque>
 #include <functional>
 #include <memory>
-#include <optional>
 #include <string>
 #include <vector>
 
@@ -13,16 +12,14 @@
 
 namespace tallyhut {
 
-/// What is wrong with an address, as the operator is told.
-struct NewsFailure {
-    Tick at = 0;
-    std::string text;  ///< "shack:12060: nobody listens there"
-};
+/// What addresses are chosen for.
+enum class News { Contacts, Radio };
 
-/// Sends documents as datagrams to a list of addresses, each with a socket of its own, so that none keeps the others
-/// from anything. It never waits: while a host is looked up, what is to be sent to it waits here. An address that has
-/// failed goes on being tried, and is looked up anew, at most every ten seconds. Nothing comes back from a receiver
-/// that listens: an address is good again when five seconds after a datagram no failure has come.
+/// Sends documents as datagrams to lists of addresses, one for each kind of news. Each address has one socket of its
+/// own, in however many lists it stands, so that none keeps the others from anything: those that are well come first.
+/// It never waits: while a host is looked up, what is to be sent to it waits here. An address that has failed goes on
+/// being tried, and is looked up anew, at most every ten seconds. Nothing comes back from a receiver that listens: an
+/// address is good again when five seconds after a datagram no failure has come.
 struct NewsSender {
     static constexpr std::size_t kMostWaiting = 64;  ///< documents; the oldest goes first
     static constexpr Tick kPauseMs = 10'000;
@@ -35,19 +32,23 @@ struct NewsSender {
     NewsSender(NewsSender&&) = delete;
     NewsSender& operator=(NewsSender&&) = delete;
 
-    /// In place of those before, which are forgotten with all that waits for them. For none there is no socket.
-    void SendTo(const std::vector<NetworkAddress>& addresses);
-    void Send(const std::string& document);
-    /// The newest of those that stand; nothing where all addresses are well.
-    std::optional<NewsFailure> LastFailure() const;
+    /// In place of those before for this kind, of which nothing waits any more. An address that stands in no list has
+    /// no socket.
+    void SendTo(News news, const std::vector<NetworkAddress>& addresses);
+    void Send(News news, const std::string& document);
+    /// The newest of those that stand, "shack:12060: nobody listens there"; empty where all addresses are well.
+    std::string LastFailure() const;
 
     /// LastFailure may be another one.
     std::function<void()> failuresChanged = [] {};
 
 private:
+    struct WaitingNews;
     struct Line;
 
-    void Send(Line& line, const std::string& document);
+    Line& LineTo(const NetworkAddress& address);
+    bool IsToBeTriedAnew(const Line& line) const;
+    void Send(Line& line, News news, const std::string& document);
     void Open(Line& line);
     void HandOver(Line& line, const std::string& document);
     void TakeEvents(Line& line);

@@ -14,7 +14,7 @@ void RadioNews::Look() {
     if (!facts) {
         repeat_.Stop();
     } else if (facts != told_) {
-        sender_.Send(RadioInfo(*facts, origin_, rigLine_.radio.preferences.gOwnCall));
+        sender_.Send(News::Radio, RadioInfo(*facts, origin_, rigLine_.radio.preferences.gOwnCall));
         repeat_.Start(kRepeatMs);
     }
     told_ = facts;

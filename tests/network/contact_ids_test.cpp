@@ -73,6 +73,7 @@ TEST_F(ContactIdsTest, AnIdOutlivesEditsOfWhatItIsMadeOf) {
     EXPECT_EQ((ContactIds{files, directories}.IdOf(again)), id) << "also in another run";
     ids.Keep(again, contact);
     EXPECT_EQ(ids.IdOf(contact), id);
+    EXPECT_EQ(OnDisk(), "") << "it follows from the log again";
     const Contact other = With(&Contact::Call, "K2YY");
     EXPECT_EQ(ids.IdOf(other), IdOfCommit(other));
 }
@@ -93,6 +94,72 @@ TEST_F(ContactIdsTest, AContactThatTakesTheSerialOfAnotherLeavesThatOneItsId) {
     ids.Keep(contact, edited);
     EXPECT_EQ(ids.IdOf(edited), id);
     EXPECT_EQ(ids.IdOf(other), IdOfCommit(other));
+}
+
+TEST_F(ContactIdsTest, ANewContactThatMakesTheNameOfAnotherHasTheNextOneAndKeepsIt) {
+    ids.Keep(contact, With(&Contact::Ns, "0"));
+    ContactLog log;
+    std::set<std::string> all{ids.IdOf(With(&Contact::Ns, "0"))};
+    for (const char* call : {"K2YY", "K3ZZ", "K4AA"}) {
+        log.Row(++log.gContactCount) = With(&Contact::Call, call);
+        ids.Add(log, log.gContactCount);
+        all.insert(ids.IdOf(log.Last()));
+    }
+    EXPECT_EQ(all.size(), 4U);
+    const std::string id = ids.IdOf(log.Row(1));
+    ids.Keep(With(&Contact::Ns, "0"), contact);
+    EXPECT_EQ(ids.IdOf(contact), IdOfCommit(contact));
+    ids.Forget(contact);
+    EXPECT_EQ(ids.IdOf(log.Row(1)), id) << "though the one before it is free now";
+}
+
+TEST_F(ContactIdsTest, SoHasOneWhoseSerialComesASecondTimeBehindAnEditOfTheLast) {
+    Contact last = With(&Contact::Ns, "13");
+    last.Call = "K2YY";
+    Contact lower = last;
+    lower.Ns = "11";
+    ids.Keep(last, lower);
+    ContactLog log;
+    log.Row(1) = contact;
+    log.Row(2) = lower;
+    log.Row(3) = With(&Contact::Call, "K3ZZ");
+    log.gContactCount = 3;
+    ids.Add(log, 3);
+    EXPECT_EQ(ids.IdOf(contact), IdOfCommit(contact));
+    EXPECT_NE(ids.IdOf(log.Row(3)), ids.IdOf(contact));
+}
+
+TEST_F(ContactIdsTest, ARowLeavesWithItsContact) {
+    const Contact edited = With(&Contact::Ns, "21");
+    ids.Keep(contact, edited);
+    ids.Forget(edited);
+    EXPECT_EQ(OnDisk(), "");
+    EXPECT_EQ(ids.IdOf(edited), IdOfCommit(edited));
+}
+
+TEST_F(ContactIdsTest, OfAnotherLogOnlyItsOwnContactsKeepTheirRows) {
+    const Contact edited = With(&Contact::Ns, "21");
+    ids.Keep(contact, edited);
+    const std::string id = ids.IdOf(edited);
+    ids.Keep(With(&Contact::Time, "22:00:00"), With(&Contact::Time, "22:00:01"));
+    ContactLog log;
+    log.Row(1) = edited;
+    log.gContactCount = 1;
+    ids.ForgetAllBut(log);
+    EXPECT_EQ(OnDisk(), "\"21\",\"K9ZO\",\"2026/11/07\",\"21:04:33\",\"" + id + "\"\r\n");
+    log.gContactCount = 0;
+    ids.ForgetAllBut(log);
+    EXPECT_EQ(OnDisk(), "");
+}
+
+TEST_F(ContactIdsTest, WithoutARowNothingIsWritten) {
+    ContactLog log;
+    log.Row(1) = contact;
+    log.gContactCount = 1;
+    ids.Add(log, 1);
+    ids.Forget(contact);
+    ids.ForgetAllBut(log);
+    EXPECT_FALSE(files.contents.contains(kPath));
 }
 
 TEST_F(ContactIdsTest, WhatStandsBeforeADamagedLineCounts) {

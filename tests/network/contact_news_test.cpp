@@ -1,5 +1,6 @@
 #include "network/contact_news.h"
 
+#include "platform/tcp_socket.h"
 #include "tests/network/network_fixture.h"
 
 namespace tallyhut {
@@ -13,6 +14,21 @@ struct ContactNewsTest : NetworkFixture {
             ids += (ids.empty() ? "" : " ") + ElementOf(sent.bytes, "ID");
         }
         return ids;
+    }
+    void LogAfterwards(const std::string& call, const std::string& time) {
+        if (!Main().mnuPostContest.Checked()) {
+            ChooseMenu(Main().mnuPostContest);
+        }
+        Main().txtPostConDate.SetText("2026/11/08");
+        Main().txtPostConTime.SetText(time);
+        Log(call);
+    }
+    /// Of the contact at the top of the list.
+    void EditField(TextBox& field, const std::string& text) {
+        Edit(0, [&field, text, this] {
+            field.SetText(text);
+            EditForm().cmdDone.Click();
+        });
     }
     static std::string Twice(const std::string& id) { return id + ' ' + id; }
 };
@@ -278,6 +294,89 @@ TEST_F(ContactNewsTest, AnIdIsTheSameOverEditsAndAfterARestart) {
     EXPECT_EQ(TakeIds(), Twice(id));
     Delete(0);
     EXPECT_EQ(TakeIds(), id);
+}
+
+TEST_F(ContactNewsTest, AContactThatIsLoggedAnewIsToldOfByOneIdToItsEnd) {
+    StartSending();
+    LogAfterwards("W1XX", "0102");
+    EditField(EditForm().txtEditTime, "01:03");
+    Delete(0);
+    TakeSent();
+    LogAfterwards("W1XX", "0103");
+    const std::string id = TakeIds();
+    EditField(EditForm().txtEditSec, "NLI");
+    EXPECT_EQ(TakeIds(), Twice(id));
+    Delete(0);
+    EXPECT_EQ(TakeIds(), id);
+    EXPECT_EQ(files.contents.at(kIdsPath), "");
+}
+
+TEST_F(ContactNewsTest, TwoContactsOfOneSerialDateAndTimeHaveTwoIds) {
+    StartSending();
+    LogAfterwards("W1XX", "0105");
+    const std::string first = TakeIds();
+    EditField(EditForm().txtEditNumSent, "0");
+    TakeSent();
+    LogAfterwards("K2YY", "0105");
+    const std::vector<sim::SentDatagram> sent = TakeSent();
+    EXPECT_EQ(ElementOf(sent.at(0).bytes, "sntnr"), "1");
+    const std::string second = ElementOf(sent.at(0).bytes, "ID");
+    EXPECT_NE(second, first);
+    StartContinuing();
+    Delete(0);
+    EXPECT_EQ(TakeIds(), second);
+    Delete(0);
+    EXPECT_EQ(TakeIds(), first);
+}
+
+TEST_F(ContactNewsTest, AnEditWhileNothingIsSentKeepsTheIdThatWasToldBefore) {
+    StartSending();
+    Log("K2YY");
+    const std::string id = TakeIds();
+    ChooseMenu(Main().mnuNetwork);
+    Click(Network().chkContacts);
+    EditField(EditForm().txtEditTime, "22:00:00");
+    EXPECT_EQ(TakeIds(), "");
+    StartContinuing();
+    EditField(EditForm().txtEditTime, "22:00:01");
+    ChooseMenu(Main().mnuNetwork);
+    Click(Network().chkContacts);
+    Delete(0);
+    EXPECT_EQ(TakeIds(), id);
+}
+
+TEST_F(ContactNewsTest, ItIsKeptAlsoWhereTheFolderBringsTheFileFromAnotherMachine) {
+    files.Put(kIdsPath, "");
+    StartOnDesk(ManyContacts(1));
+    EditField(EditForm().txtEditTime, "22:00:00");
+    EXPECT_NE(files.contents.at(kIdsPath).find("22:00:00"), std::string::npos);
+}
+
+TEST_F(ContactNewsTest, ARestoreBringsAContactItsIdBackAndANewLogKeepsNone) {
+    StartSending(ManyContacts(1));
+    EditField(EditForm().txtEditNumSent, "9");
+    const std::string id = IdOfCommit(ManyContacts(1)[0]);
+    EXPECT_EQ(TakeIds(), Twice(id));
+    files.Put("/home/operator/old.log", LogText(ManyContacts(1)));
+    dialogs.answers = {Answer::OK, Answer::Yes};
+    dialogs.files = {"/home/operator/old.log"};
+    ChooseMenu(Main().mnuRestore);
+    EXPECT_EQ(files.contents.at(kIdsPath), "");
+    EditField(EditForm().txtEditNumSent, "9");
+    EXPECT_EQ(TakeIds(), Twice(id));
+    EXPECT_NE(files.contents.at(kIdsPath), "");
+    dialogs.inputs = {"YES"};
+    ChooseMenu(Main().mnuNew);
+    EXPECT_EQ(files.contents.at(kIdsPath), "");
+}
+
+TEST_F(ContactNewsTest, AnIdIsKeptBeforeItIsSent) {
+    StartSending(ManyContacts(2));
+    datagramSockets.unsendable[kHere] = kTcpUnreachable;
+    bool wasKept = false;
+    Part().sender.failuresChanged = [&] { wasKept = files.contents.contains(kIdsPath); };
+    EditField(EditForm().txtEditNumSent, "9");
+    EXPECT_TRUE(wasKept);
 }
 
 TEST_F(ContactNewsTest, AnIdThatCannotBeKeptIsToldBehindWhatWasSent) {

@@ -81,7 +81,7 @@ TEST_F(NetworkSetupTest, AnEmptiedFieldIsTheUsualOne) {
     EXPECT_EQ(Stored("SendAs"), kUsualApp);
 }
 
-TEST_F(NetworkSetupTest, AnAddressThatIsNoneIsNamedInPlaceAndTheListBeforeStands) {
+TEST_F(NetworkSetupTest, AnAddressThatIsNoneIsNamedInPlaceAndTheOthersOfItsListAreSentTo) {
     StartSending();
     std::vector<std::string> announced;
     Open();
@@ -91,12 +91,15 @@ TEST_F(NetworkSetupTest, AnAddressThatIsNoneIsNamedInPlaceAndTheListBeforeStands
     EXPECT_EQ(Failure(), "nowhere" + kNoAddress);
     EXPECT_EQ(announced, Lines{"nowhere" + kNoAddress});
     EXPECT_TRUE(Network().txtContacts.State().refused);
-    EXPECT_EQ(Stored("SendContactsTo"), "");
+    EXPECT_EQ(Stored("SendContactsTo"), "shack:1,nowhere");
     Click(Network().cmdDone);
     EXPECT_TRUE(Network().IsVisible()) << "to be corrected";
     EXPECT_TRUE(Network().txtContacts.HasFocus());
     Log("K2YY");
-    EXPECT_EQ(TakeSent().at(0).to, kHere);
+    const std::vector<sim::SentDatagram> sent = TakeSent();
+    ASSERT_EQ(sent.size(), 1U);
+    EXPECT_EQ(sent.at(0).to, "shack:1");
+    EXPECT_EQ(Failure(), "nowhere" + kNoAddress);
     Focus(Network().txtContacts);
     Type("x");
     EXPECT_EQ(Failure(), "") << "it is being corrected";
@@ -116,6 +119,20 @@ TEST_F(NetworkSetupTest, ABadAddressThatIsStoredIsNamedAndTheGoodOnesAreSentTo) 
     EXPECT_EQ(sent.at(0).to, "127.0.0.1:2");
     Open();
     EXPECT_EQ(Failure(), "bad" + kNoAddress);
+}
+
+TEST_F(NetworkSetupTest, WhatIsTypedCountsWhenTheFormIsLeftForTheMainForm) {
+    StartSending();
+    Open();
+    Focus(Network().txtContacts);
+    Network().txtContacts.ReplaceByPaste("shack:1");
+    TheDesk().RunPending();
+    EXPECT_EQ(datagramSockets.opened, Lines{kHere}) << "it is being typed";
+    TheDesk().Activate(Main());
+    TheDesk().RunPending();
+    EXPECT_TRUE(Network().IsVisible());
+    Log("K2YY");
+    EXPECT_EQ(TakeSent().at(0).to, "shack:1");
 }
 
 TEST_F(NetworkSetupTest, EscDropsWhatWasTyped) {

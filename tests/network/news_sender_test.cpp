@@ -14,9 +14,11 @@ struct NewsSenderTest : testing::Test, sim::Machine {
     Desk desk{clock, pump, dialogs, clipboard};
     NewsSender sender{desk, datagramSockets};
 
-    void SendTo(const std::string& addresses) { sender.SendTo(ReadAddresses(addresses).addresses); }
+    void SendTo(const std::string& addresses, News news = News::Contacts) {
+        sender.SendTo(news, ReadAddresses(addresses).addresses);
+    }
     void Send(const std::string& document) {
-        sender.Send(document);
+        sender.Send(News::Contacts, document);
         desk.RunPending();
     }
     void Pass(Tick milliseconds) {
@@ -26,10 +28,7 @@ struct NewsSenderTest : testing::Test, sim::Machine {
             desk.RunPending();
         }
     }
-    std::string Failure() const {
-        const std::optional<NewsFailure> failure = sender.LastFailure();
-        return failure ? failure->text : "";
-    }
+    std::string Failure() const { return sender.LastFailure(); }
     /// "one:1 a, two:2 a" since the last call.
     std::string TakeSent() {
         std::string all;
@@ -50,8 +49,8 @@ TEST_F(NewsSenderTest, WithoutAddressesThereIsNoSocketAndNothingIsSent) {
 TEST_F(NewsSenderTest, EachAddressGetsEachDocumentAtOnce) {
     SendTo("127.0.0.1:1,127.0.0.1:2");
     EXPECT_EQ(datagramSockets.made, 2);
-    sender.Send("a");
-    sender.Send("b");
+    sender.Send(News::Contacts, "a");
+    sender.Send(News::Contacts, "b");
     EXPECT_EQ(TakeSent(), "127.0.0.1:1 a, 127.0.0.1:2 a, 127.0.0.1:1 b, 127.0.0.1:2 b") << "no event had to run";
 }
 
@@ -83,13 +82,48 @@ TEST_F(NewsSenderTest, OfWhatWaitsForALookUpTheOldestGoes) {
     datagramSockets.slow = {"slow:1"};
     SendTo("slow:1");
     for (int i = 0; i < 100; ++i) {
-        sender.Send(std::to_string(i));
+        sender.Send(News::Contacts, std::to_string(i));
     }
     datagramSockets.Find("slow:1");
     desk.RunPending();
     ASSERT_EQ(datagramSockets.sent.size(), NewsSender::kMostWaiting);
     EXPECT_EQ(datagramSockets.sent.front().bytes, "36");
     EXPECT_EQ(datagramSockets.sent.back().bytes, "99");
+}
+
+TEST_F(NewsSenderTest, AnAddressOfBothKindsHasOneSocket) {
+    SendTo("127.0.0.1:1,127.0.0.1:2");
+    SendTo("127.0.0.1:2,127.0.0.1:3", News::Radio);
+    EXPECT_EQ(datagramSockets.made, 3);
+    Send("a");
+    sender.Send(News::Radio, "r");
+    EXPECT_EQ(TakeSent(), "127.0.0.1:1 a, 127.0.0.1:2 a, 127.0.0.1:2 r, 127.0.0.1:3 r");
+    SendTo("", News::Radio);
+    sender.Send(News::Radio, "r");
+    Send("b");
+    EXPECT_EQ(TakeSent(), "127.0.0.1:1 b, 127.0.0.1:2 b");
+    EXPECT_EQ(datagramSockets.opened.size(), 3U) << "what is chosen of one kind opens no address of the other anew";
+}
+
+TEST_F(NewsSenderTest, OfAnAddressThatOneKindLeavesWhatWaitsOfTheOtherIsSent) {
+    datagramSockets.slow = {"slow:1"};
+    SendTo("slow:1");
+    SendTo("slow:1", News::Radio);
+    Send("a");
+    sender.Send(News::Radio, "r");
+    SendTo("", News::Radio);
+    datagramSockets.Find("slow:1");
+    desk.RunPending();
+    EXPECT_EQ(TakeSent(), "slow:1 a");
+}
+
+TEST_F(NewsSenderTest, WhatIsWellComesBeforeWhatIsTriedAnew) {
+    datagramSockets.unopenable["none:1"] = kTcpHostNotFound;
+    SendTo("none:1,127.0.0.1:2");
+    Pass(10'000);
+    datagramSockets.unopenable.clear();
+    Send("a");
+    EXPECT_EQ(TakeSent(), "127.0.0.1:2 a, none:1 a");
 }
 
 TEST_F(NewsSenderTest, ARefusedAddressIsNamedAndKeepsNobodyFromAnything) {

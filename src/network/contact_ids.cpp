@@ -42,9 +42,13 @@ std::string NameOf(const Contact& contact, int taken) {
     return Hexadecimal(HashOf("1|" + text)) + Hexadecimal(HashOf("2|" + text));
 }
 
-/// Whether one before it in the log makes the same name.
+/// Whether one before it in the log makes the same name. Within a second no edit brings a serial a second time, so that
+/// the log is searched only for a contact that was entered afterwards, whose time has no seconds.
 bool IsTwin(const ContactLog& log, std::int32_t row) {
     const Contact& contact = log.Row(row);
+    if (contact.Time.size() > std::string_view{"hh:mm"}.size()) {
+        return false;
+    }
     for (std::int32_t n = 1; n < row; ++n) {
         const Contact& earlier = log.Row(n);
         if (earlier.Ns == contact.Ns && earlier.Date == contact.Date && earlier.Time == contact.Time) {
@@ -68,15 +72,11 @@ std::string ContactIds::IdOf(const Contact& contact) const {
     }
 }
 
-/// The log is not searched while the operator types on: a serial comes a second time only behind an edit, of which
-/// there is a row.
 void ContactIds::Add(const ContactLog& log, std::int32_t row) {
     Change([&log, row](std::vector<Row>& rows) {
         const Contact& contact = log.Row(row);
         Drop(rows, contact);
-        if (!rows.empty()) {
-            Put(rows, contact, FreeName(rows, contact, IsTwin(log, row) ? 1 : 0));
-        }
+        Put(rows, contact, FreeName(rows, contact, IsTwin(log, row) ? 1 : 0));
     });
 }
 

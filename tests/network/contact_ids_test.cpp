@@ -113,20 +113,16 @@ TEST_F(ContactIdsTest, ANewContactThatMakesTheNameOfAnotherHasTheNextOneAndKeeps
     EXPECT_EQ(ids.IdOf(log.Row(1)), id) << "though the one before it is free now";
 }
 
-TEST_F(ContactIdsTest, SoHasOneWhoseSerialComesASecondTimeBehindAnEditOfTheLast) {
-    Contact last = With(&Contact::Ns, "13");
-    last.Call = "K2YY";
-    Contact lower = last;
-    lower.Ns = "11";
-    ids.Keep(last, lower);
+TEST_F(ContactIdsTest, SoHasOneEnteredAfterwardsWhoseSerialComesASecondTimeBehindAnEdit) {
     ContactLog log;
-    log.Row(1) = contact;
-    log.Row(2) = lower;
-    log.Row(3) = With(&Contact::Call, "K3ZZ");
-    log.gContactCount = 3;
+    for (const auto& [serial, call] : {std::pair{"12", "K9ZO"}, {"11", "K2YY"}, {"12", "K3ZZ"}}) {
+        Contact& each = log.Row(++log.gContactCount) = With(&Contact::Time, "21:04");
+        each.Ns = serial;
+        each.Call = call;
+    }
     ids.Add(log, 3);
-    EXPECT_EQ(ids.IdOf(contact), IdOfCommit(contact));
-    EXPECT_NE(ids.IdOf(log.Row(3)), ids.IdOf(contact));
+    EXPECT_EQ(ids.IdOf(log.Row(1)), IdOfCommit(log.Row(1)));
+    EXPECT_NE(ids.IdOf(log.Row(3)), ids.IdOf(log.Row(1)));
 }
 
 TEST_F(ContactIdsTest, ARowLeavesWithItsContact) {

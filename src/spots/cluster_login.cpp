@@ -196,10 +196,9 @@ void ClusterLogin::Answer(ClusterPrompt prompt) {
     Send(answer.text);
 }
 
-/// The password is that of the cluster whose address stands in the form.
 std::string ClusterLogin::AnswerTo(ClusterPrompt prompt) const {
     if (prompt == ClusterPrompt::Password) {
-        return Trim(form_.txtTelnetHost.Text()) == host_ ? form_.txtPassword.Text() : std::string{};
+        return passwordsNode() == host_ + ':' + std::to_string(port_) ? form_.txtPassword.Text() : std::string{};
     }
     const std::string call = Trim(form_.txtLogin.Text());
     return call.empty() ? Trim(preferences_.gOwnCall) : call;

@@ -30,6 +30,8 @@ public:
 
     /// A line that begins with "DX", without its end.
     std::function<void(std::string_view post)> received = [](std::string_view) {};
+    /// Whose password stands in the box, HOST:PORT; it goes to no other.
+    std::function<std::string()> passwordsNode = [] { return std::string{}; };
     /// More is there than one turn takes: Arrived is to be called again.
     std::function<void()> moreWaits = [] {};
 

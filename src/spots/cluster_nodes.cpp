@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "values/number.h"
 #include "values/text.h"
 
 namespace tallyhut {
@@ -10,6 +11,7 @@ namespace {
 constexpr const char* kSection = "Machine";
 constexpr const char* kKey = "ClusterNodes";
 constexpr std::size_t kMostNodes = 100;
+constexpr int kHighestPort = 65'535;
 
 /// What a host's name and a port are made of.
 bool IsAddress(std::string_view text) {
@@ -19,9 +21,15 @@ bool IsAddress(std::string_view text) {
 
 }  // namespace
 
+int PortInForm(const PacketSpotfrm& form) {
+    const double port = ParseNumber(form.txtTelnetPort.Text()).value_or(0);
+    return port >= 1 && port <= kHighestPort ? static_cast<int>(port) : 0;
+}
+
 std::string NodeInForm(const PacketSpotfrm& form) {
     const std::string host = Trim(form.txtTelnetHost.Text());
-    return host.empty() ? "" : host + ':' + Trim(form.txtTelnetPort.Text());
+    const int port = PortInForm(form);
+    return host.empty() || port == 0 ? "" : host + ':' + std::to_string(port);
 }
 
 void ClusterNodes::Show() {

@@ -78,13 +78,13 @@ void ClusterPassword::TakeAnswer(const KeyringAnswer& answer) {
 void ClusterPassword::txtPassword_Change() {
     if (!filling_) {
         wasTyped_ = true;
-        isForForm_ = true;
+        node_ = NodeInForm(form_);
     }
     keyring_.ShieldMemory(!form_.txtPassword.Text().empty());
 }
 
 void ClusterPassword::chkKeepPassword_Click() {
-    node_ = NodeInForm(form_);
+    TakeOtherNode();
     if (!form_.chkKeepPassword.Value()) {
         if (!node_.empty()) {
             keyring_.Forget(node_);
@@ -99,26 +99,26 @@ void ClusterPassword::chkKeepPassword_Click() {
 }
 
 void ClusterPassword::TakeOtherNode() {
-    if (NodeInForm(form_) == node_) {
+    const std::string node = NodeInForm(form_);
+    if (node == node_) {
         return;
     }
-    node_ = NodeInForm(form_);
+    const bool isForTheFirst = node_.empty() && wasTyped_;
+    node_ = node;
+    if (isForTheFirst) {
+        return;
+    }
     filling_ = true;
     form_.txtPassword.SetText("");
     filling_ = false;
     wasTyped_ = false;
-    isForForm_ = false;
     if (Keeps()) {
         Fetch();
     }
 }
 
 void ClusterPassword::Store() {
-    if (!node_.empty() && !isForForm_) {
-        TakeOtherNode();
-    }
-    node_ = NodeInForm(form_);
-    isForForm_ = false;
+    TakeOtherNode();
     if (!Keeps() || !wasTyped_ || node_.empty()) {
         return;
     }

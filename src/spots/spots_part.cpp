@@ -47,6 +47,7 @@ void SpotsPart::Bind(LogPart& log, const SerialPorts& ports) {
     log.band.bandChanged = [this] { bandMap.DisplayBandMapLabels(); };
     transports.received = [this](std::string_view post) { Take(post); };
     transports.login.received = [this](std::string_view post) { Take(post); };
+    transports.login.passwordsNode = [this] { return clusterPassword.Node(); };
     transports.login.moreWaits = [this] { arrived_.Signal(); };
     transports.age = [this] { bandMap.DisplayBandMapLabels(); };
     posts.drawMaps = [this] {

@@ -26,11 +26,12 @@ struct ClusterLoginTest : testing::Test {
     IoSource arrived{desk, socket->EventDescriptor(), [this] { login.Arrived(); }};
     sim::TcpPeer& cluster = machine.tcpSockets.Peer(0);
     std::vector<std::string> posts;
+    std::string passwordsNode = "cluster.example:7300";
 
     ClusterLoginTest() {
         preferences.gOwnCall = "W1AW";
-        form.txtTelnetHost.SetText("cluster.example");
         login.received = [this](std::string_view post) { posts.emplace_back(post); };
+        login.passwordsNode = [this] { return passwordsNode; };
         login.moreWaits = [this] { arrived.Signal(); };
     }
 
@@ -123,12 +124,14 @@ TEST_F(ClusterLoginTest, PasswordThatComesLateIsGivenToThePromptThatStands) {
     EXPECT_EQ(cluster.TakeSent(), "") << "once";
 }
 
-TEST_F(ClusterLoginTest, PasswordIsGivenToNoOtherHost) {
+TEST_F(ClusterLoginTest, PasswordIsGivenToNoOtherHostOrPort) {
     form.txtPassword.SetText("hush");
-    Open();
-    form.txtTelnetHost.SetText("other.example");
-    Arrive("password: ");
-    EXPECT_EQ(cluster.TakeSent(), "");
+    for (const char* other : {"", "other.example:7300", "cluster.example:73", "cluster.example:73000"}) {
+        passwordsNode = other;
+        Open();
+        Arrive("password: ");
+        EXPECT_EQ(cluster.TakeSent(), "") << other;
+    }
 }
 
 TEST_F(ClusterLoginTest, WhoIsInsideGivesNoPasswordAndIsNotThrownOutByWhatOthersSay) {

@@ -7,18 +7,18 @@
 namespace tallyhut {
 namespace {
 
-constexpr std::string_view kLooking = "Looking for the desktop's keyring_.";
+constexpr std::string_view kLooking = "Looking for the desktop's keyring.";
 constexpr std::string_view kKept = "It is kept in the desktop's keyring, and nowhere else.";
 
 }  // namespace
 
 void ClusterPassword::Show() {
     node_ = NodeInForm(form_);
-    form_.chkKeepPassword.SetToolTip(kLooking);
 }
 
 void ClusterPassword::LookForKeyring() {
     if (!isThere_) {
+        form_.chkKeepPassword.SetToolTip(kLooking);
         keyring_.Look();
     }
 }
@@ -29,6 +29,7 @@ bool ClusterPassword::Keeps() const {
 
 void ClusterPassword::Fetch() {
     if (!node_.empty()) {
+        keyring_.ShieldMemory();  // before what it keeps is in the memory
         keyring_.Fetch(node_);
     }
 }
@@ -80,7 +81,9 @@ void ClusterPassword::txtPassword_Change() {
         wasTyped_ = true;
         node_ = NodeInForm(form_);
     }
-    keyring_.ShieldMemory(!form_.txtPassword.Text().empty());
+    if (!form_.txtPassword.Text().empty()) {
+        keyring_.ShieldMemory();
+    }
 }
 
 void ClusterPassword::chkKeepPassword_Click() {

@@ -9,8 +9,8 @@
 namespace tallyhut {
 
 /// The password of a cluster. It stands in its box and, if the operator wants that and the desktop has a keyring, in
-/// that one, by the cluster's address; never anywhere else. While the box holds one, no image of the program's memory
-/// is written.
+/// that one, by the cluster's address; never anywhere else. Once the box has held one, no image of the program's memory
+/// is written any more.
 class ClusterPassword {
 public:
     ClusterPassword(PacketSpotfrm& setupForm, Keyring& desktopKeyring) : form_{setupForm}, keyring_{desktopKeyring} {}

@@ -48,6 +48,14 @@ TEST_F(PosixSocketTest, ConnectsSaysAndHears) {
     EXPECT_FALSE(HasEvent());
 }
 
+TEST_F(PosixSocketTest, NothingOfWhatIsSentIsLeftBehind) {
+    const std::string_view object{reinterpret_cast<const char*>(&socket), sizeof socket};  // short texts lie within
+    Connect();
+    socket.Send("hush\r\n");
+    EXPECT_EQ(server.Read(6), "hush\r\n");
+    EXPECT_EQ(object.find("ush"), std::string_view::npos);
+}
+
 TEST_F(PosixSocketTest, NameIsLookedUpAside) {
     socket.Connect("localhost", server.Port());
     EXPECT_FALSE(socket.IsConnected());

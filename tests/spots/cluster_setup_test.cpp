@@ -77,6 +77,7 @@ TEST_F(ClusterSetupTest, WithoutAClusterNobodyAsksForAKeyring) {
     StartOnTime();
     ShowSetup();
     EXPECT_EQ(keyring.looks, 0);
+    EXPECT_EQ(SetupForm().chkKeepPassword.State().toolTip, "");
     EXPECT_FALSE(SetupForm().chkLogin.IsShown());
     EXPECT_FALSE(SetupForm().chkNeededOnly.IsShown());
     TheDesk().PostRowClick(SetupForm().List1, 2, kLeftButton);
@@ -210,7 +211,7 @@ TEST_F(ClusterSetupTest, PasswordIsKeptInTheKeyringAndOnlyThere) {
     Click(SetupForm().chkKeepPassword);
     EXPECT_TRUE(keyring.kept.empty());
     SetupForm().txtPassword.SetText("");
-    EXPECT_FALSE(keyring.isShielded);
+    EXPECT_TRUE(keyring.isShielded) << "something may be left of it";
 }
 
 TEST_F(ClusterSetupTest, SlowKeyringHoldsNobodyUpAndItsPasswordIsGivenWhenItComes) {
@@ -219,6 +220,7 @@ TEST_F(ClusterSetupTest, SlowKeyringHoldsNobodyUpAndItsPasswordIsGivenWhenItCome
     keyring.kept["cluster:7300"] = "hush";
     keyring.isSlow = true;
     Begin();
+    EXPECT_EQ(SetupForm().chkKeepPassword.State().toolTip, "Looking for the desktop's keyring.");
     Say("password: ");
     EXPECT_EQ(Node().TakeSent(), "");
     EXPECT_FALSE(SetupForm().chkKeepPassword.State().enabled);

@@ -2,13 +2,13 @@
 
 #include <algorithm>
 
+#include "spots/cluster_settings.h"
 #include "values/number.h"
 #include "values/text.h"
 
 namespace tallyhut {
 namespace {
 
-constexpr const char* kSection = "Machine";
 constexpr const char* kKey = "ClusterNodes";
 constexpr std::size_t kMostNodes = 100;
 constexpr int kHighestPort = 65'535;
@@ -34,7 +34,7 @@ std::string NodeInForm(const PacketSpotfrm& form) {
 
 void ClusterNodes::Show() {
     std::vector<std::string> nodes;
-    for (std::string& node : Words(settings.Get(kSection, kKey))) {
+    for (std::string& node : Words(settings.Get(kMachineSection, kKey))) {
         if (IsAddress(node) && nodes.size() < kMostNodes) {
             nodes.push_back(std::move(node));
         }
@@ -77,7 +77,7 @@ void ClusterNodes::Keep(const std::vector<std::string>& nodes) {
     for (const std::string& node : nodes) {
         text += (text.empty() ? "" : " ") + node;
     }
-    settings.Set(kSection, kKey, text);
+    settings.Set(kMachineSection, kKey, text);
     form.lstNodes.SetItems(nodes);
 }
 

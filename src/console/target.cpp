@@ -33,6 +33,11 @@ Json TextOf(const Control& control) {
     return TextJson(state.secret && !state.text.empty() ? kSecretText : state.text);
 }
 
+/// Of a secret it would tell the length.
+Json SelectionOf(const Control& control, int characters) {
+    return control.State().secret ? 0 : characters;
+}
+
 Json ValueOf(const Control& control) {
     return HasChoice(control) ? Json(control.State().chosen ? 1 : 0) : TextOf(control);
 }
@@ -53,8 +58,8 @@ constexpr std::array kControlProperties{
     ControlProperty{"foreColor", [](const Control& c) { return Json(c.State().foreColor); }},
     ControlProperty{"backColor", [](const Control& c) { return Json(c.State().backColor); }},
     ControlProperty{"fontSize", [](const Control& c) { return NumberJson(c.State().fontSize); }},
-    ControlProperty{"selStart", [](const Control& c) { return Json(c.State().selStart); }},
-    ControlProperty{"selLength", [](const Control& c) { return Json(c.State().selLength); }},
+    ControlProperty{"selStart", [](const Control& c) { return SelectionOf(c, c.State().selStart); }},
+    ControlProperty{"selLength", [](const Control& c) { return SelectionOf(c, c.State().selLength); }},
     ControlProperty{"maxLength", [](const Control& c) { return Json(c.State().maxLength); }},
     ControlProperty{"tabIndex", [](const Control& c) { return Json(c.State().tabIndex); }},
     ControlProperty{"focused", [](const Control& c) { return Json(c.HasFocus()); }},

@@ -40,8 +40,9 @@ struct Keyring {
     /// Has something to read whenever Take may have an answer; the same for as long as the keyring lives.
     virtual int EventDescriptor() const = 0;
 
-    /// While the program holds a secret, the system writes no image of its memory, whatever becomes of it.
-    virtual void ShieldMemory(bool holdsSecret) = 0;
+    /// From now on to its end the system writes no image of the program's memory, whatever becomes of it: where a
+    /// secret has been held once, something may be left of it.
+    virtual void ShieldMemory() = 0;
 };
 
 }  // namespace tallyhut

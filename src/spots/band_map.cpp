@@ -140,12 +140,12 @@ void BandMap::PlaceLabels(const std::vector<Shown>& shown) {
 void BandMap::ShowList() {
     listedRows.clear();
     for (std::size_t row = 0; row < posts.listed.size(); ++row) {
-        if (filter.Shows(posts.sifted[row].text, posts.sifted[row].spotter)) {
+        if (filter.Shows(posts.listed[row].text, posts.listed[row].spotter)) {
             listedRows.push_back(row);
         }
     }
     panel.form.txtDX.SetRows(listedRows.size(), [this](std::size_t row, std::size_t column) {
-        return posts.listed.at(listedRows.at(row)).at(column);
+        return posts.listed.at(listedRows.at(row)).row.at(column);
     });
 }
 
@@ -164,7 +164,7 @@ void BandMap::txtDX_Click() {
     if (selected < 0 || static_cast<std::size_t>(selected) >= listedRows.size()) {
         return;
     }
-    const SpotListRow spot = posts.listed.at(listedRows[static_cast<std::size_t>(selected)]);
+    const SpotListRow spot = posts.listed.at(listedRows[static_cast<std::size_t>(selected)]).row;
     const std::optional<double> megahertz = ParseNumber(spot[1]);
     if (!megahertz) {
         return;

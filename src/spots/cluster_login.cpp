@@ -16,6 +16,7 @@ namespace {
 constexpr std::array kPauses{5, 15, 30, 60};  ///< seconds; the last one again and again
 constexpr std::int32_t kSecond = 1'000;
 constexpr std::int32_t kGoodAfter = 60 * kSecond;
+constexpr std::int32_t kUntilInside = 2 * kSecond;
 constexpr std::int32_t kBetweenLines = 2 * kSecond;  ///< nodes take more for a flood
 constexpr std::int32_t kAtRest = 300;
 constexpr Tick kLongestTurn = 20;
@@ -44,6 +45,7 @@ ClusterLogin::ClusterLogin(PacketSpotfrm& setupForm, TcpSocket& clusterSocket, D
       terminal_{setupForm.txtUnProcessed},
       pause_{owner, [this] { Connect(); }},
       good_{owner, [this] { failures_ = 0; }},
+      settling_{owner, [this] { GoInside(); }},
       sending_{owner, [this] { SendNextLine(); }},
       rest_{owner, [this] { Rest(); }} {}
 
@@ -62,7 +64,7 @@ void ClusterLogin::Close() {
 }
 
 void ClusterLogin::StopWaiting() {
-    for (Alarm* alarm : {&pause_, &good_, &sending_, &rest_}) {
+    for (Alarm* alarm : {&pause_, &good_, &settling_, &sending_, &rest_}) {
         alarm->Stop();
     }
 }
@@ -74,7 +76,6 @@ void ClusterLogin::Connect() {
     answered_.clear();
     isInside_ = false;
     lines_.clear();
-    lastSent_.reset();
     socket_.Connect(host_, port_);
 }
 
@@ -126,18 +127,19 @@ void ClusterLogin::TakeText() {
 }
 
 void ClusterLogin::TakeLine(const std::string& line) {
+    const std::string plain = ShownText(line);
+    const bool isPost = BeginsPost(plain);
     const std::string shown = ShownText(WithoutSecret(line, form_.txtPassword.Text(), true));
-    const bool isPost = BeginsPost(shown);
     shown_ = std::min(shown_, shown.size());  // of a line that has grown too long nothing is left
     if (isPost || !form_.chkDX.Value()) {
         ShowRest(shown + std::string{kLineEnd});
     }
     shown_ = 0;
-    if (EndsInside(shown)) {
-        GoInside();
+    if (EndsInside(plain)) {
+        SeeInside();
     }
     if (isPost) {
-        received(shown);
+        received(plain);
     }
 }
 
@@ -154,10 +156,13 @@ void ClusterLogin::LookAtUnfinished() {
     }
 }
 
+/// What follows a prompt that rests begins a line, whether a line end comes first or not.
 void ClusterLogin::Rest() {
     ShowUnfinished();
     if (EndsInside(ShownText(text_.Unfinished()))) {
-        GoInside();
+        text_.EndUnfinished();
+        shown_ = 0;
+        SeeInside();
     }
 }
 
@@ -174,12 +179,12 @@ void ClusterLogin::ShowUnfinished() {
     }
 }
 
-/// What somebody says to one who is inside may end like a prompt, and is cut anywhere on its way. So a password is
-/// never given there, and the call only by one who has not been asked for it: a banner may end like the inside does.
+/// What somebody says to one who is inside may end like a prompt, and is cut anywhere on its way: it is never answered.
 void ClusterLogin::Answer(ClusterPrompt prompt) {
-    if (isInside_ && (prompt == ClusterPrompt::Password || !answered_.empty())) {
+    if (isInside_) {
         return;
     }
+    settling_.Stop();
     if (answered_.contains(prompt)) {
         PutOff("The login has failed: the cluster asks again.");
         return;
@@ -189,17 +194,14 @@ void ClusterLogin::Answer(ClusterPrompt prompt) {
         return;  // the operator's own
     }
     answered_.insert(prompt);
-    isInside_ = false;
-    sending_.Stop();
     text_.EndUnfinished();
     shown_ = 0;
     Send(answer.text);
 }
 
-/// The password is that of the cluster whose address stands in the form.
 std::string ClusterLogin::AnswerTo(ClusterPrompt prompt) const {
     if (prompt == ClusterPrompt::Password) {
-        return Trim(form_.txtTelnetHost.Text()) == host_ ? form_.txtPassword.Text() : std::string{};
+        return passwordsNode() == host_ + ':' + std::to_string(port_) ? form_.txtPassword.Text() : std::string{};
     }
     const std::string call = Trim(form_.txtLogin.Text());
     return call.empty() ? Trim(preferences_.gOwnCall) : call;
@@ -212,25 +214,22 @@ void ClusterLogin::PasswordIsThere() {
 }
 
 void ClusterLogin::Send(std::string_view text) {
-    Secret line{std::string{text}};
-    line.text += kLineEnd;
+    Secret line;
+    AppendSecret(line.text, text);
+    AppendSecret(line.text, kLineEnd);
     socket_.Send(line.text);
-    lastSent_ = desk_.clock.TickMs();
+}
+
+void ClusterLogin::SeeInside() {
+    if (!isInside_ && !settling_.IsStarted()) {
+        settling_.StartOnce(kUntilInside);
+    }
 }
 
 void ClusterLogin::GoInside() {
-    if (isInside_) {
-        return;
-    }
     isInside_ = true;
     lines_ = LinesToSend(form_.txtLoginSend.Text());
-    const Tick now = desk_.clock.TickMs();
-    const Tick due = lastSent_ ? *lastSent_ + kBetweenLines : now;
-    if (due <= now) {
-        SendNextLine();
-    } else {
-        sending_.StartOnce(static_cast<std::int32_t>(due - now));
-    }
+    SendNextLine();
 }
 
 void ClusterLogin::SendNextLine() {

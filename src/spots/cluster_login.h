@@ -22,6 +22,9 @@ namespace tallyhut {
 /// asks for, each prompt once a connection, sends the operator's lines once inside, and when the connection fails or
 /// ends, or the cluster asks again, it connects anew after a pause. A line is a post if it begins with "DX".
 ///
+/// Banners end like the inside does. So one is inside when two seconds have passed behind a line that does, or a prompt
+/// of the kind that no line end follows, in which the cluster asks for nothing; what asks then is what somebody says.
+///
 /// Nothing waits in it, and what comes is taken in bounded parts. The password is read from its box when it is sent,
 /// and stands nowhere else; what the cluster echoes of it is not shown.
 class ClusterLogin {
@@ -30,6 +33,8 @@ public:
 
     /// A line that begins with "DX", without its end.
     std::function<void(std::string_view post)> received = [](std::string_view) {};
+    /// Whose password stands in the box, HOST:PORT; it goes to no other.
+    std::function<std::string()> passwordsNode = [] { return std::string{}; };
     /// More is there than one turn takes: Arrived is to be called again.
     std::function<void()> moreWaits = [] {};
 
@@ -54,6 +59,7 @@ private:
     void LookAtUnfinished();
     /// What stands unfinished has stood for a while: nothing follows at once.
     void Rest();
+    void SeeInside();
     void Answer(ClusterPrompt prompt);
     std::string AnswerTo(ClusterPrompt prompt) const;
     void GoInside();
@@ -83,11 +89,11 @@ private:
     std::set<ClusterPrompt> answered_;
     bool isInside_ = false;
     std::deque<std::string> lines_;  ///< to be sent
-    std::optional<Tick> lastSent_;
 
-    Alarm pause_;    ///< before the next attempt
-    Alarm good_;     ///< until the connection counts as a good one
-    Alarm sending_;  ///< until the next line
+    Alarm pause_;     ///< before the next attempt
+    Alarm good_;      ///< until the connection counts as a good one
+    Alarm settling_;  ///< until what looks like the inside is the inside
+    Alarm sending_;   ///< until the next line
     Alarm rest_;
 };
 

@@ -2,14 +2,16 @@
 
 #include <algorithm>
 
+#include "spots/cluster_settings.h"
+#include "values/number.h"
 #include "values/text.h"
 
 namespace tallyhut {
 namespace {
 
-constexpr const char* kSection = "Machine";
 constexpr const char* kKey = "ClusterNodes";
 constexpr std::size_t kMostNodes = 100;
+constexpr int kHighestPort = 65'535;
 
 /// What a host's name and a port are made of.
 bool IsAddress(std::string_view text) {
@@ -19,14 +21,20 @@ bool IsAddress(std::string_view text) {
 
 }  // namespace
 
+int PortInForm(const PacketSpotfrm& form) {
+    const double port = ParseNumber(form.txtTelnetPort.Text()).value_or(0);
+    return port >= 1 && port <= kHighestPort ? static_cast<int>(port) : 0;
+}
+
 std::string NodeInForm(const PacketSpotfrm& form) {
     const std::string host = Trim(form.txtTelnetHost.Text());
-    return host.empty() ? "" : host + ':' + Trim(form.txtTelnetPort.Text());
+    const int port = PortInForm(form);
+    return host.empty() || port == 0 ? "" : host + ':' + std::to_string(port);
 }
 
 void ClusterNodes::Show() {
     std::vector<std::string> nodes;
-    for (std::string& node : Words(settings.Get(kSection, kKey))) {
+    for (std::string& node : Words(settings.Get(kMachineSection, kKey))) {
         if (IsAddress(node) && nodes.size() < kMostNodes) {
             nodes.push_back(std::move(node));
         }
@@ -69,7 +77,7 @@ void ClusterNodes::Keep(const std::vector<std::string>& nodes) {
     for (const std::string& node : nodes) {
         text += (text.empty() ? "" : " ") + node;
     }
-    settings.Set(kSection, kKey, text);
+    settings.Set(kMachineSection, kKey, text);
     form.lstNodes.SetItems(nodes);
 }
 

@@ -28,7 +28,10 @@ private:
     void Keep(const std::vector<std::string>& nodes);
 };
 
-/// The address of the cluster in the form, HOST:PORT; empty without a host.
+/// The port of the cluster in the form; 0 where that is none.
+int PortInForm(const PacketSpotfrm& form);
+
+/// The address of the cluster in the form, HOST:PORT; empty without a host or a port.
 std::string NodeInForm(const PacketSpotfrm& form);
 
 }  // namespace tallyhut

@@ -7,18 +7,18 @@
 namespace tallyhut {
 namespace {
 
-constexpr std::string_view kLooking = "Looking for the desktop's keyring_.";
+constexpr std::string_view kLooking = "Looking for the desktop's keyring.";
 constexpr std::string_view kKept = "It is kept in the desktop's keyring, and nowhere else.";
 
 }  // namespace
 
 void ClusterPassword::Show() {
     node_ = NodeInForm(form_);
-    form_.chkKeepPassword.SetToolTip(kLooking);
 }
 
 void ClusterPassword::LookForKeyring() {
     if (!isThere_) {
+        form_.chkKeepPassword.SetToolTip(kLooking);
         keyring_.Look();
     }
 }
@@ -29,6 +29,7 @@ bool ClusterPassword::Keeps() const {
 
 void ClusterPassword::Fetch() {
     if (!node_.empty()) {
+        keyring_.ShieldMemory();  // before what it keeps is in the memory
         keyring_.Fetch(node_);
     }
 }
@@ -78,13 +79,15 @@ void ClusterPassword::TakeAnswer(const KeyringAnswer& answer) {
 void ClusterPassword::txtPassword_Change() {
     if (!filling_) {
         wasTyped_ = true;
-        isForForm_ = true;
+        node_ = NodeInForm(form_);
     }
-    keyring_.ShieldMemory(!form_.txtPassword.Text().empty());
+    if (!form_.txtPassword.Text().empty()) {
+        keyring_.ShieldMemory();
+    }
 }
 
 void ClusterPassword::chkKeepPassword_Click() {
-    node_ = NodeInForm(form_);
+    TakeOtherNode();
     if (!form_.chkKeepPassword.Value()) {
         if (!node_.empty()) {
             keyring_.Forget(node_);
@@ -99,26 +102,26 @@ void ClusterPassword::chkKeepPassword_Click() {
 }
 
 void ClusterPassword::TakeOtherNode() {
-    if (NodeInForm(form_) == node_) {
+    const std::string node = NodeInForm(form_);
+    if (node == node_) {
         return;
     }
-    node_ = NodeInForm(form_);
+    const bool isForTheFirst = node_.empty() && wasTyped_;
+    node_ = node;
+    if (isForTheFirst) {
+        return;
+    }
     filling_ = true;
     form_.txtPassword.SetText("");
     filling_ = false;
     wasTyped_ = false;
-    isForForm_ = false;
     if (Keeps()) {
         Fetch();
     }
 }
 
 void ClusterPassword::Store() {
-    if (!node_.empty() && !isForForm_) {
-        TakeOtherNode();
-    }
-    node_ = NodeInForm(form_);
-    isForForm_ = false;
+    TakeOtherNode();
     if (!Keeps() || !wasTyped_ || node_.empty()) {
         return;
     }

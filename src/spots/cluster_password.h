@@ -9,8 +9,8 @@
 namespace tallyhut {
 
 /// The password of a cluster. It stands in its box and, if the operator wants that and the desktop has a keyring, in
-/// that one, by the cluster's address; never anywhere else. While the box holds one, no image of the program's memory
-/// is written.
+/// that one, by the cluster's address; never anywhere else. Once the box has held one, no image of the program's memory
+/// is written any more.
 class ClusterPassword {
 public:
     ClusterPassword(PacketSpotfrm& setupForm, Keyring& desktopKeyring) : form_{setupForm}, keyring_{desktopKeyring} {}
@@ -26,11 +26,13 @@ public:
     void Keyring_Arrived();
     void txtPassword_Change();
     void chkKeepPassword_Click();
-    /// The form may name another cluster than before: no password goes to one that it was not typed or kept for.
+    /// The form may name another cluster than before: the box is emptied then, unless what stands there was typed
+    /// before any cluster was named.
     void TakeOtherNode();
-    /// Takes it that the password is for the cluster in the form, if it was typed since, and keeps it, if the operator
-    /// wants that.
+    /// The same, and keeps what was typed, if the operator wants that.
     void Store();
+    /// Whose password stands in the box, HOST:PORT: the cluster that the form named when it was typed or fetched.
+    const std::string& Node() const { return node_; }
 
 private:
     void TakeAnswer(const KeyringAnswer& answer);
@@ -41,9 +43,8 @@ private:
     Keyring& keyring_;
     bool isThere_ = false;  ///< the keyring
     bool filling_ = false;
-    bool wasTyped_ = false;   ///< by the operator, and is not kept yet
-    bool isForForm_ = false;  ///< it was typed since the cluster in the form was looked at
-    std::string node_ = {};   ///< whose password the box is for
+    bool wasTyped_ = false;  ///< by the operator, and is not kept yet
+    std::string node_ = {};
 };
 
 }  // namespace tallyhut

@@ -6,8 +6,6 @@
 namespace tallyhut {
 namespace {
 
-constexpr const char* kSection = "Machine";
-
 struct StoredBox {
     const char* key;
     CheckBox PacketSpotfrm::*box;
@@ -31,8 +29,8 @@ constexpr std::array kTexts{
 };
 
 void Keep(SettingsStore& settings, const char* key, const std::string& value) {
-    if (settings.Get(kSection, key) != value) {
-        settings.Set(kSection, key, value);
+    if (settings.Get(kMachineSection, key) != value) {
+        settings.Set(kMachineSection, key, value);
     }
 }
 
@@ -41,10 +39,10 @@ void Keep(SettingsStore& settings, const char* key, const std::string& value) {
 void ClusterSettings::Show() {
     loading = true;
     for (const StoredBox& row : kBoxes) {
-        (form.*row.box).SetValue(settings.Get(kSection, row.key) == "1");
+        (form.*row.box).SetValue(settings.Get(kMachineSection, row.key) == "1");
     }
     for (const StoredText& row : kTexts) {
-        (form.*row.box).SetText(settings.Get(kSection, row.key));
+        (form.*row.box).SetText(settings.Get(kMachineSection, row.key));
     }
     loading = false;
 }
@@ -55,7 +53,7 @@ void ClusterSettings::Store() {
     }
     for (const StoredBox& row : kBoxes) {
         const bool isSet = (form.*row.box).Value();
-        if (isSet || !settings.Get(kSection, row.key).empty()) {
+        if (isSet || !settings.Get(kMachineSection, row.key).empty()) {
             Keep(settings, row.key, isSet ? "1" : "0");
         }
     }

@@ -5,6 +5,9 @@
 
 namespace tallyhut {
 
+/// Where the settings hold what is the same for all contests of this machine.
+inline constexpr const char* kMachineSection = "Machine";
+
 /// What the setup keeps on this machine for all contests: how to log in to a cluster, and what maps and list leave out.
 /// No password is among it.
 struct ClusterSettings {

@@ -4,6 +4,7 @@
 #include <array>
 #include <utility>
 
+#include "spots/terminal_text.h"
 #include "values/text.h"
 
 namespace tallyhut {
@@ -16,7 +17,6 @@ constexpr unsigned char kFirstWithOption = 0xFB;  ///< WILL, WONT, DO and DONT
 constexpr unsigned char kCommand = 0xFF;
 
 constexpr std::size_t kLongestInside = 512;
-constexpr std::size_t kTooLongForPrompt = 60;
 constexpr std::string_view kInPlaceOfSecret = "****";
 
 struct PromptRow {
@@ -36,13 +36,29 @@ bool IsLetterOrDigit(char character) {
     return (character >= 'A' && character <= 'Z') || (character >= '0' && character <= '9');
 }
 
-/// How much of the end of the text is a beginning of the secret.
-std::size_t BegunAtEnd(std::string_view text, std::string_view secret) {
-    std::size_t length = std::min(text.size(), secret.empty() ? 0 : secret.size() - 1);
-    while (length > 0 && !text.ends_with(secret.substr(0, length))) {
-        --length;
+bool IsSameLetter(char one, char other) {
+    const auto upper = [](char letter) { return letter >= 'a' && letter <= 'z' ? letter - 'a' + 'A' : letter; };
+    return upper(one) == upper(other);
+}
+
+/// What a text begins with of a secret.
+struct Begun {
+    std::size_t ofText = 0;
+    std::size_t ofSecret = 0;
+};
+
+Begun BegunWith(std::string_view text, std::string_view secret) {
+    Begun begun;
+    while (begun.ofText < text.size() && begun.ofSecret < secret.size()) {
+        const char character = text[begun.ofText];
+        if (IsSameLetter(character, secret[begun.ofSecret])) {
+            ++begun.ofSecret;
+        } else if (begun.ofSecret == 0 || !IsControl(character)) {
+            break;
+        }
+        ++begun.ofText;
     }
-    return length;
+    return begun;
 }
 
 }  // namespace
@@ -118,9 +134,6 @@ void ClusterText::EndUnfinished() {
 }
 
 std::optional<ClusterPrompt> PromptIn(std::string_view unfinished) {
-    if (unfinished.size() >= kTooLongForPrompt) {
-        return std::nullopt;
-    }
     const std::string tail = UpperCase(TrimEnd(unfinished));
     for (const PromptRow& row : kPrompts) {
         const std::size_t before = tail.size() - std::min(row.text.size(), tail.size());
@@ -138,14 +151,18 @@ bool EndsInside(std::string_view line) {
 
 std::string WithoutSecret(std::string_view text, std::string_view secret, bool isFinished) {
     std::string shown;
-    for (std::size_t found = 0; !secret.empty(); text.remove_prefix(found + secret.size())) {
-        found = text.find(secret);
-        if (found == std::string_view::npos) {
+    while (!text.empty()) {
+        const Begun begun = BegunWith(text, secret);
+        const bool isWhole = !secret.empty() && begun.ofSecret == secret.size();
+        if (isWhole) {
+            shown += kInPlaceOfSecret;
+        } else if (begun.ofText == text.size() && !isFinished) {
             break;
+        } else {
+            shown += text.front();
         }
-        shown.append(text.substr(0, found)).append(kInPlaceOfSecret);
+        text.remove_prefix(isWhole ? begun.ofText : 1);
     }
-    shown += isFinished ? text : text.substr(0, text.size() - BegunAtEnd(text, secret));
     return shown;
 }
 

@@ -45,8 +45,7 @@ private:
 enum class ClusterPrompt : std::uint8_t { Login, Call, Callsign, Password };
 inline constexpr std::size_t kClusterPrompts = 4;
 
-/// The prompt that the text ends in, blanks behind it or not and letters in any case. No prompt is longer than a line
-/// of a banner is: nothing from 60 characters on, and "Last login:" is none.
+/// The prompt that the text ends in, blanks behind it or not and letters in any case. "Last login:" is none.
 ///
 /// @param unfinished  what stands behind the last line end
 std::optional<ClusterPrompt> PromptIn(std::string_view unfinished);
@@ -54,8 +53,9 @@ std::optional<ClusterPrompt> PromptIn(std::string_view unfinished);
 /// A line that ends in ">" is the prompt of one who is inside.
 bool EndsInside(std::string_view line);
 
-/// The text with "****" in place of the secret, which may be empty and is none then. Of an unfinished text the end is
-/// left out as long as it may be the beginning of the secret; so what is shown of a line goes on as the line does.
+/// The text with "****" in place of the secret, letters in any case and whatever control characters stand within it.
+/// The secret may be empty and is none then. Of an unfinished text the end is left out as long as it may be the
+/// beginning of the secret; so what is shown of a line goes on as the line does.
 std::string WithoutSecret(std::string_view text, std::string_view secret, bool isFinished);
 
 }  // namespace tallyhut

@@ -31,12 +31,13 @@ bool IsManner(std::string_view part) {
     return std::ranges::all_of(part, IsDigit) || std::ranges::find(kManners, part) != kManners.end();
 }
 
-/// The part of a call that says where it is operated from: of two the shorter one, in whatever order they stand.
+/// The part of a call that says where it is operated from: of two the shorter one, in whatever order they stand. In
+/// front of the stroke M, P and R are prefixes of countries.
 std::string_view PlaceOf(std::string_view call) {
     std::string_view place;
     while (!call.empty()) {
         const std::string_view part = call.substr(0, call.find('/'));
-        if (!IsManner(part) && (place.empty() || part.size() < place.size())) {
+        if (place.empty() || (!IsManner(part) && part.size() < place.size())) {
             place = part;
         }
         call.remove_prefix(std::min(part.size() + 1, call.size()));

@@ -80,12 +80,12 @@ void SpotPosts::Keep(std::string_view call, double kilohertz, std::string_view p
 void SpotPosts::List(std::string_view call, double kilohertz, std::string_view post, std::string_view section) {
     if (listed.size() >= kMostListed) {
         listed.pop_back();
-        sifted.pop_back();
     }
     const PostTexts texts = PostTextsOf(post, section);
-    listed.push_front({std::string{call}, PlainText(Megahertz(kilohertz)), table.SpotStatus, "Section", texts.comment,
-                       texts.behind, texts.time, texts.locator});
-    sifted.push_front({SpotTextOf(post, section), SpotterOf(post)});
+    listed.push_front({.row = {std::string{call}, PlainText(Megahertz(kilohertz)), table.SpotStatus, "Section",
+                               texts.comment, texts.behind, texts.time, texts.locator},
+                       .text = SpotTextOf(post, section),
+                       .spotter = SpotterOf(post)});
     listChanged();
 }
 

@@ -45,8 +45,10 @@ void SpotsPart::Bind(LogPart& log, const SerialPorts& ports) {
     setup.savePref = [&log] { log.preferencesFile.SavePref(); };
     setup.PacketResize = [this] { PacketResize(); };
     log.band.bandChanged = [this] { bandMap.DisplayBandMapLabels(); };
+    log.display.counted = [this] { TakeFilter(); };
     transports.received = [this](std::string_view post) { Take(post); };
     transports.login.received = [this](std::string_view post) { Take(post); };
+    transports.login.passwordsNode = [this] { return clusterPassword.Node(); };
     transports.login.moreWaits = [this] { arrived_.Signal(); };
     transports.age = [this] { bandMap.DisplayBandMapLabels(); };
     posts.drawMaps = [this] {
@@ -77,10 +79,7 @@ void SpotsPart::BindForm(const SerialPorts& ports) {
     };
     form.Form_Unload = [this] { transports.Form_Unload(); };
     form.Form_KeyDown = [this](int& KeyCode, int Shift) { transports.Form_KeyDown(KeyCode, Shift); };
-    form.Timer1.Elapsed = [this] {
-        transports.Timer1_Timer();
-        TakeFilter();
-    };
+    form.Timer1.Elapsed = [this] { transports.Timer1_Timer(); };
     form.List1.Click = [this] {
         setup.List1_Click();
         LookForKeyring();

@@ -2,7 +2,7 @@
 
 #include <cstddef>
 #include <string>
-#include <utility>
+#include <string_view>
 
 namespace tallyhut {
 
@@ -12,9 +12,17 @@ namespace tallyhut {
 /// @param from  0 to the text's size
 void OverwriteFrom(std::string& text, std::size_t from);
 
+/// Puts more behind the text. Where that wants other memory, zeros are left in what the text had.
+void AppendSecret(std::string& text, std::string_view more);
+
 /// A text whose memory is overwritten when it ends.
 struct Secret {
-    explicit Secret(std::string secretText) : text{std::move(secretText)} {}
+    Secret() = default;
+    /// Takes the text over, and leaves nothing of it there.
+    explicit Secret(std::string&& from) {
+        text.swap(from);
+        OverwriteFrom(from, 0);  // a short one was copied
+    }
     ~Secret() { OverwriteFrom(text, 0); }
     Secret(const Secret&) = delete;
     Secret& operator=(const Secret&) = delete;

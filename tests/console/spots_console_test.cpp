@@ -125,6 +125,11 @@ TEST_F(SpotsConsoleTest, SecretTextIsGivenToNoScript) {
     for (const char* property : {"", ".text", ".caption", ".value"}) {
         EXPECT_EQ(program.Get(std::string{"PacketSpotfrm.txtPassword"} + property), R"("****")");
     }
+    program.Do("focus txtPassword");
+    program.Do("key End");
+    EXPECT_EQ(program.Get("PacketSpotfrm.txtPassword.selStart"), "0") << "nor its length";
+    program.Do("key Shift+Home");
+    EXPECT_EQ(program.Get("PacketSpotfrm.txtPassword.selLength"), "0");
     const std::vector<std::string> dumped = program.Do("dump PacketSpotfrm");
     ASSERT_EQ(dumped.size(), 1U);
     EXPECT_EQ(dumped[0].find("hush"), std::string::npos);

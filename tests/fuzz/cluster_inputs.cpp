@@ -32,7 +32,7 @@ bool IsOneLine(const std::string& text) {
 }
 
 bool PromptIsAtTheEnd(const std::string& text) {
-    return !PromptIn(text) || (text.size() < 60 && PromptIn(TrimEnd(text)) == PromptIn(text) && !PromptIn(text + "x"));
+    return !PromptIn(text) || (PromptIn(TrimEnd(text)) == PromptIn(text) && !PromptIn(text + "x"));
 }
 
 /// The secret is a part of the text, so that it occurs.
@@ -42,7 +42,7 @@ bool SecretIsNotShown(const std::string& text) {
         return true;
     }
     const std::string whole = WithoutSecret(text, secret, true);
-    bool goesOn = whole.find(secret) == std::string::npos;
+    bool goesOn = UpperCase(whole).find(UpperCase(secret)) == std::string::npos;
     for (std::size_t cut = 0; cut <= std::min<std::size_t>(text.size(), 40); ++cut) {
         goesOn = goesOn && whole.starts_with(WithoutSecret(text.substr(0, cut), secret, false));
     }

@@ -149,18 +149,16 @@ TEST_F(SecretServiceTest, BusThatNeverAnswersHoldsUpNeitherTheProgramNorItsEnd) 
     close(listener);
 }
 
-TEST_F(SecretServiceTest, MemoryIsShieldedWhileASecretIsHeld) {
+TEST_F(SecretServiceTest, MemoryThatHasHeldASecretIsShieldedToTheEnd) {
     const int before = prctl(PR_GET_DUMPABLE, 0, 0, 0, 0);
     {
         SecretService keyring;
-        keyring.ShieldMemory(true);
-        keyring.ShieldMemory(true);
-        EXPECT_EQ(prctl(PR_GET_DUMPABLE, 0, 0, 0, 0), 0);
-        keyring.ShieldMemory(false);
         EXPECT_EQ(prctl(PR_GET_DUMPABLE, 0, 0, 0, 0), before);
-        keyring.ShieldMemory(true);
+        keyring.ShieldMemory();
+        EXPECT_EQ(prctl(PR_GET_DUMPABLE, 0, 0, 0, 0), 0);
     }
-    EXPECT_EQ(prctl(PR_GET_DUMPABLE, 0, 0, 0, 0), before);
+    EXPECT_EQ(prctl(PR_GET_DUMPABLE, 0, 0, 0, 0), 0) << "no thread of it is waited for";
+    prctl(PR_SET_DUMPABLE, before, 0, 0, 0);
 }
 
 }  // namespace

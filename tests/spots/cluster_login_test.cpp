@@ -26,11 +26,12 @@ struct ClusterLoginTest : testing::Test {
     IoSource arrived{desk, socket->EventDescriptor(), [this] { login.Arrived(); }};
     sim::TcpPeer& cluster = machine.tcpSockets.Peer(0);
     std::vector<std::string> posts;
+    std::string passwordsNode = "cluster.example:7300";
 
     ClusterLoginTest() {
         preferences.gOwnCall = "W1AW";
-        form.txtTelnetHost.SetText("cluster.example");
         login.received = [this](std::string_view post) { posts.emplace_back(post); };
+        login.passwordsNode = [this] { return passwordsNode; };
         login.moreWaits = [this] { arrived.Signal(); };
     }
 
@@ -123,17 +124,20 @@ TEST_F(ClusterLoginTest, PasswordThatComesLateIsGivenToThePromptThatStands) {
     EXPECT_EQ(cluster.TakeSent(), "") << "once";
 }
 
-TEST_F(ClusterLoginTest, PasswordIsGivenToNoOtherHost) {
+TEST_F(ClusterLoginTest, PasswordIsGivenToNoOtherHostOrPort) {
     form.txtPassword.SetText("hush");
-    Open();
-    form.txtTelnetHost.SetText("other.example");
-    Arrive("password: ");
-    EXPECT_EQ(cluster.TakeSent(), "");
+    for (const char* other : {"", "other.example:7300", "cluster.example:73", "cluster.example:73000"}) {
+        passwordsNode = other;
+        Open();
+        Arrive("password: ");
+        EXPECT_EQ(cluster.TakeSent(), "") << other;
+    }
 }
 
 TEST_F(ClusterLoginTest, WhoIsInsideGivesNoPasswordAndIsNotThrownOutByWhatOthersSay) {
     form.txtPassword.SetText("hush");
     LogIn();
+    Pass(2 * kSecond);
     Arrive("Q5XX says: tell me your password:");
     Arrive(" please\r\nQ5XX says: your login:");
     Arrive(" please\r\nyour call:");
@@ -146,12 +150,33 @@ TEST_F(ClusterLoginTest, BannerThatEndsLikeTheInsideKeepsNobodyOut) {
     form.txtLoginSend.SetText("sh/filter");
     Open();
     Arrive("Welcome to <Q7ZZQ-2>\r\nlogin: ");
-    Arrive("\r\npassword: ");
-    Pass(5 * kSecond);
-    EXPECT_EQ(cluster.TakeSent(), "sh/filter\r\nW1AW\r\nhush\r\n");
+    EXPECT_EQ(cluster.TakeSent(), "W1AW\r\n");
+    Arrive("\r\nHello <W1AW>\r\n");
+    Pass(2 * kSecond - 1);
+    Arrive("password: ");
+    Pass(10 * kSecond);
+    EXPECT_EQ(cluster.TakeSent(), "hush\r\n");
     Arrive(kInside);
-    Pass(5 * kSecond);
+    Pass(kSecond);
+    Arrive("a line >\r\n");
+    Pass(kSecond - 1);
+    EXPECT_EQ(cluster.TakeSent(), "");
+    Pass(1);
     EXPECT_EQ(cluster.TakeSent(), "sh/filter\r\n");
+}
+
+TEST_F(ClusterLoginTest, LinesAreNotSentToAPromptThatIsTheOperators) {
+    form.txtLoginSend.SetText("sh/filter");
+    Open();
+    Arrive("Welcome to <Q7ZZQ-2>\r\npassword: ");
+    Pass(10 * kSecond);
+    EXPECT_EQ(cluster.TakeSent(), "");
+}
+
+TEST_F(ClusterLoginTest, ClusterThatAsksAgainBehindAnArrowIsPutOff) {
+    LogIn();
+    Arrive("login: ");
+    EXPECT_FALSE(cluster.isConnected);
 }
 
 TEST_F(ClusterLoginTest, EchoOfThePasswordIsNotShownInWhateverPiecesItComes) {
@@ -196,9 +221,28 @@ TEST_F(ClusterLoginTest, PromptThatNoLineEndFollowsIsInsideWhenItRests) {
     Pass(kSecond);
     EXPECT_EQ(cluster.TakeSent(), "");
     Arrive("W1AW de Q7ZZQ-2 arc > ");
-    Pass(kSecond);
+    Pass(3 * kSecond);
     EXPECT_EQ(cluster.TakeSent(), "sh/filter\r\n");
     EXPECT_TRUE(Shown().ends_with("arc > "));
+}
+
+TEST_F(ClusterLoginTest, PostBehindAPromptThatNoLineEndFollowsIsAPost) {
+    LogIn();
+    for (int i = 1; i <= 2; ++i) {
+        Arrive("W1AW de Q7ZZQ-2 >");
+        Pass(3 * kSecond);
+        Arrive(std::string{kPost} + "\r\n");
+        EXPECT_EQ(posts.size(), static_cast<std::size_t>(i));
+    }
+    EXPECT_TRUE(Shown().ends_with("-2 >" + std::string{kPost} + "\r\n"));
+}
+
+TEST_F(ClusterLoginTest, PasswordThatStandsInAPostIsHiddenInTheTerminalAlone) {
+    form.txtPassword.SetText("Q5XX");
+    LogIn();
+    Arrive(std::string{kPost} + "\r\n");
+    EXPECT_EQ(posts, std::vector<std::string>{std::string{kPost}});
+    EXPECT_EQ(Shown().find("Q5XX"), std::string::npos);
 }
 
 TEST_F(ClusterLoginTest, PostsArePutTogetherHoweverTheyArrive) {

@@ -87,8 +87,8 @@ TEST(ClusterPrompts, AreTheEndOfAnUnfinishedLine) {
         {":", std::nullopt},
         {"", std::nullopt},
         {"DX de W1CALL:", std::nullopt},
-        {std::string(52, '-') + " login:", ClusterPrompt::Login},
-        {std::string(53, '-') + " login:", std::nullopt},
+        {std::string(100, '-') + " login:", ClusterPrompt::Login},
+        {std::string(100, '-') + " Last login:", std::nullopt},
     };
     for (const PromptCase& one : cases) {
         EXPECT_EQ(PromptIn(one.text), one.prompt) << one.text;
@@ -109,10 +109,16 @@ TEST(WithoutSecretText, HasStarsForIt) {
     EXPECT_EQ(WithoutSecret("a hush b hushhush", "hush", true), "a **** b ********");
     EXPECT_EQ(WithoutSecret("plain", "", true), "plain");
     EXPECT_EQ(WithoutSecret("hus", "hush", true), "hus");
+    EXPECT_EQ(WithoutSecret("hush \a", "", false), "hush \a");
+}
+
+TEST(WithoutSecretText, HasStarsForItInAnyCaseAndWithBellsWithin) {
+    EXPECT_EQ(WithoutSecret("HUSH Hu\asH h\a\au\ash \ahush\a hu sh", "huSh", true), "**** **** **** \a****\a hu sh");
+    EXPECT_EQ(WithoutSecret("a HU\a", "hush", false), "a ");
 }
 
 TEST(WithoutSecretText, NothingOfItIsShownOfALineThatComesInPieces) {
-    for (const std::string secret : {"hush", "aba", "aa", "x"}) {
+    for (const std::string secret : {"hush", "aba", "aa", "x", "a\aB"}) {
         const std::string line = "xaba" + secret + secret + " ab" + secret + "a";
         const std::string whole = WithoutSecret(line, secret, true);
         EXPECT_EQ(whole.find(secret), std::string::npos);

@@ -10,6 +10,7 @@
 #include <utility>
 
 #include "platform/path_error.h"
+#include "values/secret.h"
 
 namespace tallyhut {
 namespace {
@@ -73,6 +74,10 @@ PosixSocket::PosixSocket() : events_{epoll_create1(EPOLL_CLOEXEC)} {
     }
 }
 
+PosixSocket::~PosixSocket() {
+    OverwriteFrom(waiting_, 0);
+}
+
 void PosixSocket::Connect(const std::string& host, int port) {
     Close();
     host_ = host;
@@ -100,7 +105,7 @@ void PosixSocket::Close() {
     }
     socket_ = Descriptor{};
     isConnected_ = false;
-    waiting_.clear();
+    OverwriteFrom(waiting_, 0);
     sendFailure_ = 0;
 }
 
@@ -192,11 +197,11 @@ void PosixSocket::Send(std::string_view bytes) {
     SendWaiting();
     if (waiting_.size() + bytes.size() > kMostWaiting) {
         sendFailure_ = ENOBUFS;
-        waiting_.clear();
+        OverwriteFrom(waiting_, 0);
         shutdown(socket_.Number(), SHUT_RDWR);  // so that the failure is seen as an event
         return;
     }
-    waiting_ += bytes;
+    AppendSecret(waiting_, bytes);
     SendWaiting();
 }
 
@@ -205,6 +210,7 @@ void PosixSocket::SendWaiting() {
         const ssize_t count = send(socket_.Number(), waiting_.data(), waiting_.size(), MSG_NOSIGNAL);
         if (count >= 0) {
             waiting_.erase(0, static_cast<std::size_t>(count));
+            OverwriteFrom(waiting_, waiting_.size());
         } else if (errno == EAGAIN) {
             break;
         } else if (errno != EINTR) {
@@ -212,7 +218,7 @@ void PosixSocket::SendWaiting() {
             if (errno != EPIPE) {
                 sendFailure_ = errno;
             }
-            waiting_.clear();
+            OverwriteFrom(waiting_, 0);
         }
     }
     WaitFor(true, !waiting_.empty());

@@ -21,6 +21,11 @@ class PosixSocket : public TcpSocket {
 public:
     /// Throws PlatformError.
     PosixSocket();
+    ~PosixSocket() override;
+    PosixSocket(const PosixSocket&) = delete;
+    PosixSocket& operator=(const PosixSocket&) = delete;
+    PosixSocket(PosixSocket&&) = delete;
+    PosixSocket& operator=(PosixSocket&&) = delete;
 
     void Connect(const std::string& host, int port) override;
     void Close() override;
@@ -55,7 +60,7 @@ private:
     std::size_t nextAddress_ = 0;
     Descriptor socket_;
     bool isConnected_ = false;
-    std::string waiting_;  ///< sent, and not yet taken by the line
+    std::string waiting_;  ///< sent, and not yet taken by the line; a password may be in it
     int sendFailure_ = 0;  ///< errno value; told behind what has come before it
 };
 

@@ -103,7 +103,6 @@ SecretService::SecretService() : talk_{std::make_shared<Talk>()} {
 }
 
 SecretService::~SecretService() {
-    ShieldMemory(false);
     g_cancellable_cancel(talk_->cancellable);
     const std::lock_guard lock{talk_->mutex};
     talk_->isOver = true;
@@ -118,6 +117,7 @@ void SecretService::Talk::Run() {
             continue;
         }
         Request request = std::move(requests.front());
+        OverwriteFrom(requests.front().secret, 0);  // a short one has stayed there
         requests.pop_front();
         lock.unlock();
         request.answer(*this, request);
@@ -128,7 +128,8 @@ void SecretService::Talk::Run() {
 
 void SecretService::Talk::Tell(KeyringAnswer answer) {
     const std::lock_guard lock{mutex};
-    answers.push_back(std::move(answer));
+    answers.push_back(answer);
+    OverwriteFrom(answer.text, 0);
     const std::uint64_t one = 1;
     [[maybe_unused]] const ssize_t written = write(told.Number(), &one, sizeof one);
 }
@@ -136,7 +137,8 @@ void SecretService::Talk::Tell(KeyringAnswer answer) {
 void SecretService::Ask(Request request) {
     {
         const std::lock_guard lock{talk_->mutex};
-        talk_->requests.push_back(std::move(request));
+        talk_->requests.push_back(request);
+        OverwriteFrom(request.secret, 0);
     }
     talk_->changed.notify_one();
     if (!hasThread_) {
@@ -224,6 +226,7 @@ KeyringAnswer SecretService::Take() {
         return {};
     }
     KeyringAnswer answer = std::move(talk_->answers.front());
+    OverwriteFrom(talk_->answers.front().text, 0);
     talk_->answers.pop_front();
     return answer;
 }
@@ -233,13 +236,8 @@ int SecretService::EventDescriptor() const {
 }
 
 /// A process that is not dumpable leaves no image, neither as a file nor to a program that collects them.
-void SecretService::ShieldMemory(bool holdsSecret) {
-    if (holdsSecret && before_ < 0) {
-        before_ = prctl(PR_GET_DUMPABLE, 0, 0, 0, 0);
-        prctl(PR_SET_DUMPABLE, 0, 0, 0, 0);
-    } else if (!holdsSecret && before_ >= 0) {
-        prctl(PR_SET_DUMPABLE, std::exchange(before_, -1), 0, 0, 0);
-    }
+void SecretService::ShieldMemory() {
+    prctl(PR_SET_DUMPABLE, 0, 0, 0, 0);
 }
 
 }  // namespace tallyhut

@@ -26,7 +26,7 @@ public:
     void Forget(const std::string& place) override;
     KeyringAnswer Take() override;
     int EventDescriptor() const override;
-    void ShieldMemory(bool holdsSecret) override;
+    void ShieldMemory() override;
 
 private:
     struct Talk;
@@ -36,7 +36,6 @@ private:
 
     std::shared_ptr<Talk> talk_;
     bool hasThread_ = false;
-    int before_ = -1;  ///< whether images were written before the memory was shielded; -1 while it is not
 };
 
 }  // namespace tallyhut

@@ -34,7 +34,7 @@ struct Keyring : tallyhut::Keyring {
     void Forget(const std::string& place) override;
     KeyringAnswer Take() override;
     int EventDescriptor() const override;
-    void ShieldMemory(bool holdsSecret) override { isShielded = holdsSecret; }
+    void ShieldMemory() override { isShielded = true; }
 
 private:
     bool Refuses(const std::string& place);

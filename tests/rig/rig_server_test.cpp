@@ -355,7 +355,6 @@ TEST_F(RigServerTest, CommandThatIsRefusedIsSilent) {
 
 TEST_F(RigServerTest, RadioThatCannotTellItsModeIsTunedAllTheSame) {
     for (const char* refusal : {"get_mode:\nRPRT -9\n", "get_mode:\nRPRT -11\n", "RPRT -4\n"}) {
-        Forget();
         Open();
         Arrive("0\n");
         Arrive(kFrequencyAnswer);
@@ -366,6 +365,7 @@ TEST_F(RigServerTest, RadioThatCannotTellItsModeIsTunedAllTheSame) {
         EXPECT_TRUE(server.Tune(7'035'000, "CW"));
         EXPECT_EQ(Sent(), "+M CW -1\n");
         server.Close();
+        Forget();
     }
 }
 

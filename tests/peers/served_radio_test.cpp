@@ -53,7 +53,8 @@ struct ProgramWithRigctld : ServedRadio {
     /// Somebody turns the knob.
     void TurnTo(long hertz, const std::string& mode) const {
         EXPECT_TRUE(Becomes("RPRT 0\n", [&] { return Ask(server, "F " + std::to_string(hertz)); }));
-        EXPECT_EQ(Ask(server, "M " + mode + " -1"), "RPRT 0\n");
+        // It may drop a client that comes on the heels of another.
+        EXPECT_TRUE(Becomes("RPRT 0\n", [&] { return Ask(server, "M " + mode + " -1"); }));
     }
     void PollFromTheMainForm(const char* rate = "optPollMed") {
         ServedRadio::PollFromTheMainForm("Hamlib (rigctld)", server.Port(), rate);
@@ -67,7 +68,7 @@ TEST_F(ProgramWithRigctld, BandOfTheMainFormFollowsWithinTwoPolls) {
     EXPECT_TRUE(Shows("Label30", "20"));
     std::vector<Clock::duration> waits;
     for (const auto& [hertz, band] : {std::pair{7'025'100L, "40"}, {28'400'000L, "10"}, {1'850'000L, "160"}}) {
-        EXPECT_EQ(Ask(server, "F " + std::to_string(hertz)), "RPRT 0\n");
+        EXPECT_TRUE(Becomes("RPRT 0\n", [&] { return Ask(server, "F " + std::to_string(hertz)); }));
         const auto begin = Clock::now();
         EXPECT_TRUE(Shows("Label30", band));
         waits.push_back(Clock::now() - begin);

@@ -5,7 +5,9 @@
 #include <unistd.h>
 
 #include <algorithm>
+#include <atomic>
 #include <chrono>
+#include <functional>
 #include <numeric>
 #include <string>
 #include <thread>
@@ -14,9 +16,13 @@
 #include "bench/loaded_program.h"
 #include "bench/processor_time.h"
 #include "platform/real/tty_ports.h"
+#include "rig/flrig_dialect.h"
+#include "rig/rigctld_dialect.h"
 #include "tests/console/console_driver.h"
+#include "tests/peers/flrig_server.h"
 #include "tests/peers/kenwood_radio.h"
 #include "tests/peers/radio_cable.h"
+#include "tests/peers/shack.h"
 
 namespace tallyhut {
 namespace {
@@ -113,6 +119,55 @@ void ProcessThatPolls(benchmark::State& state) {
     }
 }
 BENCHMARK(ProcessThatPolls)->Iterations(1)->Unit(benchmark::kSecond);
+
+/// Polls through a server at the fastest rate, its answers over a real connection: what the program's thread works for
+/// them. The dial turns all the time.
+void PollOverTheNet(benchmark::State& state, const ServerDialect& dialect, int port,
+                    const std::function<void(long)>& turn) {
+    constexpr int kTime = 20'000;
+    constexpr int kBetweenTurns = 100;
+    Shack shack;
+    PolledServer radio{shack};
+    radio.server.Open(dialect, "127.0.0.1", port);
+    for (auto _ : state) {
+        const double used = MicrosecondsOfThread();
+        for (int passed = 0; passed < kTime; passed += kBetweenTurns) {
+            turn(14'000'000 + 10 * passed);
+            shack.Run(kBetweenTurns);
+        }
+        state.counters["processor_%"] = 100 * (MicrosecondsOfThread() - used) / (1'000.0 * kTime);
+        state.counters["readings"] = static_cast<double>(radio.frequencies.size());
+        state.counters["us_a_poll"] = 2 * (MicrosecondsOfThread() - used) /
+                                      static_cast<double>(std::max<std::size_t>(radio.frequencies.size(), 1));
+    }
+    if (radio.server.Link() != RigServerLink::Connected) {
+        state.SkipWithError("the radio is not followed");
+    }
+}
+
+void PollOfFlrig(benchmark::State& state) {
+    FlrigServer flrig;
+    PollOverTheNet(state, kFlrig, flrig.Port(), [&flrig](long hertz) { flrig.With([&] { flrig.hertz = hertz; }); });
+}
+BENCHMARK(PollOfFlrig)->Iterations(1)->Unit(benchmark::kSecond);
+
+void PollOfRigctld(benchmark::State& state) {
+    std::atomic<long> dial = 14'000'000;
+    const LoopbackService rigctld{[&dial](ServedClient& client) {
+        while (client.IsThere()) {
+            const std::string request = client.Receive();
+            if (request == "\\chk_vfo\n") {
+                client.Send("0\n");
+            } else if (request == "+f\n") {
+                client.Send("get_freq:\nFrequency: " + std::to_string(dial) + "\nRPRT 0\n");
+            } else if (request == "+m\n") {
+                client.Send("get_mode:\nMode: CW\nPassband: 500\nRPRT 0\n");
+            }
+        }
+    }};
+    PollOverTheNet(state, kRigctld, rigctld.Port(), [&dial](long hertz) { dial = hertz; });
+}
+BENCHMARK(PollOfRigctld)->Iterations(1)->Unit(benchmark::kSecond);
 
 }  // namespace
 }  // namespace tallyhut

@@ -1,9 +1,9 @@
 # What the machine must have, by Debian package. Sourced by ./run, ./test and the scripts beside.
 
-build_packages="g++ cmake ninja-build ccache qt6-base-dev qt6-svg-dev libgl-dev nlohmann-json3-dev libsdl2-dev libpng-dev"
+build_packages="g++ cmake ninja-build ccache qt6-base-dev qt6-svg-dev libgl-dev nlohmann-json3-dev libsdl2-dev libpng-dev libpugixml-dev libsecret-1-dev pkg-config"
 run_packages="qt6-qpa-plugins fonts-dejavu-core xdg-utils"
 package_packages="dpkg-dev"
-test_packages="libgtest-dev qt6-base-private-dev libx11-dev xvfb xauth xdotool x11-utils imagemagick strace poppler-utils sox multimon-ng direwolf dbus-daemon at-spi2-core orca"
+test_packages="libgtest-dev qt6-base-private-dev libx11-dev xvfb xauth xdotool x11-utils imagemagick strace poppler-utils sox multimon-ng direwolf dbus-daemon at-spi2-core orca libhamlib-utils gnome-keyring"
 check_packages="clang-format-14 clang-tidy-14"
 prompt_packages="espeak-ng sox"
 

@@ -15,11 +15,11 @@ constexpr const char* kProgramTitle = "Tallyhut Log";
 constexpr const char* kTimeNotSaved = "Not all of the operating time could be saved. ";
 
 /// In which order the forms are listed, and unloaded at the end.
-constexpr std::array<std::string_view, 26> kFormOrder{
+constexpr std::array<std::string_view, 27> kFormOrder{
     "Form1",        "frmSplash",   "frmQ7ZZQLogo",  "frmEditCon",    "frmStationID",     "Form2",       "frmPorts",
     "Form5",        "Form6",       "RigControlfrm", "frmRigTune",    "frmFrequencyTest", "PhoneFrm",    "CWFrm",
     "frmCWStrings", "BlindFrm",    "PacketSpotfrm", "SpectrumMap",   "SectionMap",       "frmBandPlan", "GraphQSO",
-    "frmbndstats",  "frmSections", "frmImport",     "frmKnownCalls", "frmCheckLog",
+    "frmbndstats",  "frmSections", "frmImport",     "frmKnownCalls", "frmCheckLog",      "frmNetwork",
 };
 
 std::string AlreadyRunning(const std::string& folder) {
@@ -42,6 +42,7 @@ Program::Program(const Machine& lent, const std::string& workingDirectory)
       voicePart{machine, desk, supportPart, logPart},
       spotsPart{machine, desk, supportPart, logPart, rigPart},
       viewsPart{machine, desk, supportPart, logPart, rigPart},
+      networkPart{machine, desk, supportPart, logPart, rigPart},
       layout{logPart.form1, lent.screen, logPart.contest.preferences, logPart.preferencesFile},
       look{logPart.form1, lent.settings},
       folderChoice{lent.files, lent.dialogs, lent.settings, lent.environment},
@@ -112,11 +113,17 @@ void Program::ConnectKeying() {
     logPart.duplicates.typingIsSent = [this] { return keyingPart.messages.TakesTyping(); };
     keyingPart.stringsForm.Form_KeyDown = [this](int& KeyCode, int Shift) { keys.Form_KeyDown(KeyCode, Shift); };
     keyingPart.stringsForm.Form_KeyPress = [this](int& KeyAscii) { keys.Form_KeyPress(KeyAscii); };
-    rigPart.rigSetup.portIsTaken = [this](int number) {
+    rigPart.rigConnection.portIsTaken = [this](int number) {
         FreePort(keyingPart.line, number);
         FreePort(voicePart.line, number);
     };
+    rigPart.rigConnection.mayTakePort = [this](int number) {
+        const bool isKeyed = Holds(keyingPart.line, number) && keyingPart.sender.gCWSending != 0;
+        const bool isSpoken = Holds(voicePart.line, number) && voicePart.messages.IsOnTheAir();
+        return !isKeyed && !isSpoken;  // a message is not cut off by a radio that comes back
+    };
     keyingPart.line.lentPort = [this](int number) { return RadioPort(number); };
+    keyingPart.line.lentPortHasFailed = [this] { rigPart.rigConnection.PortHasFailed(); };
     keyingPart.line.closeOther = [this] { voicePart.line.Close(); };
     keyingPart.winKey.closePhonePort = [this] { voicePart.line.Close(); };
 }
@@ -124,6 +131,7 @@ void Program::ConnectKeying() {
 void Program::ConnectVoice() {
     startUp.readVoiceSettings = [this] { voicePart.selections.ReadSettings(); };
     voicePart.line.lentPort = [this](int number) { return RadioPort(number); };
+    voicePart.line.lentPortHasFailed = [this] { rigPart.rigConnection.PortHasFailed(); };
     voicePart.line.closeOther = [this] { keyingPart.line.Close(); };
     voicePart.line.closeKeyer = [this](int /*number*/) {
         if (keyingPart.messages.gWKVersion > 0) {
@@ -134,16 +142,21 @@ void Program::ConnectVoice() {
 
 /// Rig and keys often share one cable: the radio's port, where it is the device of the number.
 std::optional<LentPort> Program::RadioPort(int number) const {
-    const RigSetup& rig = rigPart.rigSetup;
+    const RigConnection& rig = rigPart.rigConnection;
     if (!rigPart.comComm1->IsOpen() || !AreOneDevice(machine, rig.openNumber, number)) {
         return std::nullopt;
     }
     return LentPort{.port = *rigPart.comComm1, .dtrIsTaken = rig.TakesDtr(), .rtsIsTaken = rig.TakesRts()};
 }
 
+/// Whether a key is on the device of the radio's port.
+bool Program::Holds(const KeyLine& line, int number) const {
+    return line.lent || (line.IsOpen() && AreOneDevice(machine, line.openNumber, number));
+}
+
 /// The radio is about to take the port.
 void Program::FreePort(KeyLine& line, int number) const {
-    if (line.lent || (line.IsOpen() && AreOneDevice(machine, line.openNumber, number))) {
+    if (Holds(line, number)) {
         line.Close();
     }
 }

@@ -11,6 +11,7 @@
 #include "forms/frmSplash.h"
 #include "import/import_part.h"
 #include "keying/keying_part.h"
+#include "network/network_part.h"
 #include "reports/reports_part.h"
 #include "rig/rig_part.h"
 #include "spots/spots_part.h"
@@ -39,6 +40,7 @@ struct Program {
     VoicePart voicePart;
     SpotsPart spotsPart;
     ViewsPart viewsPart;
+    NetworkPart networkPart;
 
     MainFormLayout layout;
     LookMenu look;
@@ -65,6 +67,7 @@ private:
     void ConnectKeying();
     void ConnectVoice();
     std::optional<LentPort> RadioPort(int number) const;
+    bool Holds(const KeyLine& line, int number) const;
     void FreePort(KeyLine& line, int number) const;
     void ScaleAtLoad(Form& form);
     void ClaimFolder();

@@ -11,6 +11,8 @@
 namespace tallyhut {
 namespace {
 
+constexpr std::string_view kSecretText = "****";
+
 std::string_view KindName(ControlKind kind) {
     constexpr std::array<std::string_view, 12> kNames{"textbox", "label",    "button", "option", "checkbox", "frame",
                                                       "list",    "listview", "menu",   "timer",  "line",     "raster"};
@@ -25,8 +27,19 @@ bool HasChoice(const Control& control) {
     return control.kind == ControlKind::Option || control.kind == ControlKind::CheckBox;
 }
 
+/// Of a secret no more than whether there is one.
+Json TextOf(const Control& control) {
+    const ControlState& state = control.State();
+    return TextJson(state.secret && !state.text.empty() ? kSecretText : state.text);
+}
+
+/// Of a secret it would tell the length.
+Json SelectionOf(const Control& control, int characters) {
+    return control.State().secret ? 0 : characters;
+}
+
 Json ValueOf(const Control& control) {
-    return HasChoice(control) ? Json(control.State().chosen ? 1 : 0) : TextJson(control.State().text);
+    return HasChoice(control) ? Json(control.State().chosen ? 1 : 0) : TextOf(control);
 }
 
 struct ControlProperty {
@@ -35,8 +48,8 @@ struct ControlProperty {
 };
 
 constexpr std::array kControlProperties{
-    ControlProperty{"text", [](const Control& c) { return TextJson(c.State().text); }},
-    ControlProperty{"caption", [](const Control& c) { return TextJson(c.State().text); }},
+    ControlProperty{"text", [](const Control& c) { return TextOf(c); }},
+    ControlProperty{"caption", [](const Control& c) { return TextOf(c); }},
     ControlProperty{"value", [](const Control& c) { return ValueOf(c); }},
     ControlProperty{"checked", [](const Control& c) { return Json(c.State().chosen); }},
     ControlProperty{"visible", [](const Control& c) { return Json(c.IsShown()); }},
@@ -45,8 +58,8 @@ constexpr std::array kControlProperties{
     ControlProperty{"foreColor", [](const Control& c) { return Json(c.State().foreColor); }},
     ControlProperty{"backColor", [](const Control& c) { return Json(c.State().backColor); }},
     ControlProperty{"fontSize", [](const Control& c) { return NumberJson(c.State().fontSize); }},
-    ControlProperty{"selStart", [](const Control& c) { return Json(c.State().selStart); }},
-    ControlProperty{"selLength", [](const Control& c) { return Json(c.State().selLength); }},
+    ControlProperty{"selStart", [](const Control& c) { return SelectionOf(c, c.State().selStart); }},
+    ControlProperty{"selLength", [](const Control& c) { return SelectionOf(c, c.State().selLength); }},
     ControlProperty{"maxLength", [](const Control& c) { return Json(c.State().maxLength); }},
     ControlProperty{"tabIndex", [](const Control& c) { return Json(c.State().tabIndex); }},
     ControlProperty{"focused", [](const Control& c) { return Json(c.HasFocus()); }},
@@ -249,7 +262,7 @@ Json ControlsOf(const Form& form) {
     Json controls = Json::array();
     for (const Control* control : form.Controls()) {
         Json row{{"name", control->FullName()}, {"kind", KindName(control->kind)}};
-        row[control->kind == ControlKind::TextBox ? "text" : "caption"] = TextJson(control->State().text);
+        row[control->kind == ControlKind::TextBox ? "text" : "caption"] = TextOf(*control);
         for (const std::string_view name : {"visible", "enabled", "toolTip", "foreColor", "backColor", "fontSize",
                                             "left", "top", "width", "height", "tabIndex"}) {
             row[std::string{name}] =

@@ -263,6 +263,7 @@ Form1::Form1(Desk& owner)
       mnuPorts{mnuSettings, "mnuPorts", "Serial P&orts"},
       mnuSections{mnuSettings, "mnuSections", "S&ections"},
       mnuKnownCalls{mnuSettings, "mnuKnownCalls", "&Known Calls"},
+      mnuNetwork{mnuSettings, "mnuNetwork", "&Network"},
       mnuBand{*this, "mnuBand", "&Band"},
       mnu160{mnuBand, "mnu160", FindBand("160")->menuText},
       mnu80{mnuBand, "mnu80", FindBand("80")->menuText},

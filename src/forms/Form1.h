@@ -130,6 +130,7 @@ struct Form1 : Form {
     MenuEntry mnuPorts;
     MenuEntry mnuSections;
     MenuEntry mnuKnownCalls;
+    MenuEntry mnuNetwork;
     MenuEntry mnuBand;
     MenuEntry mnu160;
     MenuEntry mnu80;

@@ -34,6 +34,21 @@ struct PacketSpotfrm : Form {
     Label lblEngine;
     TextBox txtEngine;  ///< HOST:PORT of the packet engine
 
+    CheckBox chkLogin;  ///< the program logs in and reconnects
+    Label lblLogin;
+    TextBox txtLogin;  ///< empty for the own call
+    Label lblPassword;
+    TextBox txtPassword;
+    CheckBox chkKeepPassword;
+    Label lblLoginSend;
+    TextBox txtLoginSend;  ///< sent once inside, one a line
+    Label lblNodes;
+    List lstNodes;  ///< HOST:PORT
+    Button cmdAddNode;
+    Button cmdRemoveNode;
+    CheckBox chkNeededOnly;
+    CheckBox chkNearOnly;
+
     Label Label1;
     TextBox txtHex;
     Label Label2;  ///< what the TNC needs

@@ -105,6 +105,18 @@ RigControlfrm::RigControlfrm(Desk& owner)
       OptFreq{*this, "OptFreq", "Frequency", kModeBy.Cell(1, 80)},
       OptDont{*this, "OptDont", "Don't Use", kModeBy.Cell(2, 80)},
       chkFrequency{*this, "chkFrequency", "Use Frequency", {.place = {4200, 2310, 2100, 270}, .tabIndex = 65}},
+      fraRigServer{*this, "fraRigServer", "Server:", {kLeft, 90, 7440, 1500}},
+      lblRigHost{*this, "lblRigHost", "Host", {.place = {kLeft + 120, 420, 900, 240}}},
+      txtRigHost{
+          *this,
+          "txtRigHost",
+          {.place = {kLeft + 1080, 390, 2700, 330}, .maxLength = kLongestAnswer, .tabIndex = 99, .refusesPaste = "\""}},
+      lblRigPort{*this, "lblRigPort", "Port", {.place = {kLeft + 120, 810, 900, 240}}},
+      txtRigPort{*this,
+                 "txtRigPort",
+                 {.place = {kLeft + 1080, 780, 960, 330}, .maxLength = 5, .tabIndex = 100, .refusesPaste = "\""}},
+      lblRigLinkCaption{*this, "lblRigLinkCaption", "Connection", {.place = {kLeft + 120, 1200, 960, 240}}},
+      lblRigLink{*this, "lblRigLink", "", {.place = {kLeft + 1080, 1200, 1800, 240}}},
       lblFreqString{*this, "lblFreqString", "String to read frequency", {.place = {kLeft, kStrings, 2700, 240}}},
       txtFreq{*this,
               "txtFreq",
@@ -172,6 +184,11 @@ RigControlfrm::RigControlfrm(Desk& owner)
     for (Option* option : {&OptRig, &OptFreq, &OptDont}) {
         option->PutInto(Frame1);
     }
+    for (Control* ofServer : std::initializer_list<Control*>{&lblRigHost, &txtRigHost, &lblRigPort, &txtRigPort,
+                                                             &lblRigLinkCaption, &lblRigLink}) {
+        ofServer->PutInto(fraRigServer);
+    }
+    fraRigServer.SetVisible(false);
     for (Option* preset :
          {&optBaud560, &optComm(0), &optPowerNone, &optParityNone, &optData8, &optStop1, &optPollMed, &OptRig}) {
         preset->SetValue(true);

@@ -47,6 +47,13 @@ struct RigControlfrm : Form {
     Option OptFreq;
     Option OptDont;
     CheckBox chkFrequency;
+    FrameBox fraRigServer;  ///< in the place of the port and its settings
+    Label lblRigHost;
+    TextBox txtRigHost;
+    Label lblRigPort;
+    TextBox txtRigPort;
+    Label lblRigLinkCaption;
+    Label lblRigLink;
 
     Label lblFreqString;
     TextBox txtFreq;

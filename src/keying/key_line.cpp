@@ -82,8 +82,12 @@ void KeyLine::Release() noexcept {
     } catch (const PlatformError&) {  // the cable has been pulled: with the port the system lets its lines go
         dtrIsDown = false;
         rtsIsDown = false;
+        const bool wasLent = lent.has_value();
         lent.reset();
         comm.Close();
+        if (wasLent) {
+            lentPortHasFailed();
+        }
     }
     if (registerDown) {
         parallelPorts.Out(*registerDown, kParallelKeyUp);

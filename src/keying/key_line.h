@@ -34,6 +34,8 @@ struct KeyLine {
 
     /// The port of a number where somebody holds it open already, as the radio does: one cable often serves both.
     std::function<std::optional<LentPort>(int number)> lentPort = [](int) { return std::nullopt; };
+    /// The port that was lent can let no line go: whoever lent it should close it.
+    std::function<void()> lentPortHasFailed = [] {};
     /// Morse and phone messages may name the same port: the other one's is closed before this one opens.
     std::function<void()> closeOther = [] {};
     /// The same for the keyer device, which may be on the port of the number.

@@ -99,6 +99,7 @@ bool Commit::LogContact() {
         panel.message.WriteNormal("This contact is not logged yet!");
         return false;
     }
+    logged(contest.log.gContactCount());
     panel.form.lblTotCon.SetCaption(NumberForm(contest.log.gContactCount()));
     display.list.ListContacts();
     panel.message.WriteNormal("");

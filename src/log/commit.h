@@ -24,6 +24,9 @@ struct Commit {
     /// What is known of a code that is none of the sections; empty for nothing.
     std::function<std::string(std::string_view code)> hintOnSection = [](std::string_view) { return std::string{}; };
 
+    /// The contact of a row stands on the disk. Its section does not count it yet. Must not fail.
+    std::function<void(std::int32_t row)> logged = [](std::int32_t) {};
+
     std::uint8_t gIncomplete = 0;
     std::uint8_t gBadSection = 0;
     bool committing = false;     ///< Mains is running

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <utility>
 
 #include "log/entry_flow.h"
 
@@ -58,10 +59,31 @@ void ContactEditing::cmdEdit_Click() {
 
 void ContactEditing::Edit(std::int32_t row) {
     editedRow = row;
+    stored.reset();
     dialog.ShowModal();
     list.ListContacts();
     panel.fields.HideRowButtons();
     RewriteAndReload();
+    if (const std::optional<ContactChange> change = std::exchange(stored, std::nullopt)) {
+        TellOfEdit(row, *change);
+    }
+}
+
+/// Where another hand has changed the file the edit may have come to nothing.
+void ContactEditing::TellOfEdit(std::int32_t row, const ContactChange& change) const {
+    const ContactLog& log = contest.log;
+    if (change.before != change.after && row <= log.gContactCount() && log.Row(row) == change.after) {
+        edited(change.before, row);
+    }
+}
+
+void ContactEditing::TellOfDeletion(const Contact& contact) const {
+    for (const CallOrder::Place& same : contest.log.CallsOf(contact.Call)) {
+        if (contest.log.Row(same.row) == contact) {
+            return;
+        }
+    }
+    deleted(contact);
 }
 
 void ContactEditing::cmdDelete_Click() {
@@ -77,8 +99,10 @@ void ContactEditing::Delete(std::int32_t row) {
     if (answer != Answer::Yes) {
         return;
     }
+    const Contact contact = contest.log.Row(row);
     contest.log.Remove(row);
     RewriteAndReload();
+    TellOfDeletion(contact);
 }
 
 void ContactEditing::RewriteAndReload() {
@@ -245,12 +269,14 @@ bool ContactEditing::HasSection() {
 }
 
 void ContactEditing::Store() {
+    stored = ContactChange{.before = contest.log.Row(editedRow), .after = {}};
     contest.log.Change(editedRow, [this](Contact& contact) {
         for (const EditField& edit : kEditFields) {
             contact.*edit.field = (dialog.*edit.box).Text();
         }
         contact.Sec = SectionCode();
     });
+    stored->after = contest.log.Row(editedRow);
 }
 
 void ContactEditing::cmdDeleteDupe_Click() {

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <functional>
+#include <optional>
 #include <string_view>
 
 #include "forms/frmEditCon.h"
@@ -8,6 +10,12 @@
 #include "log/panel.h"
 
 namespace tallyhut {
+
+/// A contact before an edit and behind it.
+struct ContactChange {
+    Contact before;
+    Contact after;
+};
 
 /// The only ways to change a logged contact: the edit form, and deleting. Each changes the tables,
 /// rewrites the log whole and reloads it. A log that cannot be written is a LogWriteError and nobody's business here.
@@ -18,7 +26,12 @@ struct ContactEditing {
     LogGuard& guard;
     ContactList& list;
 
-    std::int32_t editedRow = 0;  ///< the log row in the edit form
+    // What stands on the disk now; run last.
+    std::function<void(const Contact& before, std::int32_t row)> edited = [](const Contact&, std::int32_t) {};
+    std::function<void(const Contact& contact)> deleted = [](const Contact&) {};
+
+    std::int32_t editedRow = 0;                ///< the log row in the edit form
+    std::optional<ContactChange> stored = {};  ///< by the edit form, since it was opened
 
     /// Shows the contact of a log row in the edit form; returns when that has been closed and the log rewritten.
     void Edit(std::int32_t row);
@@ -56,6 +69,8 @@ private:
     std::string_view SectionCode() const;
     bool HasSection();
     void Store();
+    void TellOfEdit(std::int32_t row, const ContactChange& change) const;
+    void TellOfDeletion(const Contact& contact) const;
     void RewriteAndReload();
 };
 

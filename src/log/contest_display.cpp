@@ -18,6 +18,7 @@ void ContestDisplay::ShowCounts() {
     ShowTotals();
     form.lblNumCurCon.SetCaption(log.gContactCount() == 0 ? "1" : NumberForm(log.NextSerial()));
     form.lblsectogo.SetCaption(" " + NumberForm(contest.sections.gSectionCount - contest.sections.gSectionsWorked));
+    counted();
 }
 
 /// The number form behind a further blank: two blanks stand before a number until the next commit writes none.
@@ -34,6 +35,7 @@ void ContestDisplay::ShowScore() {
     form.lblTotSec.SetCaption(PlainText(sections.gSectionsWorked));
     form.lblsectogo.SetCaption(PlainText(sections.gSectionCount - sections.gSectionsWorked));
     form.lblTotScore.SetCaption(PlainText(Score(sections.gSectionsWorked, contest.log.gContactCount())));
+    counted();
 }
 
 void ContestDisplay::ShowTimes() {

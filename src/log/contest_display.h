@@ -1,5 +1,7 @@
 #pragma once
 
+#include <functional>
+
 #include "log/contact_list.h"
 #include "log/off_time_clock.h"
 #include "log/rate_labels.h"
@@ -17,6 +19,9 @@ struct ContestDisplay {
     SectionGrid grid;
     RateLabels rates;
     OffTimeClock offTime;
+
+    /// Contacts and sections have been counted, and shown so.
+    std::function<void()> counted = [] {};
 
     /// Shows the counts, the list and the next serial number as they are in memory.
     void ShowCounts();

@@ -108,6 +108,7 @@ void FileMenu::BeginAnew() {
         }
         attempts.Note(failure);
     }
+    replaced();
     attempts.Try([this] { time.records.Clear(); });
     attempts.Try([this] { preferencesFile.SavePref(); });
     if (attempts.AnyFailed()) {
@@ -164,6 +165,7 @@ void FileMenu::Restore(const std::string& archive) {
         }
     };
     guard.Restore(archive, putBack);
+    replaced();
 }
 
 }  // namespace tallyhut

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <functional>
+
 #include "log/log_copies.h"
 #include "log/log_guard.h"
 #include "log/operating_time.h"
@@ -16,6 +18,9 @@ struct FileMenu {
     LogCopies& copies;
     OperatingTime& time;
     PreferencesFile& preferencesFile;
+
+    /// A new log, or one that was restored, stands in place of the one before. Must not fail.
+    std::function<void()> replaced = [] {};
 
     /// Asks, empties log and time records if the operator types YES, and reloads in every case. A log that cannot be
     /// kept first is told in a box and not emptied. Throws LogWriteError when the log cannot be emptied, PlatformError

@@ -20,6 +20,9 @@
 
 namespace tallyhut {
 
+struct DatagramSockets;
+struct Keyring;
+
 /// What a host lends to the program. All of it must outlive the program.
 struct Machine {
     Clock& clock;
@@ -34,6 +37,8 @@ struct Machine {
     SerialPorts& serialPorts;
     ParallelPorts& parallelPorts;
     TcpSockets& tcpSockets;
+    DatagramSockets& datagramSockets;
+    Keyring& keyring;
     Sound& sound;
     std::optional<std::uint32_t> seed = {};  ///< of random numbers; none for the clock's
     std::string agwEngine = {};              ///< HOST:PORT of the packet engine, where the command line says so

@@ -38,10 +38,14 @@ std::string Digits(const FrequencyOrder& order, double countsPerMegahertz, std::
     return ZeroFilled(PlainText(static_cast<std::int64_t>(WholeCounts(order.frequency, countsPerMegahertz))), width);
 }
 
+ValueError TooHigh(float frequency) {
+    return ValueError{PlainText(frequency) + " MHz is too high for the commands of this radio."};
+}
+
 /// For a command of bytes, which cannot end in half of one.
 std::string WholePairs(std::string digits, float frequency) {
     if (digits.size() % 2 != 0) {
-        throw ValueError(PlainText(frequency) + " MHz is too high for the commands of this radio.");
+        throw TooHigh(frequency);
     }
     return digits;
 }
@@ -64,6 +68,10 @@ std::string KenwoodCommand(std::string_view vfo, const FrequencyOrder& order) {
 
 }  // namespace
 
+std::int64_t WholeHertz(float frequency) {
+    return static_cast<std::int64_t>(WholeCounts(frequency, kHertz));
+}
+
 std::string KenwoodFrequency(const FrequencyOrder& order) {
     return KenwoodCommand(order.frequencyString.substr(0, 2), order);
 }
@@ -78,6 +86,15 @@ std::string ElecraftFrequency(const FrequencyOrder& order) {
 
 std::string DualFrequency(const FrequencyOrder& order) {
     return std::string{order.frequencyString.substr(0, 2)} + Digits(order, kHertz, 8) + ';';
+}
+
+std::string NineDigitFrequency(const FrequencyOrder& order) {
+    constexpr std::size_t kDigits = 9;
+    const std::string digits = Digits(order, kHertz, kDigits);
+    if (digits.size() > kDigits) {
+        throw TooHigh(order.frequency);
+    }
+    return std::string{order.frequencyString.substr(0, 2)} + digits + ';';
 }
 
 std::string IcomFrequency(const FrequencyOrder& order) {

@@ -18,6 +18,9 @@ struct FrequencyOrder {
 /// for a string whose address is none.
 using FrequencyCommand = std::string (*)(const FrequencyOrder&);
 
+/// MHz as whole hertz. Throws as a command does.
+std::int64_t WholeHertz(float frequency);
+
 /// "FA00014200000;" to the VFO that the frequency string names.
 std::string KenwoodFrequency(const FrequencyOrder& order);
 /// The same to the VFO that the radio has said it is on.
@@ -26,6 +29,8 @@ std::string KenwoodActiveFrequency(const FrequencyOrder& order);
 std::string ElecraftFrequency(const FrequencyOrder& order);
 /// "FA14200000;"
 std::string DualFrequency(const FrequencyOrder& order);
+/// "FA014200000;". Throws ValueError for what nine digits of hertz do not hold.
+std::string NineDigitFrequency(const FrequencyOrder& order);
 /// FE FE 64 E0 05 00 00 20 14 00 FD. Five bytes of digits also to the radio that answers with four.
 std::string IcomFrequency(const FrequencyOrder& order);
 /// 01 42 00 00 01

@@ -14,6 +14,13 @@ void FrequencyTest::Open() {
     form.Unload();
 }
 
+void FrequencyTest::Form_Load() {
+    const bool isServer = commands.radio.Row().link == RigLink::Server;
+    for (Control* raw : std::initializer_list<Control*>{&form.Text1, &form.Check1, &form.Command1}) {
+        raw->SetEnabled(!isServer);
+    }
+}
+
 void FrequencyTest::Command1_Click() {
     const std::string command = Trim(form.Text1.Text());
     try {

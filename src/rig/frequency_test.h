@@ -14,6 +14,8 @@ struct FrequencyTest {
 
     /// Shows the form; returns when it has been closed.
     void Open();
+    /// A server takes no raw commands.
+    void Form_Load();
     /// Sends the raw command: at once, or behind the command that is under way.
     void Command1_Click();
     /// Tunes.

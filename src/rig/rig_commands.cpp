@@ -13,6 +13,7 @@ using Kind = CommandStep::Kind;
 
 constexpr const char* kFrequencyError = "Error Changing Frequency";
 constexpr const char* kModeError = "Error Changing Mode";
+constexpr const char* kLost = "The radio does not answer.";
 
 /// The tick counts in 32 bits here. Close to where it wraps the pause is left out.
 Tick EndOfPause(Tick now, int milliseconds) {
@@ -49,6 +50,16 @@ void RigCommands::ChangeFrequency(float& Frequency) {
     if (!radio.state.polls || !CanCarry(Frequency)) {
         return;
     }
+    if (IsOutOfReach()) {
+        Refuse(kFrequencyError, kLost);
+        return;
+    }
+    if (radio.Row().link == RigLink::Server) {
+        if (!connection.server.Tune(WholeHertz(frequency), ModeForFrequency(modePlan, frequency))) {
+            Refuse(kFrequencyError, kLost);
+        }
+        return;
+    }
     InTurn([this, frequency] {
         RigCommand next{.mode = ModeForFrequency(modePlan, frequency), .frequency = frequency};
         next.steps.push_back({.kind = Kind::Discard});
@@ -63,14 +74,16 @@ void RigCommands::ChangeFrequency(float& Frequency) {
 bool RigCommands::CanCarry(float& frequency) {
     const FrequencyCommand make = radio.Row().frequencyCommand;
     try {
+        if (radio.Row().link == RigLink::Server) {
+            WholeHertz(frequency);
+        }
         if (make != nullptr) {
             make({.frequency = frequency,
                   .frequencyString = radio.settings.frequencyString,
                   .vfoDigit = radio.state.VfoDigit});
         }
     } catch (const ValueError& failure) {
-        failed();
-        Report(kFrequencyError, failure.what());
+        Refuse(kFrequencyError, failure.what());
         return false;
     }
     return true;
@@ -84,6 +97,16 @@ void RigCommands::ChangeMode(const float& Frequency, std::string& Mode) {
         Mode = ModeForFrequency(modePlan, Frequency);
     }
     if (Mode.empty()) {
+        return;
+    }
+    if (IsOutOfReach()) {
+        Refuse(kModeError, Mode + ' ' + kLost);
+        return;
+    }
+    if (radio.Row().link == RigLink::Server) {
+        if (!connection.server.SetMode(Mode)) {
+            Refuse(kModeError, Mode + ' ' + kLost);
+        }
         return;
     }
     InTurn([this, mode = Mode] {
@@ -155,7 +178,7 @@ void RigCommands::Perform(Kind kind) {
             SendFrequency();
         }
     } catch (const PlatformError& failure) {
-        Fail(kind, failure.what());
+        FailWithThePort(failure.what());
     } catch (const ValueError& failure) {
         Fail(kind, failure.what());
     }
@@ -196,14 +219,18 @@ void RigCommands::SendFrequency() {
 
 void RigCommands::End() {
     radio.state.commanding = false;
-    if (radio.form.tmrGetData.Enabled() != radio.state.polls) {
-        radio.form.tmrGetData.SetTimerEnabled(radio.state.polls);
-    }
+    RestoreThePoll();
     if (const std::function<void()> next = std::exchange(waiting, nullptr)) {
         next();
     }
     if (!radio.state.commanding) {
         over();
+    }
+}
+
+void RigCommands::RestoreThePoll() {
+    if (radio.form.tmrGetData.Enabled() != radio.state.polls) {
+        radio.form.tmrGetData.SetTimerEnabled(radio.state.polls);
     }
 }
 
@@ -231,6 +258,22 @@ void RigCommands::Fail(Kind kind, const std::string& why) {
         End();
     }
     Report(kModeError, text);
+}
+
+/// One box for the whole command: what is left of it would fail as well.
+void RigCommands::FailWithThePort(const std::string& why) {
+    const bool tunes = command.frequency.has_value();
+    const std::string text = tunes ? why : command.mode + ' ' + why;
+    Abandon();
+    RestoreThePoll();
+    connection.PortHasFailed();
+    Refuse(tunes ? kFrequencyError : kModeError, text);
+}
+
+/// Ends a scan and tells.
+void RigCommands::Refuse(const std::string& title, const std::string& text) {
+    failed();
+    Report(title, text);
 }
 
 void RigCommands::LoadModePlan() {

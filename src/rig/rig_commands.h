@@ -7,7 +7,7 @@
 #include <vector>
 
 #include "platform/files.h"
-#include "rig/radio.h"
+#include "rig/rig_connection.h"
 #include "support/directories.h"
 #include "toolkit/desk.h"
 #include "values/band_plan.h"
@@ -44,6 +44,7 @@ struct RigCommands {
     const Files& files;
     const Directories& directories;
     Desk& desk;
+    RigConnection& connection;
 
     /// A command has failed; runs before the operator is told.
     std::function<void()> failed = [] {};
@@ -55,8 +56,9 @@ struct RigCommands {
     std::function<void()> waiting = nullptr;  ///< begins the next one
 
     /// Sets the mode that fits a frequency in MHz, then the frequency. Nothing unless the radio is polled; the poll
-    /// rests meanwhile, and after a failure, which is told in a box, until the next Test. Callers lend a copy: the
-    /// variable may be overwritten.
+    /// rests meanwhile. A failure is told in one box, and then nothing more of it goes out: a radio that is lost is not
+    /// tuned, a port that has gone is opened again, and after a command that cannot be made the poll rests until the
+    /// next Test. Callers lend a copy: the variable may be overwritten.
     void ChangeFrequency(float& Frequency);
     /// Sets a mode by its name; an empty one becomes the one that the plan has for the frequency in MHz. A failure is
     /// told in a box.
@@ -72,6 +74,8 @@ struct RigCommands {
 
 private:
     bool CanCarry(float& frequency);
+    bool IsOutOfReach() const { return radio.state.lost || radio.state.portGone; }
+    void Refuse(const std::string& title, const std::string& text);
     void Begin(RigCommand next);
     void Continue();
     bool MustWait(CommandStep& step);
@@ -80,7 +84,9 @@ private:
     void SendMode();
     void SendFrequency();
     void End();
+    void RestoreThePoll();
     void Fail(CommandStep::Kind kind, const std::string& why);
+    void FailWithThePort(const std::string& why);
     void Report(const std::string& title, const std::string& text);
 };
 

@@ -10,10 +10,6 @@ namespace {
 
 constexpr std::string_view kNoAnswer = "Radio: no answer";
 
-bool IsDecoded(const RigRow& rig) {
-    return rig.link == RigLink::Files || rig.readFrequency != nullptr || rig.readMode != nullptr;
-}
-
 }  // namespace
 
 void RigLine::Show() {
@@ -22,17 +18,17 @@ void RigLine::Show() {
         form1.desk.Announce(kNoAnswer);
     }
     form1.lblRig.SetCaption(text);
+    looked();
 }
 
 std::optional<float> RigLine::Frequency() const {
     const RigState& state = radio.state;
-    const bool answers = state.polls && IsDecoded(radio.Row()) && state.missedPolls < kMissedPolls && state.answered;
-    return answers && state.RigFrequency > 0 ? std::optional{state.RigFrequency} : std::nullopt;
+    const bool isKnown = state.polls && !state.lost && state.frequencyHeard;
+    return isKnown && state.RigFrequency > 0 ? std::optional{state.RigFrequency} : std::nullopt;
 }
 
 std::string RigLine::Text() const {
-    const RigState& state = radio.state;
-    if (state.polls && IsDecoded(radio.Row()) && state.missedPolls >= kMissedPolls) {
+    if (radio.state.polls && radio.state.lost) {
         return std::string{kNoAnswer};
     }
     const std::optional<float> frequency = Frequency();

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <optional>
 
 #include "forms/Form1.h"
@@ -7,13 +8,14 @@
 
 namespace tallyhut {
 
-/// What the main form says of the radio, in lblRig: its frequency, or that it does not answer; nothing while no radio
-/// is polled, and of one whose replies nobody can decode.
+/// What the main form says of the radio, in lblRig: its frequency, or that it is lost; nothing while no radio is
+/// polled, and of one whose replies nobody can decode.
 struct RigLine {
-    static constexpr int kMissedPolls = 3;  ///< so many without a decoded reply: the radio is lost
-
     Form1& form1;
     const Radio& radio;
+
+    /// The radio may have been heard, or lost.
+    std::function<void()> looked = [] {};
 
     /// Behind each poll, and when polling ends. A radio that is lost is announced, once each time.
     void Show();

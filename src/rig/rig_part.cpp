@@ -12,9 +12,10 @@ RigPart::RigPart(Machine& machine, Desk& desk, SupportPart& support, LogPart& lo
       pegasus{machine.files, machine.settings, machine.environment},
       radio{rigForm, rigState, rigSettings, log.contest.preferences, *comComm1, pegasus},
       bandConversion{log.band, log.contest.log},
-      rigPoll{radio, bandConversion},
-      rigCommands{radio, machine.files, support.directories, desk},
-      rigSetup{radio, log.preferencesFile, rigPoll, rigCommands, machine.files, support.directories, desk},
+      rigConnection{radio, machine, desk},
+      rigPoll{radio, bandConversion, rigConnection, machine.clock},
+      rigCommands{radio, machine.files, support.directories, desk, rigConnection},
+      rigSetup{radio, log.preferencesFile, rigConnection, rigCommands, machine.files, support.directories, desk},
       rigLine{log.form1, radio},
       rigTune{tuneForm, radio, rigCommands},
       frequencyTest{frequencyTestForm, rigCommands, *comComm1} {
@@ -38,6 +39,11 @@ void RigPart::BindRigForm(const SerialPorts& ports) {
         rigPoll.tmrGetData_Elapsed();
         rigLine.Show();
     };
+    rigConnection.server.read = [this](const RigReading& reading) {
+        rigPoll.TakeReading(reading);
+        rigLine.Show();
+    };
+    rigConnection.server.linkChanged = [this] { rigSetup.ShowServerLink(); };
     rigSetup.pollingEnded = [this] { rigLine.Show(); };
     rigForm.tmrCommand.Elapsed = [this] { rigCommands.tmrCommand_Elapsed(); };
     rigForm.List1.Click = [this] { rigSetup.List1_Click(); };
@@ -82,6 +88,7 @@ void RigPart::BindTuneForm() {
 }
 
 void RigPart::BindFrequencyTest() {
+    frequencyTestForm.Form_Load = [this] { frequencyTest.Form_Load(); };
     frequencyTestForm.Text1.KeyPress = [this](int& KeyAscii) { frequencyTest.Text1_KeyPress(KeyAscii); };
     frequencyTestForm.Text2.KeyPress = [this](int& KeyAscii) { frequencyTest.Text2_KeyPress(KeyAscii); };
     frequencyTestForm.Command1.Click = [this] { frequencyTest.Command1_Click(); };

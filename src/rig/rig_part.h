@@ -5,6 +5,7 @@
 #include "log/log_part.h"
 #include "rig/frequency_test.h"
 #include "rig/rig_line.h"
+#include "rig/rig_poll.h"
 #include "rig/rig_setup.h"
 #include "rig/rig_tune.h"
 
@@ -24,6 +25,7 @@ struct RigPart {
     PegasusFiles pegasus;
     Radio radio;
     BandConversion bandConversion;
+    RigConnection rigConnection;
     RigPoll rigPoll;
     RigCommands rigCommands;
     RigSetup rigSetup;

@@ -1,5 +1,7 @@
 #include "rig/rig_poll.h"
 
+#include <algorithm>
+
 #include "contest/bands.h"
 #include "platform/platform_error.h"
 #include "values/format.h"
@@ -13,6 +15,35 @@ void RigPoll::tmrGetData_Elapsed() {
         return;
     }
     const RigRow& rig = radio.Row();
+    if (rig.link == RigLink::Server) {
+        AskServer();
+    } else {
+        RunTick(rig);
+    }
+    LookForLoss(rig);
+}
+
+/// In the measure of the told poll: one tick asks. Its answer comes when it comes; the next one only counts.
+void RigPoll::AskServer() {
+    if (radio.state.ReadPhase == 1) {
+        ++radio.state.missedPolls;
+        radio.state.ReadPhase = 0;
+    } else {
+        radio.state.ReadPhase = 1;
+        connection.server.Poll();
+    }
+}
+
+void RigPoll::TakeReading(const RigReading& reading) {
+    Take(reading);
+    try {
+        Use(radio.Row());
+    } catch (const PlatformError&) {
+        // A band that cannot be saved: the next reading tries again.
+    }
+}
+
+void RigPoll::RunTick(const RigRow& rig) {
     try {
         if (radio.state.ReadPhase == 1) {
             ++radio.state.missedPolls;
@@ -30,9 +61,31 @@ void RigPoll::tmrGetData_Elapsed() {
         }
     } catch (const PlatformError&) {
         // A cable that is out, a band that cannot be saved: ReadPhase and RxBuffer stay, and the next tick tries again.
-        radio.state.missedPolls += radio.state.ReadPhase == 0 ? 1 : 0;
+        if (radio.state.ReadPhase == 0) {
+            ++radio.state.missedPolls;
+            connection.PortHasFailed();
+        }
     } catch (const ValueError&) {
         // A string that is no row of pairs, which the operator may be typing.
+    }
+}
+
+void RigPoll::LookForLoss(const RigRow& rig) {
+    constexpr int kPolls = 3;
+    constexpr std::int32_t kTicksAPoll = 2;
+    constexpr std::int32_t kLeastMs = 5'000;
+    RigState& state = radio.state;
+    const std::int32_t polls = kPolls * kTicksAPoll * radio.form.tmrGetData.Interval();
+    const auto patience = static_cast<Tick>(std::max(kLeastMs, polls));
+    if (!state.polls || state.lost || !CanBeLost(rig) || state.missedPolls < kPolls ||
+        clock.TickMs() - state.heardAt < patience) {
+        return;
+    }
+    state.lost = true;
+    state.frequencyHeard = false;
+    connection.server.DropCommands();  // from here on the operator reads that it does not answer
+    if (rig.lossEmptiesFrequency) {
+        conversion.ForgetFrequency();
     }
 }
 
@@ -63,13 +116,19 @@ void RigPoll::SendRequest(const RequestManner& manner, const std::string& text) 
 
 void RigPoll::Read(const RigRow& rig) {
     Decode(rig);
+    Use(rig);
+}
+
+void RigPoll::Use(const RigRow& rig) {
     if (radio.form.OptFreq.Value()) {
         ModeFromFrequency();
     }
     if (radio.form.IsVisible()) {
         Show();
     }
-    if (radio.form.chkFrequency.Value()) {
+    // A radio that is lost, or has told its mode alone since, is on no frequency that is known.
+    const bool isKnown = radio.state.frequencyHeard || !rig.lossEmptiesFrequency;
+    if (radio.form.chkFrequency.Value() && isKnown) {
         conversion.BandFreqConversion(radio.state.RigFrequency);
     }
     if (!radio.form.OptDont.Value()) {
@@ -101,9 +160,11 @@ void RigPoll::Run(RigDecoder decoder) {
 
 void RigPoll::Take(const RigReading& reading) {
     if (reading.frequency || reading.mode) {
-        radio.state.answered = true;
+        radio.state.lost = false;
         radio.state.missedPolls = 0;
+        radio.state.heardAt = clock.TickMs();
     }
+    radio.state.frequencyHeard = radio.state.frequencyHeard || reading.frequency;
     radio.state.RigFrequency = reading.frequency.value_or(radio.state.RigFrequency);
     if (reading.mode) {
         radio.state.RigMode = *reading.mode;

@@ -39,6 +39,20 @@ std::vector<std::string> RigNames() {
     return names;
 }
 
+std::string_view LinkText(RigServerLink link) {
+    switch (link) {
+        case RigServerLink::Closed:
+            return "Closed";
+        case RigServerLink::Connecting:
+            return "Connecting";
+        case RigServerLink::Connected:
+            return "Connected";
+        case RigServerLink::NoAnswer:
+            return "No answer";
+    }
+    return {};
+}
+
 }  // namespace
 
 void RigSetup::RigControlfrm_Load() {
@@ -49,6 +63,7 @@ void RigSetup::RigControlfrm_Load() {
         commands.LoadModePlan();
     }
     radio.state.VfoDigit = RigState::kNoVfoYet;
+    ShowServerLink();
 }
 
 void RigSetup::ReadRigSettings() {
@@ -76,6 +91,7 @@ void RigSetup::ShowRecord(const RigRecord& record) {
     form.List1.SelectRow(row == rigs.end() ? -1 : static_cast<int>(row - rigs.begin()));
     form.chkConvToHex.SetVisible(radio.Row().choosesConversion);
     form.Label10.SetVisible(radio.Row().addressHint == AddressHint::WhenClickedOrLoaded);
+    ShowLinkOfRow();
     const int port = settings.commPort - 1;
     if (port >= form.optComm.First() && port <= form.optComm.Last()) {
         form.optComm(port).SetValue(true);
@@ -121,6 +137,29 @@ void RigSetup::List1_Click() {
     form.chkConvToHex.SetValue(rig.convertsToHex);
     form.chkConvToHex.SetVisible(rig.choosesConversion);
     form.Label10.SetVisible(rig.addressHint != AddressHint::Never);
+    ShowLinkOfRow();
+}
+
+/// A server's address stands in the place of the port's settings; it is not asked by strings.
+void RigSetup::ShowLinkOfRow() {
+    RigControlfrm& form = radio.form;
+    const bool isServer = radio.Row().link == RigLink::Server;
+    for (FrameBox* frame :
+         {&form.fraPort, &form.fraBaud, &form.fraParity, &form.fraData, &form.fraStop, &form.fraPower}) {
+        frame->SetVisible(!isServer);
+    }
+    form.txtFreq.SetEnabled(!isServer);
+    form.txtMode.SetEnabled(!isServer);
+    form.fraRigServer.SetVisible(isServer);
+    if (isServer) {
+        const RigAddress address = connection.StoredAddress();
+        form.txtRigHost.SetText(address.host);
+        form.txtRigPort.SetText(address.port);
+    }
+}
+
+void RigSetup::ShowServerLink() {
+    radio.form.lblRigLink.SetCaption(LinkText(connection.server.Link()));
 }
 
 void RigSetup::txtFreq_Change() {
@@ -142,11 +181,9 @@ void RigSetup::Command1_Click() {
     if (radio.Row().link == RigLink::None) {
         return;
     }
-    if (radio.Row().link == RigLink::Port) {
-        OpenRigPort();
-    }
-    if (radio.comComm1.IsOpen() || radio.Row().link == RigLink::Files) {
-        poll.tmrGetData_Elapsed();
+    OpenRadio();
+    if (connection.IsOpen()) {
+        radio.form.tmrGetData.Elapsed();
         StartPolling();
     } else {
         ShowPolling(false);
@@ -168,11 +205,13 @@ void RigSetup::CommitForm() {
     settings.portSettings = PortSettings(settings);
     settings.power = Chosen(form, kPowerOptions);
     settings.pollRate = Chosen(form, kPollOptions);
+    connection.address =
+        Completed({.host = form.txtRigHost.Text(), .port = form.txtRigPort.Text()}, radio.Row().server);
 }
 
-void RigSetup::OpenRigPort() {
+void RigSetup::OpenRadio() {
     try {
-        TryOpen(radio.Row());
+        connection.Open();
     } catch (const PlatformError&) {
         StopPolling();
         desk.dialogs.Show(kInvalidPortBox);
@@ -182,43 +221,23 @@ void RigSetup::OpenRigPort() {
     }
 }
 
-void RigSetup::TryOpen(const RigRow& rig) {
-    radio.comComm1.Close();
-    portIsTaken(radio.settings.commPort);
-    radio.comComm1.SetNumber(radio.settings.commPort);
-    if (rig.rtsHandshake) {
-        radio.comComm1.SetHandshake(Handshake::Rts);
-        handshakes = true;
-    }
-    powered = radio.settings.power;
-    openNumber = radio.settings.commPort;
-    radio.comComm1.SetSettings(radio.settings.portSettings);
-    radio.comComm1.SetDtr(false);
-    radio.comComm1.SetRts(false);
-    radio.comComm1.Open();
-    if (radio.settings.power == "R") {
-        radio.comComm1.SetRts(true);
-    } else if (radio.settings.power == "D") {
-        radio.comComm1.SetDtr(true);
-    }
-    if (!rig.greeting.empty()) {
-        radio.comComm1.Write(rig.greeting);
-    }
-}
-
 void RigSetup::StartPolling() {
     const auto* rate = std::ranges::find(kPollRates, radio.settings.pollRate, &PollRate::letter);
     if (rate != kPollRates.end()) {
         radio.form.tmrGetData.SetInterval(rate->intervalMs);
     }
     radio.state.polls = true;
-    radio.state.answered = false;
     radio.state.missedPolls = 0;
+    radio.state.heardAt = desk.clock.TickMs();
+    radio.state.lost = false;
+    radio.state.frequencyHeard = false;
     radio.form.tmrGetData.SetTimerEnabled(!radio.state.commanding);
 }
 
 void RigSetup::StopPolling() {
     radio.state.polls = false;
+    radio.state.lost = false;
+    connection.EndReopening();
     radio.form.tmrGetData.SetTimerEnabled(false);
     commands.Abandon();
     pollingEnded();
@@ -235,7 +254,7 @@ void RigSetup::Command2_Click() {
     radio.form.lblUnProcess.SetCaption("");
     StopPolling();
     ShowPolling(false);
-    radio.comComm1.Close();
+    connection.Close();
 }
 
 void RigSetup::Command3_Click() {
@@ -256,6 +275,7 @@ void RigSetup::cmdDone_Click() {
     }
     preferencesFile.SavePref();
     WriteRigSettings();
+    connection.StoreAddress();
     radio.form.Hide();
 }
 
@@ -268,7 +288,7 @@ void RigSetup::RigControlfrm_QueryUnload(bool& Cancel) {
 void RigSetup::RigControlfrm_Unload() {
     StopPolling();
     SayFarewell();
-    radio.comComm1.Close();
+    connection.Close();
 }
 
 void RigSetup::SayFarewell() {

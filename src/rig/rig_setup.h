@@ -5,7 +5,7 @@
 #include "log/preferences_file.h"
 #include "rig/radio.h"
 #include "rig/rig_commands.h"
-#include "rig/rig_poll.h"
+#include "rig/rig_connection.h"
 
 namespace tallyhut {
 
@@ -13,7 +13,7 @@ namespace tallyhut {
 struct RigSetup {
     Radio& radio;
     PreferencesFile& preferencesFile;
-    RigPoll& poll;
+    RigConnection& connection;
     RigCommands& commands;
     Files& files;
     const Directories& directories;
@@ -22,19 +22,12 @@ struct RigSetup {
     /// Shows the form on which commands are tried out; returns when it is closed.
     std::function<void()> openFrequencyTest = [] {};
     std::function<void()> pollingEnded = [] {};
-    /// Before the port of a number is opened: whoever else holds it lets go of it.
-    std::function<void(int number)> portIsTaken = [](int) {};
 
     bool FormLoading = false;  ///< a row that is selected meanwhile brings no defaults
 
-    // What the radio's connection does with the control lines of its port while that is open.
-    bool handshakes = false;    ///< RTS is the line's own; no radio takes it back until the program ends
-    std::string powered = "N";  ///< by "R" RTS, "D" DTR
-    int openNumber = 0;         ///< of the port
-    bool TakesRts() const { return handshakes || powered == "R"; }
-    bool TakesDtr() const { return powered == "D"; }
-
     void RigControlfrm_Load();
+    /// Says how the connection to a server stands.
+    void ShowServerLink();
     void RigControlfrm_QueryUnload(bool& Cancel);
     void RigControlfrm_Unload();
     void List1_Click();
@@ -55,13 +48,13 @@ struct RigSetup {
     void ReadRigSettings();
     void WriteRigSettings();
     /// A failure ends the poll and the command under way, is told in a box, and the form shown where it is hidden.
-    void OpenRigPort();
+    void OpenRadio();
     void StartPolling();
 
 private:
     void ShowRecord(const RigRecord& record);
+    void ShowLinkOfRow();
     void CommitForm();
-    void TryOpen(const RigRow& rig);
     void StopPolling();
     void ShowPolling(bool polling);
     void SayFarewell();

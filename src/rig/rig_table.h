@@ -4,10 +4,12 @@
 #include <array>
 #include <string_view>
 
+#include "rig/flrig_dialect.h"
 #include "rig/frequency_command.h"
 #include "rig/icom_reply.h"
 #include "rig/mode_command.h"
 #include "rig/rig_request.h"
+#include "rig/rigctld_dialect.h"
 #include "rig/status_reply.h"
 #include "rig/text_reply.h"
 
@@ -25,7 +27,16 @@ struct SerialDefaults {
 enum class RigLink {
     None,
     Port,
-    Files,  ///< two files that the radio's own control program reads and writes
+    Files,   ///< two files that the radio's own control program reads and writes
+    Server,  ///< a program on the network that has the radio
+};
+
+/// A kind of server: how it is spoken to, and where its address is kept in section "Machine" of the settings.
+struct ServerRow {
+    const ServerDialect* dialect = nullptr;
+    std::string_view hostKey = {};
+    std::string_view portKey = {};
+    std::string_view usualPort = {};
 };
 
 /// When the form explains that the address in the strings must be the radio's.
@@ -36,6 +47,7 @@ struct RigRow {
     std::string_view name;  ///< in the rig list and in the settings
     RigLink link = RigLink::Port;
     SerialDefaults serial = {};
+    ServerRow server = {};
     std::string_view frequencyString = {};
     std::string_view modeString = {};
     bool convertsToHex = false;      ///< what the check box shows
@@ -48,17 +60,25 @@ struct RigRow {
     /// For a radio with alternating requests the one of the request that went out last decodes, else both in turn.
     RigDecoder readFrequency = nullptr;
     RigDecoder readMode = nullptr;
+    bool lossEmptiesFrequency = false;  ///< contacts bear none while the radio is lost
     /// Before a frequency command, in ms; events run between the two.
     std::array<int, 2> pausesMs = {};
     FrequencyCommand frequencyCommand = nullptr;
     ModeCommand modeCommand = nullptr;
 };
 
+/// Whether its replies tell that the radio is there: without them it is lost.
+constexpr bool CanBeLost(const RigRow& rig) {
+    const bool isDecoded = rig.readFrequency != nullptr || rig.readMode != nullptr;
+    return rig.link == RigLink::Server || (rig.link == RigLink::Port && isDecoded);
+}
+
 namespace rig_facts {
 
 inline constexpr SerialDefaults k4800TwoStops{.baud = "4800", .dataBits = "8", .stopBits = "2", .parity = "N"};
 inline constexpr SerialDefaults k1200{.baud = "1200", .dataBits = "8", .stopBits = "1", .parity = "N"};
 inline constexpr SerialDefaults k56000{.baud = "56000", .dataBits = "8", .stopBits = "1", .parity = "N"};
+inline constexpr SerialDefaults k38400{.baud = "38400", .dataBits = "8", .stopBits = "1", .parity = "N"};
 inline constexpr SerialDefaults kOnly4800{.baud = "4800", .dataBits = "", .stopBits = "", .parity = ""};
 
 inline constexpr std::string_view kFiveNuls{"\0\0\0\0\0", 5};
@@ -88,7 +108,7 @@ constexpr RigRow StatusBlockRig(std::string_view name, RigDecoder decoder, int p
 }  // namespace rig_facts
 
 /// In the order of the rig list.
-inline constexpr std::array<RigRow, 19> kRigs{{
+inline constexpr std::array<RigRow, 22> kRigs{{
     {.name = "None", .link = RigLink::None},
     {.name = "Elecraft",
      .serial = rig_facts::k4800TwoStops,
@@ -214,6 +234,25 @@ inline constexpr std::array<RigRow, 19> kRigs{{
      .frequencyCommand = DualFrequency,
      .modeCommand = DualMode},
     {.name = "Other", .choosesConversion = true, .request = {.coding = RequestCoding::AsChosen}},
+    {.name = "Yaesu FTdx10",
+     .serial = rig_facts::k38400,
+     .frequencyString = "FA;",
+     .modeString = "MD0;",
+     .request = {.coding = RequestCoding::Text, .turn = RequestTurn::Alternating, .leastLength = 2},
+     .readFrequency = ReadNineDigitCommand,
+     .readMode = ReadNineDigitCommand,
+     .lossEmptiesFrequency = true,
+     .pausesMs = {205},
+     .frequencyCommand = NineDigitFrequency,
+     .modeCommand = DualMode},
+    {.name = "Hamlib (rigctld)",
+     .link = RigLink::Server,
+     .server = {.dialect = &kRigctld, .hostKey = "RigctldHost", .portKey = "RigctldPort", .usualPort = "4532"},
+     .lossEmptiesFrequency = true},
+    {.name = "flrig",
+     .link = RigLink::Server,
+     .server = {.dialect = &kFlrig, .hostKey = "FlrigHost", .portKey = "FlrigPort", .usualPort = "12345"},
+     .lossEmptiesFrequency = true},
 }};
 
 /// The row of a name; the one of "None" for a name that is none.

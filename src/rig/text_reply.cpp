@@ -22,6 +22,22 @@ std::optional<std::size_t> FindReply(std::string_view rxBuffer, std::string_view
     return place;
 }
 
+/// What stands between the begin of a reply and its semicolon, in the first reply of that length.
+std::optional<std::string_view> WholeReply(std::string_view rxBuffer, std::string_view begin, std::size_t length) {
+    for (std::size_t place = rxBuffer.find(begin); place != std::string_view::npos;
+         place = rxBuffer.find(begin, place + 1)) {
+        const std::string_view value = Middle(rxBuffer, place + begin.size(), length + 1);
+        if (value.size() == length + 1 && value.find(';') == length) {
+            return value.substr(0, length);
+        }
+    }
+    return std::nullopt;
+}
+
+bool AreDigits(std::string_view text) {
+    return text.find_first_not_of("0123456789") == std::string_view::npos;
+}
+
 }  // namespace
 
 RigReading ReadFaMd(const RigReply& reply) {
@@ -65,6 +81,19 @@ RigReading ReadDualCommand(const RigReply& reply) {
     }
     if (const auto place = FindReply(reply.rxBuffer, reply.modeString.substr(0, 3), 4)) {
         reading.mode = ModeAt(reply.rxBuffer, *place + 3, "3");
+    }
+    return reading;
+}
+
+RigReading ReadNineDigitCommand(const RigReply& reply) {
+    RigReading reading;
+    const auto hertz = WholeReply(reply.rxBuffer, reply.frequencyString.substr(0, 2), 9);
+    constexpr std::string_view kNowhere = "000000000";
+    if (hertz && AreDigits(*hertz) && *hertz != kNowhere) {
+        reading.frequency = MegahertzOfHertz(*hertz);
+    }
+    if (const auto mode = WholeReply(reply.rxBuffer, reply.modeString.substr(0, 3), 1)) {
+        reading.mode = ModeAt(*mode, 0, "37");
     }
     return reading;
 }

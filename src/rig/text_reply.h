@@ -15,6 +15,9 @@ RigReading ReadMdDigit(const RigReply& reply);
 RigReading ReadIfBlock(const RigReply& reply);
 /// "FA14200000;" and "MD03;", of which each may come alone.
 RigReading ReadDualCommand(const RigReply& reply);
+/// "FA014200000;" and "MD03;", of which each may come alone. A reply that is cut, or of another length, says nothing: a
+/// shorter number would be another frequency.
+RigReading ReadNineDigitCommand(const RigReply& reply);
 /// "@AF14200000" and a carriage return.
 RigReading ReadOrionFrequency(const RigReply& reply);
 /// "@RMM3" and a carriage return.

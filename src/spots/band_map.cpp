@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "spots/spot_labels.h"
+#include "spots/terminal_text.h"
 #include "toolkit/key.h"
 #include "values/text.h"
 #include "values/value_error.h"
@@ -13,10 +14,10 @@ namespace {
 constexpr int kMostColumns = SpotTable::kRows;
 constexpr double kContactsWidth = 2700;  ///< of the list of contacts beside the spots, design units
 
-/// A field takes no line ends and no quotes: they would come into the log.
+/// A field takes no control characters and no quotes: they would come into the log.
 std::string FieldText(std::string_view call) {
     std::string text{call};
-    std::erase_if(text, [](char character) { return (character >= 0 && character < ' ') || character == '"'; });
+    std::erase_if(text, [](char character) { return IsControl(character) || character == '"'; });
     return text;
 }
 
@@ -64,7 +65,7 @@ void BandMap::PacketResize(SpotDisplay display) {
 
 void BandMap::UpdateBandMapScale() {
     const Band* band = FindBand(contest.preferences.gBand);
-    const ScaleCaptions captions = CaptionsOf(ZoomedToSpots(table, band == nullptr ? BandSpan{} : band->map));
+    const ScaleCaptions captions = CaptionsOf(ZoomedToSpots(table, band == nullptr ? BandSpan{} : band->map, filter));
     for (int i = 0; i < kScaleCaptions; ++i) {
         panel.form.lblFreqSpot(i).SetCaption(captions.at(static_cast<std::size_t>(i)));
     }
@@ -110,7 +111,8 @@ std::vector<BandMap::Shown> BandMap::SpotsOfTheScale() const {
     std::vector<Shown> shown;
     for (int i = SpotTable::kNewest; i >= 0; --i) {
         const Spot& spot = table.Row(i);
-        const AgeRow* age = scale.Holds(spot.SpotFreq) ? AgeOf(spot.SpotTime, now) : nullptr;
+        const bool isShown = scale.Holds(spot.SpotFreq) && filter.Shows(spot.SpotText, spot.spotter);
+        const AgeRow* age = isShown ? AgeOf(spot.SpotTime, now) : nullptr;
         if (age != nullptr) {
             shown.push_back({i, line.y1 + ShareOf(spot.SpotFreq, scale) * (line.y2 - line.y1), age});
         }
@@ -136,8 +138,15 @@ void BandMap::PlaceLabels(const std::vector<Shown>& shown) {
 }
 
 void BandMap::ShowList() {
-    panel.form.txtDX.SetRows(posts.listed.size(),
-                             [this](std::size_t row, std::size_t column) { return posts.listed.at(row).at(column); });
+    listedRows.clear();
+    for (std::size_t row = 0; row < posts.listed.size(); ++row) {
+        if (filter.Shows(posts.listed[row].text, posts.listed[row].spotter)) {
+            listedRows.push_back(row);
+        }
+    }
+    panel.form.txtDX.SetRows(listedRows.size(), [this](std::size_t row, std::size_t column) {
+        return posts.listed.at(listedRows.at(row)).row.at(column);
+    });
 }
 
 void BandMap::lblDXSpot_MouseDown(int Index, MouseButton Button) {
@@ -152,10 +161,10 @@ void BandMap::lblDXSpot_MouseMove(int Index) {
 
 void BandMap::txtDX_Click() {
     const int selected = panel.form.txtDX.Row();
-    if (selected < 0 || static_cast<std::size_t>(selected) >= posts.listed.size()) {
+    if (selected < 0 || static_cast<std::size_t>(selected) >= listedRows.size()) {
         return;
     }
-    const SpotListRow spot = posts.listed[static_cast<std::size_t>(selected)];
+    const SpotListRow spot = posts.listed.at(listedRows[static_cast<std::size_t>(selected)]).row;
     const std::optional<double> megahertz = ParseNumber(spot[1]);
     if (!megahertz) {
         return;

@@ -35,6 +35,9 @@ struct BandMap {
     SpotPosts& posts;
     RigCommands& rig;
 
+    SpotFilter filter = {};                    ///< what map and list show
+    std::vector<std::size_t> listedRows = {};  ///< of SpotPosts::listed, those that the list shows
+
     /// The map or the list takes its room from the list of contacts, or gives it back.
     void PacketResize(SpotDisplay display);
     /// Nothing while the map is not shown.

@@ -70,7 +70,7 @@ void HfSpectrum::Draw() {
 
 void HfSpectrum::UpdateSpectrumScale() {
     for (int band = 0; band < SpectrumMap::kBands; ++band) {
-        const ScaleCaptions captions = CaptionsOf(ZoomedToSpots(table, EdgesOf(band)));
+        const ScaleCaptions captions = CaptionsOf(ZoomedToSpots(table, EdgesOf(band), filter));
         const ControlState& line = form.lineHF(band).State();
         for (int j = 0; j < kScaleCaptions; ++j) {
             Label& label = form.lblFreqSpot(kScaleCaptions * band + j);
@@ -97,7 +97,8 @@ std::vector<HfSpectrum::Mark> HfSpectrum::MarksOf(int band) const {
     std::vector<Mark> marks;
     for (int i = SpotTable::kNewest; i >= 0; --i) {
         const Spot& spot = table.Row(i);
-        if (EdgesOf(band).Holds(spot.SpotFreq) && AgeOf(spot.SpotTime, now) != nullptr) {
+        if (EdgesOf(band).Holds(spot.SpotFreq) && filter.Shows(spot.SpotText, spot.spotter) &&
+            AgeOf(spot.SpotTime, now) != nullptr) {
             // The oldest row does not widen the scale, and may lie beyond it.
             const double share = std::clamp(ShareOf(spot.SpotFreq, scale), 0.0, 1.0);
             marks.push_back({line.y1 + share * (line.y2 - line.y1), i});

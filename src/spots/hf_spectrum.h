@@ -18,6 +18,8 @@ struct HfSpectrum {
     SpotTable& table;
     RigCommands& rig;
 
+    SpotFilter filter = {};  ///< what the map shows
+
     void BandMapLabelDisplay();
     /// Writes and places the captions of all scales.
     void UpdateSpectrumScale();

@@ -21,12 +21,13 @@ struct Crowd {
 
 }  // namespace
 
-BandSpan ZoomedToSpots(const SpotTable& table, const BandSpan& band) {
+BandSpan ZoomedToSpots(const SpotTable& table, const BandSpan& band, const SpotFilter& filter) {
     float lowest = band.high;
     float highest = band.low;
     for (int i = 1; i <= SpotTable::kNewest; ++i) {
-        const float frequency = table.Row(i).SpotFreq;
-        if (band.Holds(frequency)) {
+        const Spot& spot = table.Row(i);
+        const float frequency = spot.SpotFreq;
+        if (band.Holds(frequency) && filter.Shows(spot.SpotText, spot.spotter)) {
             lowest = std::min(lowest, frequency);
             highest = std::max(highest, frequency);
         }

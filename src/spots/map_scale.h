@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "contest/bands.h"
+#include "spots/spot_filter.h"
 #include "spots/spot_table.h"
 #include "values/colour.h"
 
@@ -17,8 +18,9 @@ inline constexpr int kScaleCaptions = 5;
 using ScaleCaptions = std::array<std::string, kScaleCaptions>;
 
 /// From a kilohertz below the lowest spot of the band to a kilohertz above the highest; the band whole where its spots
-/// do not lie apart. The oldest row of the table is not looked at.
-BandSpan ZoomedToSpots(const SpotTable& table, const BandSpan& band);
+/// do not lie apart. The oldest row of the table is not looked at, nor what
+/// the filter leaves out.
+BandSpan ZoomedToSpots(const SpotTable& table, const BandSpan& band, const SpotFilter& filter = {});
 
 /// MHz at the line's first end, at each quarter of it, and at its second end.
 ScaleCaptions CaptionsOf(const BandSpan& scale);

@@ -3,6 +3,7 @@
 #include <cmath>
 #include <unordered_map>
 
+#include "spots/spot_filter.h"
 #include "spots/spot_line.h"
 #include "values/format.h"
 #include "values/text.h"
@@ -73,6 +74,7 @@ void SpotPosts::Keep(std::string_view call, double kilohertz, std::string_view p
     spot.SpotFreq = megahertz;
     spot.SpotTime = panel.desk.clock.Now();
     spot.SpotPrefix = CallPrefix(call);
+    spot.spotter = SpotterOf(post);
 }
 
 void SpotPosts::List(std::string_view call, double kilohertz, std::string_view post, std::string_view section) {
@@ -80,8 +82,10 @@ void SpotPosts::List(std::string_view call, double kilohertz, std::string_view p
         listed.pop_back();
     }
     const PostTexts texts = PostTextsOf(post, section);
-    listed.push_front({std::string{call}, PlainText(Megahertz(kilohertz)), table.SpotStatus, "Section", texts.comment,
-                       texts.behind, texts.time, texts.locator});
+    listed.push_front({.row = {std::string{call}, PlainText(Megahertz(kilohertz)), table.SpotStatus, "Section",
+                               texts.comment, texts.behind, texts.time, texts.locator},
+                       .text = SpotTextOf(post, section),
+                       .spotter = SpotterOf(post)});
     listChanged();
 }
 

@@ -32,7 +32,12 @@ struct SpotPosts {
     /// The list has another row at its top.
     std::function<void()> listChanged = [] {};
 
-    std::deque<SpotListRow> listed = {};  ///< the newest first
+    struct Listed {
+        SpotListRow row;
+        std::string text;  ///< as SpotText, for a filter; and its spotter
+        std::string spotter;
+    };
+    std::deque<Listed> listed = {};  ///< the newest first
 
     /// Takes a post. A failure on the way ends the procedure silently; what was moved on by then stays so.
     ///

@@ -59,6 +59,13 @@ constexpr std::array kShown{
     ShownControl{"fraHandshaking", kForTnc},   ShownControl{"fraPower", kForTnc},
     ShownControl{"Label3", kForTelnet},        ShownControl{"Label7", kForTelnet},
     ShownControl{"txtTelnetHost", kForTelnet}, ShownControl{"txtTelnetPort", kForTelnet},
+    ShownControl{"chkLogin", kForTelnet},      ShownControl{"lblLogin", kForTelnet},
+    ShownControl{"txtLogin", kForTelnet},      ShownControl{"lblPassword", kForTelnet},
+    ShownControl{"txtPassword", kForTelnet},   ShownControl{"chkKeepPassword", kForTelnet},
+    ShownControl{"lblLoginSend", kForTelnet},  ShownControl{"txtLoginSend", kForTelnet},
+    ShownControl{"lblNodes", kForTelnet},      ShownControl{"lstNodes", kForTelnet},
+    ShownControl{"cmdAddNode", kForTelnet},    ShownControl{"cmdRemoveNode", kForTelnet},
+    ShownControl{"chkNeededOnly", kForAll},    ShownControl{"chkNearOnly", kForAll},
     ShownControl{"lblEngine", kForEngine},     ShownControl{"txtEngine", kForEngine},
 };
 
@@ -83,7 +90,7 @@ constexpr std::array kSources{
     SourceRow{
         kTelnet, kForTelnet, "Type text to send and press enter:",
         "A DX cluster on the Internet. Enter its host and port and click Open Port. When the cluster asks for it, "
-        "type your call and press Enter."},
+        "type your call and press Enter; or let Log in and reconnect do it."},
     SourceRow{kPacketEngine, kForEngine, "Send text (use : to send cmds such as :C Q7ZZQ or :D)",
               "A packet engine on this or another computer. Start the engine and click Open Port. Posts that it hears "
               "are taken without a connection; :C and a call connect to a station, :D ends that."},

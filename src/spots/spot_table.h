@@ -18,6 +18,7 @@ struct Spot {
     DateTime SpotTime = {};     ///< local, by the machine's clock when the post came
     std::string SpotPrefix = {};
     std::string SpotText = {};  ///< the comment with the section, blanks around each word
+    std::string spotter = {};   ///< who has posted it, as SpotterOf has it
 };
 
 /// The posts of late: row 49 the newest, row 0 the oldest. The last two rows of the table are never used.

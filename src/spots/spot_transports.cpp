@@ -4,6 +4,7 @@
 #include <array>
 
 #include "spots/spot_line.h"
+#include "spots/tcp_failure_text.h"
 #include "toolkit/key.h"
 #include "values/hex.h"
 #include "values/number.h"
@@ -11,49 +12,6 @@
 
 namespace tallyhut {
 namespace {
-
-struct FailureText {
-    int number;
-    std::string_view text;
-};
-
-constexpr std::array kFailureTexts{
-    FailureText{7, "ERROR: Out of memory."},
-    FailureText{380, "ERROR: The property value is invalid."},
-    FailureText{383, "ERROR: The property is read-only."},
-    FailureText{394, "ERROR: The property can't be read."},
-    FailureText{1004, "ERROR: The operation was canceled."},
-    FailureText{10014, "ERROR: The requested address is a broadcast address, but flag is not set."},
-    FailureText{10035, "ERROR: Socket is non-blocking and the specified operation will block."},
-    FailureText{10036, "ERROR: A blocking Winsock operation in progress."},
-    FailureText{10037, "ERROR: The operation is completed. No blocking operation in progress"},
-    FailureText{10038, "ERROR: The descriptor is not a socket."},
-    FailureText{10040, "ERROR: The datagram is too large to fit into the buffer and is truncated."},
-    FailureText{10043, "ERROR: The specified port is not supported."},
-    FailureText{10048, "ERROR: Address in use."},
-    FailureText{10049, "ERROR: Address not available from the local machine."},
-    FailureText{10050, "ERROR: Network subsystem failed."},
-    FailureText{10051, "ERROR: The network cannot be reached from this host at this time."},
-    FailureText{10052, "ERROR: Connection has timed out when SO_KEEPALIVE is set."},
-    FailureText{10053, "ERROR: Connection is aborted due to timeout or other failure."},
-    FailureText{10054, "ERROR: The connection is reset by remote side.!"},
-    FailureText{10055, "ERROR: No buffer space is available."},
-    FailureText{10056, "ERROR: Socket is already connected."},
-    FailureText{10057, "ERROR: Socket is not connected."},
-    FailureText{10058, "ERROR: Socket has been shut down."},
-    FailureText{10060, "ERROR: Socket has been shut down."},
-    FailureText{10061, "ERROR: Connection is forcefully rejected."},
-    FailureText{10093, "ERROR: WinsockInit should be called first."},
-    FailureText{11001, "ERROR: Authoritative answer: Host not found."},
-    FailureText{11002, "ERROR: Non-Authoritative answer: Host not found."},
-    FailureText{11003, "ERROR: Non-recoverable errors."},
-    FailureText{11004, "ERROR: Valid name, no data record of requested type."},
-};
-
-std::string TextOfFailure(int number) {
-    const auto* const row = std::ranges::find(kFailureTexts, number, &FailureText::number);
-    return row != kFailureTexts.end() ? std::string{row->text} : "Error number " + std::to_string(number);
-}
 
 struct HandshakeRow {
     std::uint8_t stored;
@@ -99,35 +57,8 @@ std::string Joined(std::initializer_list<std::string_view> parts) {
 
 }  // namespace
 
-void SpotTransports::Replace(std::string_view text) {
-    form.txtUnProcessed.SetText("");
-    Append(text);
-}
-
-/// The caret stands before the last character, so that the view follows the text; unless the operator has moved it, to
-/// read what is above.
-void SpotTransports::Append(std::string_view text) {
-    TextBox& terminal = form.txtUnProcessed;
-    const auto before = static_cast<int>(terminal.Text().size());
-    const int caret = terminal.SelStart();
-    const int selected = terminal.SelLength();
-    const bool reads = terminal.HasFocus() && caret < before - 1;
-    terminal.SetText(WithText(terminal.Text(), ShownText(text)));
-    const auto length = static_cast<int>(terminal.Text().size());
-    if (reads) {
-        const int gone = before + static_cast<int>(text.size()) - length;
-        terminal.Select(std::max(caret - gone, 0), selected);
-    } else if (length > 2) {
-        terminal.SetCaret(length - 1);
-    }
-}
-
-bool SpotTransports::IsShownPost(std::string_view text) const {
-    return IsRepeat(ShownText(text), form.txtUnProcessed.Text());
-}
-
 void SpotTransports::Command1_Click() {
-    Replace(Joined({"** Attempting to Open Port **", kTwoLineEnds}));
+    terminal.Replace(Joined({"** Attempting to Open Port **", kTwoLineEnds}));
     comm.Close();
     if (link.type != kNoSource) {
         form.Label4.SetVisible(true);
@@ -166,10 +97,10 @@ void SpotTransports::OpenTnc() {
             comm.SetDtr(true);
         }
         form.Timer1.SetTimerEnabled(true);
-        Append(Joined({"** TNC Serial Port Open **", kTwoLineEnds}));
+        terminal.Append(Joined({"** TNC Serial Port Open **", kTwoLineEnds}));
     } catch (const PlatformError&) {
         desk.dialogs.Beep();
-        Append(Joined({"** Unable to open TNC Serial Port **", kTwoLineEnds}));
+        terminal.Append(Joined({"** Unable to open TNC Serial Port **", kTwoLineEnds}));
         desk.dialogs.Show(
             MessageBox{.title = "Invalid Comm Settings.",
                        .text = "The comm port that you selected for DX Spotting is either in use, invalid or the "
@@ -183,8 +114,14 @@ void SpotTransports::OpenTnc() {
 void SpotTransports::OpenTelnet() {
     const std::string& host = form.txtTelnetHost.Text();
     const double port = ParseNumber(form.txtTelnetPort.Text()).value_or(0);
-    socket.Connect(Trim(host), std::clamp(port, 0.0, 65'536.0) == port ? static_cast<int>(port) : 0);
-    Replace(Joined({"Attempting connection to: ", host, ":", form.txtTelnetPort.Text(), kTwoLineEnds}));
+    const int number = std::clamp(port, 0.0, 65'536.0) == port ? static_cast<int>(port) : 0;
+    login.Close();
+    if (form.chkLogin.Value()) {
+        login.Open(Trim(host), number);
+    } else {
+        socket.Connect(Trim(host), number);
+    }
+    terminal.Replace(Joined({"Attempting connection to: ", host, ":", form.txtTelnetPort.Text(), kTwoLineEnds}));
     form.Timer1.SetTimerEnabled(true);
 }
 
@@ -211,12 +148,12 @@ void SpotTransports::TellEngineStart(AgwStart start) {
         form.Timer1.SetTimerEnabled(true);
     }
     if (start == kAgwReady) {
-        Append(Joined({kLineEnd, "** Successfully connected to AGW Packet Engine **", kTwoLineEnds}));
+        terminal.Append(Joined({kLineEnd, "** Successfully connected to AGW Packet Engine **", kTwoLineEnds}));
     } else if (start == kAgwNone) {
         desk.dialogs.Show(
             MessageBox{.title = "Unable to connect to the AGW Packet Engine.", .text = std::string{kNoEngine}});
         form.Label4.SetVisible(false);
-        Append(WithCrLf(kNoEngine));
+        terminal.Append(WithCrLf(kNoEngine));
         form.Show();
         engine.AGWClose();
         form.Timer1.SetTimerEnabled(false);
@@ -228,8 +165,9 @@ void SpotTransports::Command2_Click() {
         return;
     }
     form.Label4.SetVisible(false);
-    Append(Joined({kTwoLineEnds, "** Port Closed **"}));
+    terminal.Append(Joined({kTwoLineEnds, "** Port Closed **"}));
     comm.Close();
+    login.Close();
     socket.Close();
     if (link.type == kPacketEngine) {
         EndConnection();
@@ -276,18 +214,22 @@ void SpotTransports::PollSerial() {
 }
 
 void SpotTransports::TakeLine(const std::string& line) {
-    if (IsShownPost(line)) {
+    if (terminal.HasShown(line)) {
         return;
     }
     if (BeginsPost(line)) {
-        Append(line);
+        terminal.Append(line);
         received(line);
     } else if (!form.chkDX.Value()) {
-        Append(line);
+        terminal.Append(line);
     }
 }
 
 void SpotTransports::Socket_Arrived() {
+    if (login.IsOpen()) {
+        login.Arrived();
+        return;
+    }
     const TcpEvent event = socket.Take();
     if (event.kind == TcpEvent::Kind::Chunk) {
         TakeChunk(event.bytes);
@@ -300,19 +242,23 @@ void SpotTransports::Socket_Arrived() {
 void SpotTransports::TakeChunk(std::string_view chunk) {
     const bool listsAll = !form.chkDX.Value();
     if (listsAll) {
-        Append(chunk);
+        terminal.Append(chunk);
     }
     if (BeginsPost(chunk)) {
         received(chunk);
         if (!listsAll) {
-            Append(chunk);
+            terminal.Append(chunk);
         }
     }
 }
 
 void SpotTransports::Socket_Error(int number) {
+    if (login.IsOpen()) {
+        login.Fail(number);
+        return;
+    }
     socket.Close();
-    Append(TextOfFailure(number));
+    terminal.Append(TextOfFailure(number));
     Command2_Click();
     desk.dialogs.Beep();
 }
@@ -334,23 +280,23 @@ void SpotTransports::TakeFrame(const AgwFrame& frame) {
     const FrameTexts texts = TextsOf(frame.kind, frame.call, frame.data, connectedCall.empty());
     const bool listsAll = !form.chkDX.Value();
     const std::size_t post = UpperCase(texts.plain).find("DX");
-    if (!IsShownPost(texts.plain) && post <= 1) {
-        Append(texts.plain);
+    if (!terminal.HasShown(texts.plain) && post <= 1) {
+        terminal.Append(texts.plain);
         received(texts.plain);
     }
     if (!connectedCall.empty() && connectedCall == frame.call && listsAll && !BeginsPost(texts.plain)) {
-        Append(texts.plain);
+        terminal.Append(texts.plain);
     }
     if (connectedCall.empty() && listsAll && UpperCase(texts.full).find("DX ") == std::string::npos &&
         !BeginsPost(texts.plain)) {
-        Append(texts.full);
+        terminal.Append(texts.full);
     }
     if (frame.kind == 'd' && !connectedCall.empty() && frame.call == connectedCall) {
         Disconnect();
     }
     if (frame.kind == 'c' && connectedCall.empty()) {
         connectedCall = frame.call;
-        Append(Joined({"** Connected to ", connectedCall, " **"}));
+        terminal.Append(Joined({"** Connected to ", connectedCall, " **"}));
         form.SetCaption(Joined({kCaption, " - Connected to ", connectedCall}));
         desk.dialogs.Beep();
     }
@@ -359,7 +305,7 @@ void SpotTransports::TakeFrame(const AgwFrame& frame) {
 void SpotTransports::Disconnect() {
     desk.dialogs.Beep();
     desk.dialogs.Beep();
-    Append(Joined({kLineEnd, "** Disconnected from ", connectedCall, " **", kLineEnd}));
+    terminal.Append(Joined({kLineEnd, "** Disconnected from ", connectedCall, " **", kLineEnd}));
     form.SetCaption(kCaption);
     connectedCall.clear();
 }
@@ -383,7 +329,8 @@ void SpotTransports::Send() {
     } else if (link.type == kTelnet && socket.IsConnected()) {
         socket.Send(Joined({text, kLineEnd}));
     } else if (link.type == kTelnet) {
-        Append(Joined({"**  Connection not yet established.  Please wait a moment and try again.", kTwoLineEnds}));
+        terminal.Append(
+            Joined({"**  Connection not yet established.  Please wait a moment and try again.", kTwoLineEnds}));
     } else if (link.type == kPacketEngine && form.Timer1.Enabled()) {
         SendAgwText(text);
     }
@@ -444,6 +391,7 @@ void SpotTransports::Form_KeyDown(int& KeyCode, int Shift) {
 }
 
 void SpotTransports::Form_Unload() {
+    login.Close();
     if (!connectedCall.empty()) {
         engine.AGWPutData(connectedCall, "", 'd');
     }

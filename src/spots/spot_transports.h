@@ -9,7 +9,9 @@
 #include "forms/PacketSpotfrm.h"
 #include "platform/agw_engine.h"
 #include "platform/serial_port.h"
+#include "spots/cluster_login.h"
 #include "spots/spot_record.h"
+#include "spots/spot_terminal.h"
 #include "spots/terminal_text.h"
 #include "toolkit/desk.h"
 
@@ -23,7 +25,8 @@ inline constexpr std::string_view kPacketEngine = "AGW Packet Engine";
 
 /// The wires that spots come over, and the terminal that shows what comes: a TNC on a serial port and a packet engine,
 /// both polled, and a cluster whose data are events. It knows nothing of logins and commands; what the operator types
-/// is what the source gets, and nothing is connected anew by itself.
+/// is what the source gets, and nothing is connected anew by itself, unless the operator wants a cluster looked after
+/// (ClusterLogin).
 struct SpotTransports {
     PacketSpotfrm& form;
     SerialPort& comm;
@@ -32,6 +35,9 @@ struct SpotTransports {
     Desk& desk;
     const Preferences& preferences;
     SpotRecord& link;  ///< how the source is reached, as the form last committed it
+
+    SpotTerminal terminal{form.txtUnProcessed};
+    ClusterLogin login{form, socket, desk, preferences};
 
     std::string connectedCall = {};  ///< of the engine; empty while it monitors
 
@@ -59,10 +65,7 @@ struct SpotTransports {
     void txtSent_Change();
 
 private:
-    void Replace(std::string_view text);
-    void Append(std::string_view text);
     bool MeansToListen() const { return form.Label4.State().visible; }
-    bool IsShownPost(std::string_view text) const;
 
     void OpenTnc();
     void OpenTelnet();

@@ -21,6 +21,9 @@ SpotsPart::SpotsPart(Machine& machine, Desk& desk, SupportPart& support, LogPart
       transports{form, *comm, *socket, engine, desk, log.contest.preferences, link},
       setup{form, transports, link, {machine.files, support.directories}, log.contest.log},
       engineAddress{form, machine.settings, machine.agwEngine},
+      clusterSettings{form, machine.settings},
+      clusterNodes{form, machine.settings},
+      clusterPassword{form, machine.keyring},
       posts{log.panel, log.contest, log.display.grid, log.prompts, table},
       bandMap{log.panel, log.contest, table, posts, rig.rigCommands},
       spectrum{spectrumForm, log.panel, log.contest, table, rig.rigCommands},
@@ -28,19 +31,25 @@ SpotsPart::SpotsPart(Machine& machine, Desk& desk, SupportPart& support, LogPart
       mapKeys{log.form1.lblDX, kNoSpots, MapKeys(log.form1)},
       spectrumKeys{spectrumForm.lblSpot, kNoSpots, SpectrumKeys()},
       sectionKeys{log.form1.lblSecWkd, "", SectionKeys(log)},
-      arrived_{desk, socket->EventDescriptor(), [this] { transports.Socket_Arrived(); }} {
+      arrived_{desk, socket->EventDescriptor(), [this] { transports.Socket_Arrived(); }},
+      keyringArrived_{desk, machine.keyring.EventDescriptor(), [this] { clusterPassword.Keyring_Arrived(); }} {
     Bind(log, machine.serialPorts);
 }
 
 void SpotsPart::Bind(LogPart& log, const SerialPorts& ports) {
     BindForm(ports);
+    BindCluster();
     BindSerialOptions();
     BindSpots(log.form1);
     BindSpectrum(log.form1);
     setup.savePref = [&log] { log.preferencesFile.SavePref(); };
     setup.PacketResize = [this] { PacketResize(); };
     log.band.bandChanged = [this] { bandMap.DisplayBandMapLabels(); };
+    log.display.counted = [this] { TakeFilter(); };
     transports.received = [this](std::string_view post) { Take(post); };
+    transports.login.received = [this](std::string_view post) { Take(post); };
+    transports.login.passwordsNode = [this] { return clusterPassword.Node(); };
+    transports.login.moreWaits = [this] { arrived_.Signal(); };
     transports.age = [this] { bandMap.DisplayBandMapLabels(); };
     posts.drawMaps = [this] {
         mapKeys.TakeShift();
@@ -53,9 +62,17 @@ void SpotsPart::Bind(LogPart& log, const SerialPorts& ports) {
 void SpotsPart::BindForm(const SerialPorts& ports) {
     form.Form_Load = [this] {
         engineAddress.Show();
+        clusterSettings.Show();
+        clusterNodes.Show();
+        TakeFilter();
         setup.Form_Load();
+        clusterPassword.Show();
+        LookForKeyring();
     };
-    form.Form_Activate = [this, &ports] { SetPortToolTips(form.optComm, ports); };
+    form.Form_Activate = [this, &ports] {
+        SetPortToolTips(form.optComm, ports);
+        LookForKeyring();
+    };
     form.Form_QueryUnload = [this](bool& Cancel) {
         Cancel = true;  // the source stays open, as by Done
         form.Hide();
@@ -63,17 +80,62 @@ void SpotsPart::BindForm(const SerialPorts& ports) {
     form.Form_Unload = [this] { transports.Form_Unload(); };
     form.Form_KeyDown = [this](int& KeyCode, int Shift) { transports.Form_KeyDown(KeyCode, Shift); };
     form.Timer1.Elapsed = [this] { transports.Timer1_Timer(); };
-    form.List1.Click = [this] { setup.List1_Click(); };
+    form.List1.Click = [this] {
+        setup.List1_Click();
+        LookForKeyring();
+    };
     form.txtSent.KeyPress = [this](int& KeyAscii) { transports.txtSent_KeyPress(KeyAscii); };
     form.txtSent.Change = [this] { transports.txtSent_Change(); };
     form.txtEngine.LostFocus = [this] { engineAddress.Store(); };
-    form.Command1.Click = [this] { transports.Command1_Click(); };
+    form.Command1.Click = [this] {
+        StoreCluster();
+        transports.Command1_Click();
+    };
     form.Command2.Click = [this] { transports.Command2_Click(); };
     form.Command3.Click = [this] { setup.Command3_Click(); };
     form.cmdDone.Click = [this] {
         engineAddress.Store();
+        StoreCluster();
         setup.cmdDone_Click();
     };
+}
+
+void SpotsPart::BindCluster() {
+    for (TextBox* field :
+         {&form.txtTelnetHost, &form.txtTelnetPort, &form.txtLogin, &form.txtPassword, &form.txtLoginSend}) {
+        field->LostFocus = [this] { StoreCluster(); };
+    }
+    form.chkLogin.Click = [this] { clusterSettings.Store(); };
+    for (CheckBox* box : {&form.chkNeededOnly, &form.chkNearOnly}) {
+        box->Click = [this] {
+            clusterSettings.Store();
+            TakeFilter();
+        };
+    }
+    form.chkKeepPassword.Click = [this] {
+        if (!clusterSettings.loading) {
+            clusterSettings.Store();
+            clusterPassword.chkKeepPassword_Click();
+        }
+    };
+    form.txtPassword.Change = [this] { clusterPassword.txtPassword_Change(); };
+    form.lstNodes.Click = [this] { clusterNodes.lstNodes_Click(); };
+    form.cmdAddNode.Click = [this] { clusterNodes.cmdAddNode_Click(); };
+    form.cmdRemoveNode.Click = [this] { clusterNodes.cmdRemoveNode_Click(); };
+    clusterNodes.picked = [this] { clusterPassword.TakeOtherNode(); };
+    clusterPassword.fetched = [this] { transports.login.PasswordIsThere(); };
+}
+
+void SpotsPart::StoreCluster() {
+    clusterSettings.Store();
+    clusterPassword.Store();
+}
+
+/// Nobody is asked about keyrings who has nothing to do with clusters.
+void SpotsPart::LookForKeyring() {
+    if (link.type == kTelnet && (form.IsVisible() || form.chkKeepPassword.Value())) {
+        clusterPassword.LookForKeyring();
+    }
 }
 
 /// All options but the two in the frame of the main form's display.
@@ -191,6 +253,16 @@ void SpotsPart::DrawSpectrum() {
 void SpotsPart::DrawMaps() {
     bandMap.DisplayBandMapLabels();
     DrawSpectrum();
+}
+
+void SpotsPart::TakeFilter() {
+    SpotFilter filter{form, posts.contest};
+    if (filter != bandMap.filter) {
+        bandMap.filter = filter;
+        spectrum.filter = std::move(filter);
+        DrawMaps();
+        bandMap.ShowList();
+    }
 }
 
 void SpotsPart::Take(std::string_view post) {

@@ -5,6 +5,9 @@
 #include "log/log_part.h"
 #include "rig/rig_part.h"
 #include "spots/band_map.h"
+#include "spots/cluster_nodes.h"
+#include "spots/cluster_password.h"
+#include "spots/cluster_settings.h"
 #include "spots/engine_address.h"
 #include "spots/hf_spectrum.h"
 #include "spots/label_walk.h"
@@ -30,6 +33,9 @@ struct SpotsPart {
     SpotTransports transports;
     SpotSetup setup;
     EngineAddress engineAddress;
+    ClusterSettings clusterSettings;
+    ClusterNodes clusterNodes;
+    ClusterPassword clusterPassword;
 
     SpotTable table;
     SpotPosts posts;
@@ -50,10 +56,15 @@ struct SpotsPart {
 private:
     void Bind(LogPart& log, const SerialPorts& ports);
     void BindForm(const SerialPorts& ports);
+    void BindCluster();
     void BindSerialOptions();
     void BindSpots(Form1& form1);
     void BindSpectrum(Form1& form1);
     void DrawMaps();
+    /// What is needed has changed, or what the operator wants to see.
+    void TakeFilter();
+    void StoreCluster();
+    void LookForKeyring();
     void DrawSpectrum();
     void PressOnMap(int row, MouseButton button);
     void PressOnSpectrum(int row, MouseButton button);
@@ -63,6 +74,7 @@ private:
     void Take(std::string_view post);
 
     IoSource arrived_;  ///< of the socket, and gone before it
+    IoSource keyringArrived_;
 };
 
 }  // namespace tallyhut

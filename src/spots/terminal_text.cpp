@@ -17,12 +17,6 @@ bool IsLineEnd(char character) {
     return character == '\r' || character == '\n';
 }
 
-/// The codes from 127 to 159 are control characters too.
-bool IsControl(char character) {
-    const auto code = static_cast<unsigned char>(character);
-    return code < 32 || (code >= 127 && code < 160);
-}
-
 std::string WithWholeLineEnds(std::string_view data) {
     std::string text;
     for (const char character : data) {
@@ -54,6 +48,11 @@ std::string PlainTextOf(std::string_view data, bool isMonitoring) {
 }
 
 }  // namespace
+
+bool IsControl(char character) {
+    const auto code = static_cast<unsigned char>(character);
+    return code < 32 || (code >= 127 && code < 160);
+}
 
 std::string ShownText(std::string_view bytes) {
     std::string shown{bytes};

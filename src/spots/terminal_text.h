@@ -6,6 +6,9 @@
 
 namespace tallyhut {
 
+/// The codes from 127 to 159 are control characters too.
+bool IsControl(char character);
+
 /// What is shown of bytes that came over the air or the net: the text and its line ends, and a blank for every other
 /// control character. As many characters as there were.
 std::string ShownText(std::string_view bytes);

@@ -3,6 +3,7 @@
 #include "toolkit/controls.h"
 #include "toolkit/desk.h"
 #include "toolkit/form.h"
+#include "values/secret.h"
 
 namespace tallyhut {
 namespace {
@@ -38,6 +39,9 @@ Control::Control(Form& owner, ControlKind controlKind, std::string controlName, 
 }
 
 Control::~Control() {
+    if (state_.secret) {
+        OverwriteFrom(state_.text, 0);
+    }
     std::erase(form.controls_, this);
     form.desk.Forget(*this);
 }
@@ -182,6 +186,9 @@ void Control::SetTextValue(std::string_view text) {
     }
     if (state_.text == text) {
         return;
+    }
+    if (state_.secret) {
+        OverwriteFrom(state_.text, 0);
     }
     state_.text = text;
     state_.refused = false;

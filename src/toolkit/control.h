@@ -61,6 +61,7 @@ struct ControlState {
     int maxLength = 0;         ///< of a text box; 0 is no limit
     bool multiLine = false;    ///< of a text box
     bool locked = false;       ///< of a text box: shown, not edited
+    bool secret = false;       ///< of a text box: nobody is shown its text, no script, no clipboard, no screen reader
     bool suggested = false;    ///< of a text box: its text is what the program suggests
     std::string refusesPaste;  ///< characters that paste drops, beside line ends
     int selStart = 0;          ///< caret or begin of the selection

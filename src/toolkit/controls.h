@@ -19,6 +19,7 @@ struct TextBoxDesign {
     bool multiLine = false;
     bool locked = false;
     bool visible = true;
+    bool secret = false;  ///< of one line and with a maximum length
 };
 
 /// What a text box suggests is drawn in this.
@@ -29,6 +30,7 @@ struct TextBox : Control {
     TextBox(Form& owner, std::string controlName, const TextBoxDesign& design);
 
     const std::string& Text() const { return state_.text; }
+    bool IsSecret() const { return state_.secret; }
     /// Cuts to the maximum length and puts the caret at 0.
     void SetText(std::string_view text);
     /// The same with a text that the operator may leave as it is: what is typed or pasted takes its place, Backspace
@@ -37,6 +39,7 @@ struct TextBox : Control {
     bool IsSuggested() const { return state_.suggested; }
     int SelStart() const { return state_.selStart; }
     int SelLength() const { return state_.selLength; }
+    /// Empty for a secret text, which leaves its box in no way.
     std::string SelectedText() const;
     void Select(int start, int length);
     void SetCaret(int position) { Select(position, 0); }

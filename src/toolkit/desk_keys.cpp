@@ -312,7 +312,7 @@ bool Desk::TextKeyTaken(TextBox& box, int keyCode, int shift) {
 
 /// With nothing selected the clipboard keeps what it has.
 void Desk::CopySelection(const TextBox& box) {
-    if (box.SelLength() > 0) {
+    if (box.SelLength() > 0 && !box.IsSecret()) {
         clipboard.SetText(box.SelectedText());
     }
 }

@@ -5,6 +5,7 @@
 
 #include "toolkit/controls.h"
 #include "toolkit/desk.h"
+#include "values/secret.h"
 
 namespace tallyhut {
 
@@ -217,6 +218,9 @@ void Form::RestoreDesign() {
     for (Control* control : controls_) {
         if (!control->design_) {
             continue;
+        }
+        if (control->state_.secret) {
+            OverwriteFrom(control->state_.text, 0);
         }
         control->state_ = *control->design_;
         if (control->kind == ControlKind::ListView) {

@@ -3,6 +3,7 @@
 #include "toolkit/controls.h"
 #include "toolkit/desk.h"
 #include "toolkit/form.h"
+#include "values/secret.h"
 
 namespace tallyhut {
 namespace {
@@ -33,6 +34,11 @@ TextBox::TextBox(Form& owner, std::string controlName, const TextBoxDesign& desi
     state_.locked = design.locked;
     state_.visible = design.visible;
     state_.backColor = kWindowGround;
+    state_.secret = design.secret;
+    if (design.secret) {
+        state_.text.reserve(
+            static_cast<std::size_t>(design.maxLength));  // so that no copy is left behind when it grows
+    }
 }
 
 void TextBox::SetText(std::string_view text) {
@@ -61,6 +67,9 @@ void TextBox::EndSuggestion() {
 }
 
 std::string TextBox::SelectedText() const {
+    if (state_.secret) {
+        return {};
+    }
     return state_.text.substr(static_cast<std::size_t>(state_.selStart), static_cast<std::size_t>(state_.selLength));
 }
 
@@ -82,6 +91,9 @@ void TextBox::Splice(int start, int length, std::string_view inserted) {
     const auto count = static_cast<std::size_t>(length);
     const bool changed = std::string_view{state_.text}.substr(at, count) != inserted;
     state_.text.replace(at, count, inserted);  // in place: a long text costs a key no more than a short one
+    if (state_.secret) {
+        OverwriteFrom(state_.text, state_.text.size());
+    }
     Select(start + static_cast<int>(inserted.size()), 0);
     if (changed) {
         state_.refused = false;

@@ -41,6 +41,7 @@ std::string PadRight(std::string_view text, std::size_t width) {
 
 std::string Latin1ToUtf8(std::string_view text) {
     std::string utf8;
+    utf8.reserve(2 * text.size());
     for (const char byte : text) {
         const auto character = static_cast<unsigned char>(byte);
         if (character < 0x80) {

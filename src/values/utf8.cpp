@@ -84,6 +84,7 @@ bool IsUtf8BeyondAscii(std::string_view text) {
 
 std::string FromUtf8(std::string_view utf8, std::string_view forOthers) {
     std::string text;
+    text.reserve(utf8.size());
     while (!utf8.empty()) {
         const std::uint32_t character = TakeCharacter(utf8);
         if (character <= kLastLatin1) {

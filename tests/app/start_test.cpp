@@ -69,8 +69,12 @@ TEST_F(StartTest, SecondProgramOnAFolderEndsAndTheFirstGoesOn) {
     sim::EventPump pump2{clock2};
     sim::Dialogs dialogs2;
     sim::TcpSockets sockets2{pump2};
-    Program second{{clock2, pump2, dialogs2, clipboard, printer, files, settings, screen, environment, serialPorts,
-                    parallelPorts, sockets2, sound},
+    sim::DatagramSockets datagrams2{clock2, pump2};
+    Program second{Lend({.clock = &clock2,
+                         .pump = &pump2,
+                         .dialogs = &dialogs2,
+                         .tcpSockets = &sockets2,
+                         .datagramSockets = &datagrams2}),
                    kFolder};
     EXPECT_EQ(EndStatusOf([&] { second.Start(); }), 1);
     EXPECT_EQ(dialogs2.boxes.size(), 1U);

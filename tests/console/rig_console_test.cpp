@@ -86,6 +86,77 @@ TEST_F(RigConsoleTest, ScanWaitsForTheClockOfTheDriver) {
     EXPECT_EQ(Events(program.Do("advance 1000"), "tx").size(), 6U);  // three modes, three frequencies
 }
 
+TEST_F(RigConsoleTest, CableThatIsPulledAndPluggedInIsFoundAgain) {
+    PollKenwood();
+    program.Do("rx 1 464130303031343230303030303B4D44333B");
+    program.Do("advance 250");
+    program.Do("unplug 1");
+    Lines printed = program.Do("advance 5000");
+    EXPECT_EQ(Events(printed, "port"), Lines{R"({"event":"port","port":1,"state":"closed","settings":"4800,N,8,2",)"
+                                             R"("handshake":"none","at":"2026-11-07T21:04:33.500"})"});
+    EXPECT_EQ(Events(printed, "msgbox"), Lines{});
+    EXPECT_EQ(program.Get("lblRig"), R"("Radio: no answer")");
+    EXPECT_EQ(program.Get("$gFrq"), R"("14.200")");
+    program.Do("plug 1");
+    program.Do("reply 1 46413B 464130303032313330303030303B 30");
+    printed = program.Do("advance 5000");
+    EXPECT_EQ(Events(printed, "port"), Lines{R"({"event":"port","port":1,"state":"open","settings":"4800,N,8,2",)"
+                                             R"("handshake":"none","at":"2026-11-07T21:04:41.500"})"});
+    EXPECT_EQ(program.Get("lblRig"), R"("21.3000")");
+    EXPECT_EQ(program.Get("Label30"), R"("15")");
+}
+
+TEST_F(RigConsoleTest, TuningWithoutACableIsOneBoxAndIsNotDeliveredLater) {
+    PollKenwood();
+    program.Do("unplug 1");
+    program.Do("key Ctrl+G");
+    program.Do("set txtFreq 7.03");
+    for (const char* text : {"Serial port 1: Input/output error", "The radio does not answer."}) {
+        const Lines boxes = Events(program.Do("click Command1"), "msgbox");
+        ASSERT_EQ(boxes.size(), 1U);
+        EXPECT_NE(boxes.front().find(text), std::string::npos) << boxes.front();
+        EXPECT_EQ(program.Do("answer OK"), Lines{});
+    }
+    program.Do("plug 1");
+    const Lines sent = Events(program.Do("advance 2000"), "tx");
+    EXPECT_FALSE(sent.empty());
+    for (const std::string& line : sent) {
+        EXPECT_TRUE(line.find("46413B") != std::string::npos || line.find("4D443B") != std::string::npos) << line;
+    }
+}
+
+TEST_F(RigConsoleTest, NineDigitRadioThatIsLostStampsNoContact) {
+    program.Do("key Ctrl+R");
+    program.Do("pick List1 19");
+    program.Do("click cmdDone");
+    program.Do("rx 1 46413031343230303030303B");
+    program.Do("advance 250");
+    EXPECT_EQ(program.Get("$gFrq"), R"("14.200")");
+    program.Do("advance 4999");
+    EXPECT_EQ(program.Get("$gFrq"), R"("14.200")");
+    program.Do("advance 1");
+    EXPECT_EQ(program.Get("$gFrq"), R"("")");
+    EXPECT_EQ(program.Get("$RigFrequency"), "14.2");
+    program.LogContact("88aw1xx72mdc");
+    EXPECT_EQ(folder.Read("Log.txt"),
+              "\"1\",\"88\",\"A\",\"W1XX\",\"72\",\"MDC\",\"2026/11/07\",\"21:04:38\",\"20\",\"\"\r\n");
+}
+
+TEST_F(RigConsoleTest, ServerTakesThePlaceOfThePort) {
+    program.Do("key Ctrl+R");
+    program.Do("pick List1 20");
+    EXPECT_EQ(program.Get("txtRigHost"), R"("127.0.0.1")");
+    EXPECT_EQ(program.Get("txtRigPort"), R"("4532")");
+    EXPECT_EQ(program.Get("lblRigLink"), R"("Closed")");
+    EXPECT_EQ(program.Get("fraPort.visible"), "false");
+    EXPECT_EQ(program.Get("optBaud48.visible"), "false");
+    program.Do("pick List1 21");
+    EXPECT_EQ(program.Get("txtRigPort"), R"("12345")");
+    program.Do("pick List1 4");
+    EXPECT_EQ(program.Get("txtRigPort.visible"), "false");
+    EXPECT_EQ(program.Get("optBaud48.visible"), "true");
+}
+
 TEST_F(RigConsoleTest, ClosingTheWindowTellsTheRadio) {
     program.Do("key Ctrl+R");
     program.Do("pick List1 10");

@@ -84,5 +84,59 @@ TEST_F(SpotsConsoleTest, EngineOfTheCommandLineStandsInTheForm) {
     EXPECT_EQ(program.Get("PacketSpotfrm.txtEngine"), R"("rack:9000")");
 }
 
+TEST_F(SpotsConsoleTest, LoginAndItsPausesRunOnTheProgramsClock) {
+    program.Do("key Ctrl+D");
+    program.Do("pick List1 2");
+    program.Do(R"(set txtTelnetHost "127.0.0.1")");
+    program.Do("set txtTelnetPort \"" + std::to_string(cluster.Port()) + '"');
+    program.Do("click chkLogin");
+    program.Do(R"(set txtLogin "W1AW-2")");
+    program.Do(R"(set txtLoginSend "one\ntwo")");
+    program.Do("click Command1");
+    cluster.Accept();
+    cluster.Write("login: ");
+    program.Do("settle 200");
+    EXPECT_EQ(cluster.Read(8), "W1AW-2\r\n");
+    cluster.Write("W1AW de Q7ZZQ >\r\n");
+    program.Do("settle 200");
+    program.Do("advance 4000");
+    EXPECT_EQ(cluster.Read(10), "one\r\ntwo\r\n");
+    cluster.HangUp();
+    program.Do("settle 200");
+    EXPECT_EQ(program.Get("PacketSpotfrm.Label4.visible"), "true");
+    program.Do("advance 4999");
+    EXPECT_TRUE(Terminal().ends_with(R"(Trying again in 5 seconds.\r\n")")) << Terminal();
+    program.Do("advance 1");
+    program.Do("settle 200");
+    cluster.Accept();
+    cluster.Write("login: ");
+    program.Do("settle 200");
+    EXPECT_EQ(cluster.Read(8), "W1AW-2\r\n");
+    EXPECT_TRUE(program.Do("neterror 10054").empty()) << "no beep";
+    program.Do("click PacketSpotfrm.Command2");
+    program.Do("advance 86400000");
+    EXPECT_EQ(program.Get("PacketSpotfrm.Label4.visible"), "false");
+}
+
+TEST_F(SpotsConsoleTest, SecretTextIsGivenToNoScript) {
+    program.Do("key Ctrl+D");
+    program.Do("pick List1 2");
+    program.Do(R"(set txtPassword "hush")");
+    for (const char* property : {"", ".text", ".caption", ".value"}) {
+        EXPECT_EQ(program.Get(std::string{"PacketSpotfrm.txtPassword"} + property), R"("****")");
+    }
+    program.Do("focus txtPassword");
+    program.Do("key End");
+    EXPECT_EQ(program.Get("PacketSpotfrm.txtPassword.selStart"), "0") << "nor its length";
+    program.Do("key Shift+Home");
+    EXPECT_EQ(program.Get("PacketSpotfrm.txtPassword.selLength"), "0");
+    const std::vector<std::string> dumped = program.Do("dump PacketSpotfrm");
+    ASSERT_EQ(dumped.size(), 1U);
+    EXPECT_EQ(dumped[0].find("hush"), std::string::npos);
+    EXPECT_NE(dumped[0].find("txtPassword"), std::string::npos);
+    EXPECT_EQ(program.Do(R"(set txtPassword "")"), std::vector<std::string>{});
+    EXPECT_EQ(program.Get("PacketSpotfrm.txtPassword"), R"("")");
+}
+
 }  // namespace
 }  // namespace tallyhut

@@ -179,6 +179,37 @@ TEST_F(AccessibilityTest, TheFindingsOfACheckAreNamedByTheirNumber) {
     form.Hide();
 }
 
+TEST_F(AccessibilityTest, APasswordIsAFieldOfDotsForEverybodyWhoAsksTheWindow) {
+    PacketSpotfrm& form = program.spotsPart.form;
+    shown.Show(form);
+    program.desk.PostRowClick(form.List1, 2, kLeftButton);
+    shown.Settle();
+    form.txtPassword.SetText("hush");
+    shown.Settle();
+    QAccessibleInterface& element = ElementOf(form, "txtPassword");
+    EXPECT_TRUE(element.state().passwordEdit);
+    EXPECT_EQ(element.text(QAccessible::Name).toStdString(), "Password (if any):");
+    const auto* field = qobject_cast<QLineEdit*>(element.object());
+    EXPECT_EQ(element.text(QAccessible::Value), field->displayText());
+    EXPECT_EQ(field->displayText().size(), 4);
+    EXPECT_FALSE(field->text().contains('h')) << "Qt does not have it";
+    form.txtPassword.SetCaret(4);
+    form.txtPassword.SetFocus();
+    shown.Settle();
+    shown.Type("x");
+    EXPECT_EQ(form.txtPassword.Text(), "hushx");
+    EXPECT_EQ(reader.HeardWith("inserted txtPassword"),
+              (Told{"inserted txtPassword: \u25CF\u25CF\u25CF\u25CF at 0", "inserted txtPassword: \u25CF at 4"}));
+    element.editableTextInterface()->replaceText(0, 1, "y");
+    shown.Settle();
+    EXPECT_EQ(form.txtPassword.Text(), "hushx") << "a change within dots says nothing";
+    element.editableTextInterface()->replaceText(0, 5, "other");
+    shown.Settle();
+    EXPECT_EQ(form.txtPassword.Text(), "other");
+    form.txtPassword.SetText("");
+    form.Hide();
+}
+
 TEST_F(AccessibilityTest, AnEmptiedMessageLineIsNotSpoken) {
     program.time.gTimeOn = 1;
     Work("88a");

@@ -266,6 +266,40 @@ TEST_F(WindowWalkTest, TheWarningsOfTheEditFormMoveNothing) {
     }
 }
 
+TEST_F(WindowWalkTest, AddressOfARadiosServerTakesThePlaceOfThePortAndMovesNothing) {
+    RigControlfrm& form = program.rigForm;
+    shown.Show(form);
+    const auto pick = [&](std::string_view rig) {
+        const std::vector<std::string>& rigs = form.List1.Items();
+        form.List1.SelectRow(static_cast<int>(std::ranges::find(rigs, rig) - rigs.begin()));
+        program.rigSetup.List1_Click();
+        shown.Settle();
+        std::map<std::string, QRect> places;
+        for (ControlWidget* control : ShownControls(shown.WindowOf(form))) {
+            places[control->Logical().FullName()] = InWindow(control->Widget());
+        }
+        return places;
+    };
+    const std::map<std::string, QRect> told = pick("Kenwood");
+    const QRect panels = told.at("fraPort") | told.at("fraPower");
+    for (const char* rig : {"Hamlib (rigctld)", "flrig"}) {
+        const std::map<std::string, QRect> places = pick(rig);
+        for (const auto& [name, place] : places) {
+            EXPECT_EQ(Text(place), Text(told.contains(name) ? told.at(name) : place)) << name;
+        }
+        EXPECT_FALSE(places.contains("fraPort") || places.contains("optComm(0)") || places.contains("fraBaud"));
+        ASSERT_TRUE(places.contains("fraRigServer") && places.contains("txtRigHost"));
+        EXPECT_EQ(places.at("fraRigServer").topLeft(), panels.topLeft());
+        EXPECT_TRUE(places.at("fraRigServer").contains(panels));
+        for (const char* link : {"Closed", "Connecting", "Connected", "No answer"}) {
+            form.lblRigLink.SetCaption(link);
+            shown.Settle();
+            Check(form, "-server");
+        }
+    }
+    EXPECT_EQ(pick("Kenwood"), told);
+}
+
 TEST_F(WindowWalkTest, AReportOfAnImportHasItsRoomHoweverLongItIs) {
     frmImport& form = program.importPart.importForm;
     shown.Show(form);

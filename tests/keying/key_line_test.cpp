@@ -231,6 +231,46 @@ TEST_F(KeyLineTest, WhenTheRadioLetsGoTheKeyerOpensThePort) {
     EXPECT_TRUE(Line().isOpen);
 }
 
+TEST_F(KeyLineTest, CableOfTheRadioThatIsPulledAndPluggedInIsKeyedByTheNextCharacter) {
+    StartKeying();
+    Cw().Show();
+    PollOnPort(1);
+    Send("E");
+    Line().Unplug();
+    pump.OnCollect(1, [&] {
+        EXPECT_FALSE(Line().isOpen) << "the radio has let go of it, too";
+        Line().Plug();
+    });
+    SendAnew("TEE");
+    EXPECT_EQ(Keyed(), Elements("EE"));
+    EXPECT_EQ(dialogs.boxes, Lines{});
+}
+
+TEST_F(KeyLineTest, RadioThatComesBackWaitsForTheEndOfTheMessageAndLendsThePortAgain) {
+    StartKeying();
+    Cw().Show();
+    PollOnPort(1);
+    Line().Unplug();
+    program->rigPart.rigConnection.PortHasFailed();
+    Line().Plug();
+    bool isTheRadios = false;
+    serialPorts.onPort = [&](int, const sim::SerialLine& line) {
+        isTheRadios = line.isOpen && line.settings.baud == 4'800;
+        EXPECT_FALSE(isTheRadios && Sender().gCWSending != 0);
+    };
+    SendAnew("TEST");
+    EXPECT_EQ(Keyed(), Elements("TEST"));
+    EXPECT_FALSE(isTheRadios);
+    for (int second = 0; second < 10; ++second) {
+        clock.AdvanceTo(clock.TickMs() + 1'000);
+        TheDesk().RunPending();
+    }
+    EXPECT_TRUE(isTheRadios);
+    SendAnew("TEST");
+    EXPECT_EQ(Keyed(), Elements("TEST"));
+    EXPECT_EQ(dialogs.boxes, Lines{});
+}
+
 TEST_F(KeyLineTest, RadioThatMovesToAnotherPortIsNotKeyedThere) {
     StartKeying();
     PollOnPort(1);

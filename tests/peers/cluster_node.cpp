@@ -26,8 +26,17 @@ std::string ClusterNode::Hear(std::string_view bytes) {
 std::string ClusterNode::Answer(const std::string& line) {
     if (user_.empty()) {
         user_ = line;
-        return "\r\nHello " + user_ + ", 212 users are here.\r\n" + Prompt();
+        return password_.empty() ? Greet() : "\r\n\xFF\xFB\x01password: ";
     }
+    if (!isInside_) {
+        const std::string echo = line + "\r\n";
+        if (line == password_) {
+            return echo + Greet();
+        }
+        user_.clear();
+        return echo + "Sorry.\r\n" + Greeting();
+    }
+    lines_.push_back(line);
     if (line == "bye") {
         hasSaidGoodbye_ = true;
         return "73 de Q7ZZQ-2\r\n";
@@ -41,6 +50,11 @@ std::string ClusterNode::Answer(const std::string& line) {
         return Posted(user_, kilohertz, call.data(), "");
     }
     return "No such command\a\r\n" + Prompt();
+}
+
+std::string ClusterNode::Greet() {
+    isInside_ = true;
+    return "\r\nHello " + user_ + ", 212 users are here.\r\n" + Prompt();
 }
 
 std::string ClusterNode::Posted(std::string_view spotter, double kilohertz, std::string_view call,

@@ -1,5 +1,8 @@
 // The whole program in real time, with a cluster at the other end of a real connection.
 
+#include <filesystem>
+#include <iterator>
+
 #include "tests/peers/cluster_node.h"
 #include "tests/peers/deaf_server.h"
 #include "tests/peers/spots_program.h"
@@ -164,6 +167,109 @@ TEST_F(ClusterOnTheNet, StoredClusterThatIsGoneHoldsNoStartUp) {
     Start();
     EXPECT_TRUE(LogsAContact());
     EXPECT_TRUE(TerminalTells("ERROR: Connection is forcefully rejected."));
+}
+
+/// The program looks after the connection.
+struct LoginOnTheNet : ClusterOnTheNet {
+    void LogInByItself(ClusterNode registered = ClusterNode{}) {
+        node = std::move(registered);
+        Start();
+        ChooseSource(kCluster);
+        Do("set txtTelnetHost \"127.0.0.1\"");
+        Do("set txtTelnetPort \"" + std::to_string(server.Port()) + '"');
+        Do("click chkLogin");
+    }
+    void Open() {
+        Do("click PacketSpotfrm.Command1");
+        server.Accept();
+        server.Write(ClusterNode::Greeting());
+    }
+    /// The program sends a line by itself, and the node answers it.
+    std::string Answer(std::size_t length) {
+        const std::string line = server.Read(length + 2);
+        server.Write(node.Hear(line));
+        return line;
+    }
+};
+
+TEST_F(LoginOnTheNet, CallAndLinesGoOutAndAPostInPiecesIsTaken) {
+    LogInByItself();
+    Do(R"(set txtLoginSend "unset/beep\nsh/dx")");
+    Open();
+    EXPECT_EQ(Answer(4), "W1AW\r\n");
+    EXPECT_TRUE(TerminalTells("Hello W1AW"));
+    EXPECT_EQ(Answer(10), "unset/beep\r\n");
+    EXPECT_TRUE(LogsAContact()) << "while the next line waits";
+    EXPECT_EQ(Answer(5), "sh/dx\r\n");
+    EXPECT_EQ(node.Lines(), (std::vector<std::string>{"unset/beep", "sh/dx"}));
+    const std::string post = "\r\n" + node.Posted("K3LR", 14175, "W1XX", "CQ SS CT");
+    for (const char byte : post) {
+        server.Write({&byte, 1});
+    }
+    EXPECT_TRUE(Shows("$SpotCall(49)", "W1XX"));
+    EXPECT_EQ(Newest(), "W1XX 14.175");
+}
+
+TEST_F(LoginOnTheNet, PasswordIsGivenAndNobodyIsShownIt) {
+    LogInByItself(ClusterNode{"hush-hush"});
+    Do(R"(set txtPassword "hush-hush")");
+    Open();
+    EXPECT_EQ(Answer(4), "W1AW\r\n");
+    EXPECT_EQ(Answer(9), "hush-hush\r\n");
+    EXPECT_TRUE(TerminalTells("****\r\n\r\nHello W1AW"));
+    EXPECT_EQ(Terminal().find("hush"), std::string::npos);
+    EXPECT_EQ(Get("PacketSpotfrm.txtPassword"), "****");
+    EXPECT_EQ(Get("PacketSpotfrm.txtPassword.text"), "****");
+    EXPECT_EQ(Get("PacketSpotfrm.txtPassword.value"), "****");
+    EXPECT_EQ(Do("dump PacketSpotfrm").back().find("hush"), std::string::npos);
+    Do("click PacketSpotfrm.cmdDone");
+    for (const auto& entry : std::filesystem::recursive_directory_iterator{folder.Path()}) {
+        if (entry.is_regular_file()) {
+            std::ifstream file{entry.path()};
+            const std::string content{std::istreambuf_iterator<char>{file}, {}};
+            EXPECT_EQ(content.find("hush"), std::string::npos) << entry.path();
+        }
+    }
+}
+
+TEST_F(LoginOnTheNet, WrongPasswordEndsInAPauseAndNotInAnotherAnswer) {
+    LogInByItself(ClusterNode{"hush-hush"});
+    Do(R"(set txtPassword "hush-hash")");
+    Open();
+    EXPECT_EQ(Answer(4), "W1AW\r\n");
+    EXPECT_EQ(Answer(9), "hush-hash\r\n");
+    EXPECT_TRUE(TerminalTells("The login has failed: the cluster asks again.  Trying again in 5 seconds."));
+    EXPECT_EQ(server.Read(1), "") << "the program has hung up";
+    EXPECT_EQ(Get("PacketSpotfrm.Label4.visible"), "true");
+    Do("click PacketSpotfrm.Command2");
+    EXPECT_TRUE(TerminalTells("** Port Closed **"));
+}
+
+TEST_F(LoginOnTheNet, ConnectionThatIsDroppedComesBackByItself) {
+    LogInByItself();
+    Open();
+    EXPECT_EQ(Answer(4), "W1AW\r\n");
+    EXPECT_TRUE(TerminalTells("Hello W1AW"));
+    server.Reset();
+    EXPECT_TRUE(TerminalTells("ERROR: The connection is reset by remote side.!  Trying again in 5 seconds."));
+    EXPECT_EQ(Get("PacketSpotfrm.Label4.visible"), "true");
+    EXPECT_TRUE(LogsAContact());
+    server.Accept();
+    node = ClusterNode{};
+    server.Write(ClusterNode::Greeting());
+    EXPECT_EQ(Answer(4), "W1AW\r\n");
+    server.HangUp();
+    EXPECT_TRUE(TerminalTells("The cluster has ended the connection.  Trying again in 15 seconds."));
+}
+
+TEST_F(LoginOnTheNet, AttemptThatIsRefusedIsTriedAgainWithoutABeep) {
+    LogInByItself();
+    server.StopListening();
+    const std::vector<std::string> printed = Do("click PacketSpotfrm.Command1");
+    EXPECT_TRUE(TerminalTells("ERROR: Connection is forcefully rejected.  Trying again in 5 seconds."));
+    EXPECT_TRUE(TerminalTells("Trying again in 15 seconds."));
+    EXPECT_TRUE(LogsAContact());
+    EXPECT_EQ(Get("PacketSpotfrm.Label4.visible"), "true");
 }
 
 }  // namespace

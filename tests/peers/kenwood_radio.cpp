@@ -53,6 +53,12 @@ std::string KenwoodRadio::AnswerOf(std::string_view letters) const {
         return "IF" + FrequencyDigits(hertz.at(vfo)) + "     " + "+0000" + "00" + "000" + '0' + mode +
                static_cast<char>('0' + vfo) + "0" + "0" + "0" + "00" + ' ' + ';';
     }
+    if (letters == "ID") {
+        return "ID019;";  // a TS-2000
+    }
+    if (letters == "PS" || letters == "AI") {
+        return std::string{letters} + (letters == "PS" ? "1;" : "0;");  // switched on; says nothing unasked
+    }
     return kUnknown;
 }
 
@@ -68,7 +74,7 @@ bool KenwoodRadio::Set(std::string_view letters, std::string_view value) {
         mode = value[0];
         return true;
     }
-    return false;
+    return letters == "AI" && value == "0";
 }
 
 }  // namespace tallyhut

@@ -4,6 +4,7 @@
 #include "tests/peers/bus_radio.h"
 #include "tests/peers/five_byte_radio.h"
 #include "tests/peers/kenwood_radio.h"
+#include "tests/peers/nine_digit_radio.h"
 #include "values/hex.h"
 
 namespace tallyhut {
@@ -47,6 +48,27 @@ TEST(KenwoodRadio, RefusesWhatItDoesNotKnow) {
         EXPECT_EQ(radio.Hear(command), "?;") << command;
     }
     EXPECT_EQ(radio.hertz[0], 14'025'000);
+    EXPECT_EQ(radio.mode, '3');
+}
+
+TEST(NineDigitRadio, TellsWhereItStands) {
+    NineDigitRadio radio;
+    EXPECT_EQ(radio.Hear("FA;MD0;"), "FA014025000;MD03;");
+}
+
+TEST(NineDigitRadio, IsSetWithoutAnAnswer) {
+    NineDigitRadio radio;
+    EXPECT_EQ(radio.Hear("FA007025100;MD01;"), "");
+    EXPECT_EQ(radio.hertz, 7'025'100);
+    EXPECT_EQ(radio.mode, '1');
+}
+
+TEST(NineDigitRadio, RefusesWhatItDoesNotKnow) {
+    NineDigitRadio radio;
+    for (const char* command : {"XX;", ";", "FA07025100;", "FA00007025100;", "MD;", "MD3;", "MD09;"}) {
+        EXPECT_EQ(radio.Hear(command), "?;") << command;
+    }
+    EXPECT_EQ(radio.hertz, 14'025'000);
     EXPECT_EQ(radio.mode, '3');
 }
 

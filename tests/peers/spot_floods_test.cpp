@@ -30,9 +30,12 @@ std::string RandomBytes(std::size_t count) {
 struct SpotFlood : SpotsProgram {
     LoopbackServer server;
 
-    void ConnectCluster() {
+    void ConnectCluster(bool logsIn = false) {
         Start();
         ChooseSource(kCluster);
+        if (logsIn) {
+            Do("click chkLogin");
+        }
         Do(R"(set txtTelnetHost "127.0.0.1")");
         Do("set txtTelnetPort \"" + std::to_string(server.Port()) + '"');
         Do("click cmdDone");
@@ -78,6 +81,22 @@ TEST_F(SpotFlood, LineOfAMegabyteIsOneLine) {
     server.Write("last of all");
     ASSERT_TRUE(TerminalTells("last of all"));
     EXPECT_EQ(Newest(), "");
+}
+
+TEST_F(SpotFlood, RandomBytesAndShortLinesToOneWhoLogsInCostNoKey) {
+    ConnectCluster(true);
+    LogContactsDuring([this] {
+        server.Write(RandomBytes(10 * kMegabyte));
+        std::string shortLines;
+        for (std::size_t i = 0; i < kMegabyte / 10; ++i) {
+            shortLines += "DX\n";
+        }
+        server.Write(shortLines);
+    });
+    server.Write(std::string(600, 'x') + "\r\nlast of all\r\n");
+    ASSERT_TRUE(TerminalTells("last of all"));
+    server.Write("DX de K3LR:      14025.0  W1XX         CQ SS                          2101Z\r\n");
+    EXPECT_TRUE(Shows("$SpotCall(49)", "W1XX"));
 }
 
 TEST_F(SpotFlood, RandomBytesOfAnEngineAreNoFrames) {

@@ -31,6 +31,8 @@ public:
     }
 
     int Port() const { return port_; }
+    /// Of the listener, for one who waits for more than a client.
+    int Number() const { return listener_.Number(); }
     void Accept() { client_ = Descriptor{accept4(listener_.Number(), nullptr, nullptr, SOCK_CLOEXEC)}; }
     void Write(std::string_view bytes) const {
         Check(send(client_.Number(), bytes.data(), bytes.size(), MSG_NOSIGNAL) == static_cast<ssize_t>(bytes.size()));

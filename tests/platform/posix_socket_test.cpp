@@ -48,6 +48,15 @@ TEST_F(PosixSocketTest, ConnectsSaysAndHears) {
     EXPECT_FALSE(HasEvent());
 }
 
+TEST_F(PosixSocketTest, NothingOfWhatIsSentIsLeftBehind) {
+    // NOLINTNEXTLINE(cppcoreguidelines-pro-type-reinterpret-cast): the bytes of the object, where short texts lie
+    const std::string_view object{reinterpret_cast<const char*>(&socket), sizeof socket};
+    Connect();
+    socket.Send("hush\r\n");
+    EXPECT_EQ(server.Read(6), "hush\r\n");
+    EXPECT_EQ(object.find("ush"), std::string_view::npos);
+}
+
 TEST_F(PosixSocketTest, NameIsLookedUpAside) {
     socket.Connect("localhost", server.Port());
     EXPECT_FALSE(socket.IsConnected());

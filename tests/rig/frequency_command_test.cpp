@@ -41,6 +41,10 @@ TEST(FrequencyCommand, TextRadios) {
         {DualFrequency, 14.2F, "FA;", 10, "FA14200000;"},
         {DualFrequency, 7.0251F, "FB;", 10, "FB07025100;"},
         {DualFrequency, 435, "FA;", 10, "FA435000000;"},  // a longer number stays longer
+        {NineDigitFrequency, 14.2F, "FA;", 10, "FA014200000;"},
+        {NineDigitFrequency, 1.84F, "FA;", 10, "FA001840000;"},
+        {NineDigitFrequency, 7.0251F, "FB;", 10, "FB007025100;"},
+        {NineDigitFrequency, 435, "FA;", 10, "FA435000000;"},
         {OrionFrequency, 14.2F, "?AF", 10, "*AF14.2\r"},
         {OrionFrequency, 7.0251F, "?AF", 10, "*AF7.0251\r"},
         {OrionFrequency, 28, "?AF", 10, "*AF28\r"},
@@ -97,8 +101,8 @@ TEST(FrequencyCommand, OthersLeaveTheFrequency) {
 }
 
 TEST(FrequencyCommand, RefusesWhatNoRadioCanBeTunedTo) {
-    for (const FrequencyCommand command : {KenwoodFrequency, DualFrequency, IcomFrequency, YaesuFrequency,
-                                           YaesuReversedFrequency, PanelFrequency, OrionFrequency}) {
+    for (const FrequencyCommand command : {KenwoodFrequency, DualFrequency, NineDigitFrequency, IcomFrequency,
+                                           YaesuFrequency, YaesuReversedFrequency, PanelFrequency, OrionFrequency}) {
         for (const float frequency : {-0.5F, 1e20F, std::numeric_limits<float>::infinity()}) {
             EXPECT_THROW(CommandOf(command, frequency, "FE FE 64 E0 03 FD"), ValueError) << frequency;
         }
@@ -113,6 +117,12 @@ TEST(FrequencyCommand, RefusesAnAddressThatIsNone) {
 TEST(FrequencyCommand, RefusesANumberThatIsNoRowOfPairs) {
     EXPECT_THROW(CommandOf(YaesuFrequency, 1270), ValueError);  // nine digits
     EXPECT_THROW(CommandOf(YaesuReversedFrequency, 1270), ValueError);
+}
+
+TEST(FrequencyCommand, NineDigitsAreNeverTen) {
+    EXPECT_EQ(CommandOf(NineDigitFrequency, 999.9F), "FA999900024;");  // as a float holds it
+    EXPECT_THROW(CommandOf(NineDigitFrequency, 1'000), ValueError);
+    EXPECT_THROW(CommandOf(NineDigitFrequency, 14'200), ValueError);
 }
 
 }  // namespace

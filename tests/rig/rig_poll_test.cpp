@@ -18,7 +18,7 @@ struct Conversation {
     std::string_view reading;  ///< frequency and mode after both replies
 };
 
-constexpr std::array<Conversation, 16> kConversations{{
+constexpr std::array<Conversation, 17> kConversations{{
     {"Elecraft", "", "46413B4D443B", "46413B4D443B", "464130303031343230303030303B4D44333B", "4D44333B", "14.20000 CW"},
     {"Icom", "", "FEFE64E003FD", "FEFE64E004FD", "FEFE64E003FDFEFEE064030000201400FD", "FEFE64E004FDFEFEE0640403FD",
      "14.20000 CW"},
@@ -41,6 +41,7 @@ constexpr std::array<Conversation, 16> kConversations{{
     {"Yaesu 1000 D", "0000000000", "0000000210", "0000000210", "0015AAE000000002", "", "14.20000 CW"},
     {"Yaesu 1000", "0000000000", "0000000210", "0000000210", "00015AAE00000002", "", "14.20000 CW"},
     {"Yaesu FTdx9000", "", "46413B", "4D44303B", "464131343230303030303B", "4D4430333B", "14.20000 CW"},
+    {"Yaesu FTdx10", "", "46413B", "4D44303B", "46413031343230303030303B", "4D4430373B", "14.20000 CW"},
 }};
 
 struct RigPollTest : RigFixture {

@@ -43,13 +43,31 @@ TEST_F(RigSetupTest, PortsTellTheirDevicesAsChosenLast) {
     EXPECT_EQ(Rig().optComm(8).State().toolTip, "/tmp/rig");
 }
 
-TEST_F(RigSetupTest, ListHasNineteenRadios) {
+TEST_F(RigSetupTest, ListHasItsRadiosInTheirOrder) {
     Start();
     Rig().Show();
-    EXPECT_EQ(Rig().List1.Items(),
-              (Lines{"None", "Elecraft", "Icom", "Icom 735", "Kenwood", "Kenwood 2", "Ten Tec Omni VI", "Ten Tec Orion",
-                     "Ten Tec Fnt Pnl", "Ten Tec Pegasus", "Yaesu", "Yaesu 757 GX II", "Yaesu 890", "Yaesu 920",
-                     "Yaesu 990", "Yaesu 1000 D", "Yaesu 1000", "Yaesu FTdx9000", "Other"}));
+    EXPECT_EQ(Rig().List1.Items(), (Lines{"None",
+                                          "Elecraft",
+                                          "Icom",
+                                          "Icom 735",
+                                          "Kenwood",
+                                          "Kenwood 2",
+                                          "Ten Tec Omni VI",
+                                          "Ten Tec Orion",
+                                          "Ten Tec Fnt Pnl",
+                                          "Ten Tec Pegasus",
+                                          "Yaesu",
+                                          "Yaesu 757 GX II",
+                                          "Yaesu 890",
+                                          "Yaesu 920",
+                                          "Yaesu 990",
+                                          "Yaesu 1000 D",
+                                          "Yaesu 1000",
+                                          "Yaesu FTdx9000",
+                                          "Other",
+                                          "Yaesu FTdx10",
+                                          "Hamlib (rigctld)",
+                                          "flrig"}));
 }
 
 TEST_F(RigSetupTest, FormBeginsWithItsDefaults) {
@@ -87,8 +105,11 @@ TEST_F(RigSetupTest, RowBringsItsDefaults) {
         {"Yaesu 1000", "4.8|8|2|None|00 00 00 02 10||1"},
         // These leave some or all of the serial settings as they stand.
         {"Yaesu FTdx9000", "4.8|7|2|Even|FA;|MD0;|0"},
+        {"Yaesu FTdx10", "38.4|8|1|None|FA;|MD0;|0"},
         {"None", "19.2|7|2|Even|||0"},
         {"Ten Tec Pegasus", "19.2|7|2|Even|||0"},
+        {"Hamlib (rigctld)", "19.2|7|2|Even|||0"},
+        {"flrig", "19.2|7|2|Even|||0"},
         {"Other", "19.2|7|2|Even|||0"},
     };
     Start();
@@ -399,6 +420,7 @@ TEST_F(RigSetupTest, EndOfTheProgramTellsAYaesuRadio) {
              {"Yaesu 890", "0000000080"},
              {"Yaesu 1000", "0000000080"},
              {"Yaesu FTdx9000", ""},
+             {"Yaesu FTdx10", ""},
              {"Kenwood", ""},
          }) {
         StartPolling(rig);

@@ -117,6 +117,60 @@ TEST(ReadDualCommand, FollowsTheStringsOfTheForm) {
                    "MD1;");
 }
 
+TEST(ReadNineDigitCommand, EachReplyUpdatesOnlyWhatItHolds) {
+    ExpectReadings(ReadNineDigitCommand, {
+                                             {"FA014200000;", "14.20000 - -"},
+                                             {"FA001840000;", "1.84000 - -"},
+                                             {"FA435000000;", "435.00000 - -"},
+                                             {"MD03;", "- CW -"},
+                                             {"MD07;", "- CW -"},
+                                             {"MD01;", "- PH -"},
+                                             {"MD0C;", "- PH -"},
+                                             {"FA014200000;MD03;", "14.20000 CW -"},
+                                             {"MD02;FA007030000;", "7.03000 PH -"},
+                                             {"FA;FA014200000;MD0;MD03;", "14.20000 CW -"},  // with an echo in front
+                                             {"?;FA014200000;MD03;?;", "14.20000 CW -"},
+                                             {"MD13;", "- - -"},
+                                             {"", "- - -"},
+                                         });
+}
+
+TEST(ReadNineDigitCommand, CutReplySaysNothing) {
+    const std::string frequency = "FA014200000;";
+    const std::string mode = "MD03;";
+    for (std::size_t length = 0; length < frequency.size(); ++length) {
+        const std::string cut = frequency.substr(0, length);
+        ExpectReadings(ReadNineDigitCommand, {{cut, "- - -"}, {cut + mode, "- CW -"}});
+        if (length > 0) {
+            ExpectReadings(ReadNineDigitCommand, {{frequency.substr(length), "- - -"}});
+        }
+    }
+    for (std::size_t length = 0; length < mode.size(); ++length) {
+        const std::string cut = mode.substr(0, length);
+        ExpectReadings(ReadNineDigitCommand, {{cut, "- - -"}, {cut + frequency, "14.20000 - -"}});
+    }
+}
+
+TEST(ReadNineDigitCommand, FrequencyOfAnotherLengthSaysNothing) {
+    ExpectReadings(ReadNineDigitCommand, {
+                                             {"FA14200000;", "- - -"},
+                                             {"FA00014200000;", "- - -"},
+                                             {"FA01420000x;", "- - -"},
+                                             {"FA 14200000;", "- - -"},
+                                             {"FA+14200000;", "- - -"},
+                                             {"FA14200000;FA014200000;", "14.20000 - -"},
+                                         });
+}
+
+TEST(ReadNineDigitCommand, ZeroIsNoFrequency) {
+    ExpectReadings(ReadNineDigitCommand, {{"FA000000000;", "- - -"}, {"FA000000000;MD03;", "- CW -"}});
+}
+
+TEST(ReadNineDigitCommand, FollowsTheStringsOfTheForm) {
+    ExpectReadings(ReadNineDigitCommand, {{"FB007030000;MD13;", "7.03000 CW -"}, {"FA007030000;MD03;", "- - -"}}, "FB;",
+                   "MD1;");
+}
+
 TEST(ReadOrionFrequency, CountsTheDigitsFromTheBeginOfTheBuffer) {
     ExpectReadings(ReadOrionFrequency, {
                                            {"@AF14200000\r", "14.20000 - -"},

@@ -129,14 +129,14 @@ TEST_F(SpotPostsTest, ListHoldsTwoHundredPostsTheNewestOnTop) {
         Post("K" + std::to_string(n) + "A");
     }
     ASSERT_EQ(posts->listed.size(), 200U);
-    EXPECT_EQ(posts->listed.front()[0], "K201A");
-    EXPECT_EQ(posts->listed.back()[0], "K2A");
+    EXPECT_EQ(posts->listed.front().row[0], "K201A");
+    EXPECT_EQ(posts->listed.back().row[0], "K2A");
 }
 
 TEST_F(SpotPostsTest, RowOfTheListShowsThePost) {
     StartColouring();
     Post("KH6XX", "loud MDC", "21303.3");
-    EXPECT_EQ(posts->listed.front(),
+    EXPECT_EQ(posts->listed.front().row,
               (SpotListRow{"KH6XX", "21.3033", "Needed!", "Section", "DE K3LR:    LOUD MDC PAC ", "", "2104", "FN3"}));
 }
 

@@ -49,6 +49,25 @@ TEST_F(SpotSetupTest, StoredSourceOpensAndTheBoxStandsUnset) {
     EXPECT_FALSE(form.chkDX.Value());
 }
 
+TEST_F(SpotSetupTest, ChoicesOfFewerSpotsStandFreeForEachSource) {
+    form.Load();
+    for (int source = 1; source <= 3; ++source) {
+        form.List1.SelectRow(source);
+        for (const CheckBox* box : {&form.chkNeededOnly, &form.chkNearOnly}) {
+            const Place& place = box->State().place;
+            EXPECT_LE(place.top + place.height, form.design.height);
+            for (const Control* other : form.Controls()) {
+                const Place& there = other->State().place;
+                const bool isBeside = there.left >= place.left + place.width || place.left >= there.left + there.width;
+                const bool isApart = there.top >= place.top + place.height || place.top >= there.top + there.height;
+                EXPECT_TRUE(other == box || !other->IsShown() || other->kind == ControlKind::Timer || isBeside ||
+                            isApart)
+                    << box->name << ' ' << other->FullName() << ' ' << source;
+            }
+        }
+    }
+}
+
 TEST_F(SpotSetupTest, EachSourceShowsItsControls) {
     form.Load();
     form.List1.SelectRow(0);

@@ -285,6 +285,41 @@ TEST_F(TextBoxTest, ClipboardKeysCopyCutAndPaste) {
     }
 }
 
+TEST_F(TextBoxTest, SecretTextLeavesItsBoxByNoKey) {
+    TextBox word{form, "word", {.maxLength = 60, .secret = true}};
+    Begin(word, "");
+    for (const char* keys : {"Ctrl+A Ctrl+C", "Ctrl+A Ctrl+X", "Ctrl+A Ctrl+Insert", "Ctrl+A Shift+Delete"}) {
+        clipboard.text = "old";
+        word.SetText("hush");
+        PressAll(*this, keys);
+        EXPECT_EQ(clipboard.text, "old") << keys;
+        EXPECT_EQ(word.SelectedText(), "") << keys;
+    }
+    word.SetText("");
+    clipboard.text = "hush";
+    PressAll(*this, "Ctrl+V");
+    EXPECT_EQ(word.Text(), "hush") << "what comes in does";
+}
+
+TEST_F(TextBoxTest, NothingOfASecretTextIsLeftInMemory) {
+    TextBox word{form, "word", {.maxLength = 60, .secret = true}};
+    Begin(word, "");
+    const char* memory = word.Text().data();
+    const auto left = [&] { return std::string{memory, 30}.find_first_not_of('\0') != std::string::npos; };
+    word.SetText("a long enough word to be allocated");
+    ASSERT_TRUE(left());
+    EXPECT_EQ(word.Text().data(), memory) << "no copy is left behind by growing";
+    word.SetText("");
+    EXPECT_FALSE(left());
+    word.SetText("a long enough word to be allocated");
+    PressAll(*this, "Ctrl+A Delete");
+    EXPECT_FALSE(left());
+    word.SetText("a long enough word to be allocated");
+    form.Unload();
+    EXPECT_EQ(word.Text(), "");
+    EXPECT_FALSE(left());
+}
+
 TEST_F(TextBoxTest, NothingSelectedLeavesTheClipboardAndTheText) {
     TextBox box{form, "box", {}};
     Begin(box, "abc");

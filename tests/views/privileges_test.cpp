@@ -55,7 +55,7 @@ struct PrivilegesTest : ViewsFixture {
     }
     void TellRadio(float frequency) {
         program->rigState.polls = true;
-        program->rigState.answered = true;
+        program->rigState.frequencyHeard = true;
         program->rigState.RigFrequency = frequency;
         program->preferences.gRigName = "Kenwood";
         PassTime(500);

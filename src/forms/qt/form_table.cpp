@@ -31,6 +31,7 @@ constexpr std::array kTables{
     NamedTable{"frmFrequencyTest", kFrmFrequencyTestTable},
     NamedTable{"frmImport", kFrmImportTable},
     NamedTable{"frmKnownCalls", kFrmKnownCallsTable},
+    NamedTable{"frmNetwork", kFrmNetworkTable},
     NamedTable{"frmPorts", kFrmPortsTable},
     NamedTable{"frmRigTune", kFrmRigTuneTable},
     NamedTable{"frmSections", kFrmSectionsTable},

@@ -50,6 +50,11 @@ constexpr TableRow Column(int share) {
 constexpr TableRow Group(std::string_view title = {}, std::string_view list = {}) {
     return {TableRow::Kind::Group, title, list};
 }
+/// The same on a panel that takes the place of the so many panels before it, whenever something on it is shown. It must
+/// need no more height than they do.
+constexpr TableRow Instead(std::string_view title, int panels) {
+    return {TableRow::Kind::Group, title, {}, panels};
+}
 /// Controls beside each other, behind the label or frame that names them. The captions of a column are equally wide.
 constexpr TableRow OneLine(std::string_view caption, std::string_view controls, RowLook look = RowLook::Plain) {
     return {TableRow::Kind::Line, caption, controls, 0, look};
@@ -126,6 +131,7 @@ extern const FormTable kFrmEditConTable;
 extern const FormTable kFrmFrequencyTestTable;
 extern const FormTable kFrmImportTable;
 extern const FormTable kFrmKnownCallsTable;
+extern const FormTable kFrmNetworkTable;
 extern const FormTable kFrmPortsTable;
 extern const FormTable kFrmRigTuneTable;
 extern const FormTable kFrmSectionsTable;

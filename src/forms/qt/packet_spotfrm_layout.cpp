@@ -15,6 +15,8 @@ constexpr std::array kRows{
     Group("Main form"),
     OneLine("Frame2", "OptBand OptList"),
     OneLine("", "chkDX"),
+    OneLine("", "chkNeededOnly"),
+    OneLine("", "chkNearOnly"),
     Text("Label5"),
 
     Column(0),
@@ -30,6 +32,17 @@ constexpr std::array kRows{
     OneLine("fraPower", "optPowerNone optPowerRTS optPowerDTR"),
     OneLine("Label1", "txtHex:3 chkConvToHex"),
     Text("Label2"),
+
+    Column(0),
+    Group("Login"),
+    OneLine("", "chkLogin"),
+    OneLine("lblLogin", "txtLogin:*"),
+    OneLine("lblPassword", "txtPassword:*"),
+    OneLine("", "chkKeepPassword"),
+    Fill("lblLoginSend", "txtLoginSend:24"),
+    Group("Nodes"),
+    Fill("lblNodes", "lstNodes:24"),
+    OneLine("", "cmdAddNode cmdRemoveNode"),
 
     Column(1),
     Group("Terminal"),

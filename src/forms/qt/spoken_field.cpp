@@ -29,6 +29,7 @@ public:
         state.editable = !field_.isReadOnly();
         state.readOnly = field_.isReadOnly();
         state.selectableText = true;
+        state.passwordEdit = field_.echoMode() != QLineEdit::Normal;
         return state;
     }
 

@@ -50,6 +50,18 @@ int ShareOfHeight(const TableRow& row) {
     return row.kind == Kind::Fill ? row.number : row.kind == Kind::Sheet ? 1 : 0;
 }
 
+/// Whether a panel that stands in the place of this one has something to show.
+bool IsReplaced(const TableColumn& column, std::size_t place) {
+    for (std::size_t i = place + 1; i < column.panels.size(); ++i) {
+        const TablePanel& panel = column.panels[i];
+        if (panel.insteadOf > 0 && place + static_cast<std::size_t>(panel.insteadOf) >= i &&
+            panel.HoldsSomethingShown()) {
+            return true;
+        }
+    }
+    return false;
+}
+
 }  // namespace
 
 /// What lies under the controls of a group that has no frame of its own.
@@ -117,9 +129,9 @@ bool TableLayout::ColumnsChange() {
         const bool inUse = column.HoldsSomethingShown();
         changed = changed || inUse != column.inUse;
         column.inUse = inUse;
-        for (const TablePanel& panel : column.panels) {
-            if (!IsFrame(panel.frame)) {
-                panel.widget->setVisible(inUse);
+        for (std::size_t i = 0; i < column.panels.size(); ++i) {
+            if (!IsFrame(column.panels[i].frame)) {
+                column.panels[i].widget->setVisible(inUse && !IsReplaced(column, i));
             }
         }
     }
@@ -386,6 +398,9 @@ void TableLayout::PlaceColumn(const TableColumn& column, const QRect& room) {
     int lines = 0;
     int weights = 0;
     for (const TablePanel& panel : column.panels) {
+        if (panel.insteadOf > 0) {
+            continue;
+        }
         for (const TableLine& line : panel.lines) {
             weights += ShareOfHeight(line.row);
             ++lines;
@@ -395,7 +410,14 @@ void TableLayout::PlaceColumn(const TableColumn& column, const QRect& room) {
     const int apart = weights > 0 || lines == 0 ? 0 : std::min(over / lines, qRound(measures_.text * kMostLineGap));
     const int pad = 2 * measures_.Unit();
     int top = room.top();
+    std::vector<int> tops;
     for (const TablePanel& panel : column.panels) {
+        tops.push_back(top);
+        const bool replaces = panel.insteadOf > 0;
+        const int next = top;
+        if (replaces) {
+            top = tops.at(tops.size() - 1 - static_cast<std::size_t>(panel.insteadOf));
+        }
         int below = top + pad + measures_.TitleHeight(panel);
         for (const TableLine& line : panel.lines) {
             const int share = ShareOfHeight(line.row);
@@ -406,7 +428,9 @@ void TableLayout::PlaceColumn(const TableColumn& column, const QRect& room) {
             below = place.bottom() + 1 + measures_.Unit() + apart;
         }
         const bool last = &panel == &column.panels.back();
-        const int bottom = last ? room.bottom() + 1 : below - measures_.Unit() + pad;
+        const int bottom = replaces ? next - 2 * measures_.Unit()
+                           : last   ? room.bottom() + 1
+                                    : below - measures_.Unit() + pad;
         panel.widget->setGeometry(room.left(), top, room.width(), bottom - top);
         top = bottom + 2 * measures_.Unit();
     }

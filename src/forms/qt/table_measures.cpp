@@ -182,7 +182,9 @@ int TableMeasures::HeightOf(const TablePanel& panel, const TableColumn& column) 
 int TableMeasures::HeightOf(const TableColumn& column) const {
     int height = 0;
     for (const TablePanel& panel : column.panels) {
-        height += HeightOf(panel, column) + (height > 0 ? 2 * Unit() : 0);
+        if (panel.insteadOf == 0) {
+            height += HeightOf(panel, column) + (height > 0 ? 2 * Unit() : 0);
+        }
     }
     return height;
 }

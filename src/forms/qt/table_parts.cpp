@@ -65,6 +65,7 @@ void AddRow(TableParts& parts, const TableRow& row, std::vector<ControlWidget*>&
             panel.frame = Take(row.caption, rest);
             panel.title = panel.frame == nullptr ? ToQt(row.caption) : QString{};
             panel.list = listOfTitle;
+            panel.insteadOf = row.number;
             parts.columns.back().panels.push_back(std::move(panel));
             return;
         }
@@ -99,12 +100,14 @@ void AddRow(TableParts& parts, const TableRow& row, std::vector<ControlWidget*>&
 
 }  // namespace
 
-bool TableColumn::HoldsSomethingShown() const {
+bool TablePanel::HoldsSomethingShown() const {
     const auto isShown = [](const TablePiece& piece) { return piece.widget->Logical().IsShown(); };
-    return std::ranges::any_of(panels, [&isShown](const TablePanel& panel) {
-        return std::ranges::any_of(
-            panel.lines, [&isShown](const TableLine& line) { return std::ranges::any_of(line.pieces, isShown); });
-    });
+    return std::ranges::any_of(lines,
+                               [&isShown](const TableLine& line) { return std::ranges::any_of(line.pieces, isShown); });
+}
+
+bool TableColumn::HoldsSomethingShown() const {
+    return std::ranges::any_of(panels, &TablePanel::HoldsSomethingShown);
 }
 
 TableParts SortIntoTable(FormTable table, const std::vector<ControlWidget*>& widgets) {

@@ -27,7 +27,11 @@ struct TablePanel {
     ControlWidget* frame = nullptr;  ///< or what else bears the panel's name
     ControlWidget* list = nullptr;   ///< its selected row stands in the title
     QString title = {};
+    int insteadOf = 0;  ///< so many panels before it
     std::vector<TableLine> lines = {};
+
+    /// Whether anything on it is shown.
+    bool HoldsSomethingShown() const;
 };
 
 struct TableColumn {

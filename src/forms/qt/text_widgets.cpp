@@ -34,6 +34,9 @@ QPalette FieldPalette(const Control& control, bool focused, const QPalette& desk
     return palette;
 }
 
+/// What the widget of a secret text holds in place of each character: not even Qt is given the text.
+constexpr QChar kDot{0x25CF};
+
 struct Edit {
     const char* caption;
     bool changes;
@@ -125,7 +128,8 @@ void TextMouse::OpenMenu(const QPoint& globalPosition) {
     auto* menu = new QMenu{&widget_};
     menu->setAttribute(Qt::WA_DeleteOnClose);
     for (const Edit& edit : kEdits) {
-        const bool open = !(edit.changes && box_.State().locked) && !(edit.needsSelection && box_.SelLength() == 0);
+        const bool hasSelection = box_.SelLength() > 0 && !box_.IsSecret();
+        const bool open = !(edit.changes && box_.State().locked) && (hasSelection || !edit.needsSelection);
         QAction* action = menu->addAction(edit.caption);
         action->setEnabled(open && box_.State().enabled);
         QObject::connect(action, &QAction::triggered, &widget_, [this, run = edit.run] {
@@ -142,8 +146,11 @@ FieldWidget::FieldWidget(TextBox& box, const OperatorInput& input, QWidget* pare
     setDragEnabled(false);
     setContextMenuPolicy(Qt::DefaultContextMenu);
     setProperty(kFocusMark, false);
+    if (box.IsSecret()) {
+        setEchoMode(Password);  // which a screen reader says
+    }
     connect(this, &QLineEdit::textChanged, this, [this](const QString& text) {
-        if (!showing_) {
+        if (!showing_ && !(box_.IsSecret() && text.contains(kDot))) {  // a change within dots says nothing
             mouse_.Replace(text);
         }
     });
@@ -172,8 +179,8 @@ QSize FieldWidget::Needed(int /*width*/) const {
 void FieldWidget::ShowState() {
     const ControlState& state = box_.State();
     showing_ = true;
-    shown_ = ShownText{state.text};
-    PutText(shown_.Text());
+    shown_ = ShownText{state.secret ? std::string(state.text.size(), '*') : state.text};
+    PutText(state.secret ? QString{static_cast<int>(state.text.size()), kDot} : shown_.Text());
     const int begin = shown_.Shown(state.selStart);
     const int end = shown_.Shown(state.selStart + state.selLength);
     if (begin == end) {

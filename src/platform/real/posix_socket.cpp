@@ -7,8 +7,10 @@
 
 #include <array>
 #include <cerrno>
+#include <utility>
 
 #include "platform/path_error.h"
+#include "values/secret.h"
 
 namespace tallyhut {
 namespace {
@@ -72,9 +74,20 @@ PosixSocket::PosixSocket() : events_{epoll_create1(EPOLL_CLOEXEC)} {
     }
 }
 
+PosixSocket::~PosixSocket() {
+    OverwriteFrom(waiting_, 0);
+}
+
 void PosixSocket::Connect(const std::string& host, int port) {
     Close();
-    lookUp_.emplace(host, port);
+    host_ = host;
+    port_ = port;
+    if (brokenOff_ && brokenOff_->host == host && brokenOff_->port == port) {
+        lookUp_ = std::move(brokenOff_->lookUp);
+        brokenOff_.reset();
+    } else {
+        lookUp_.emplace(host, port);
+    }
     nextAddress_ = 0;
     epoll_event answer{};
     answer.events = EPOLLIN;
@@ -85,11 +98,14 @@ void PosixSocket::Close() {
     if (lookUp_) {
         // The thread may hold the descriptor open, and the set would keep it.
         epoll_ctl(events_.Number(), EPOLL_CTL_DEL, lookUp_->Number(), nullptr);
+        if (!lookUp_->IsDone()) {
+            brokenOff_ = BrokenOff{.host = host_, .port = port_, .lookUp = std::move(*lookUp_)};
+        }
         lookUp_.reset();
     }
     socket_ = Descriptor{};
     isConnected_ = false;
-    waiting_.clear();
+    OverwriteFrom(waiting_, 0);
     sendFailure_ = 0;
 }
 
@@ -181,11 +197,11 @@ void PosixSocket::Send(std::string_view bytes) {
     SendWaiting();
     if (waiting_.size() + bytes.size() > kMostWaiting) {
         sendFailure_ = ENOBUFS;
-        waiting_.clear();
+        OverwriteFrom(waiting_, 0);
         shutdown(socket_.Number(), SHUT_RDWR);  // so that the failure is seen as an event
         return;
     }
-    waiting_ += bytes;
+    AppendSecret(waiting_, bytes);
     SendWaiting();
 }
 
@@ -194,6 +210,7 @@ void PosixSocket::SendWaiting() {
         const ssize_t count = send(socket_.Number(), waiting_.data(), waiting_.size(), MSG_NOSIGNAL);
         if (count >= 0) {
             waiting_.erase(0, static_cast<std::size_t>(count));
+            OverwriteFrom(waiting_, waiting_.size());
         } else if (errno == EAGAIN) {
             break;
         } else if (errno != EINTR) {
@@ -201,7 +218,7 @@ void PosixSocket::SendWaiting() {
             if (errno != EPIPE) {
                 sendFailure_ = errno;
             }
-            waiting_.clear();
+            OverwriteFrom(waiting_, 0);
         }
     }
     WaitFor(true, !waiting_.empty());

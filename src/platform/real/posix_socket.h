@@ -21,6 +21,11 @@ class PosixSocket : public TcpSocket {
 public:
     /// Throws PlatformError.
     PosixSocket();
+    ~PosixSocket() override;
+    PosixSocket(const PosixSocket&) = delete;
+    PosixSocket& operator=(const PosixSocket&) = delete;
+    PosixSocket(PosixSocket&&) = delete;
+    PosixSocket& operator=(PosixSocket&&) = delete;
 
     void Connect(const std::string& host, int port) override;
     void Close() override;
@@ -39,12 +44,23 @@ private:
     void SendWaiting();
     void WaitFor(bool readable, bool writable) const;
 
+    struct BrokenOff {
+        std::string host;
+        int port;
+        NameLookUp lookUp;
+    };
+
     Descriptor events_;
+    std::string host_;  ///< of the attempt
+    int port_ = 0;
     std::optional<NameLookUp> lookUp_;
+    /// A look-up that nobody waits for any more cannot be ended. The next attempt of the same host takes it up, so that
+    /// however often that is tried, there is one.
+    std::optional<BrokenOff> brokenOff_;
     std::size_t nextAddress_ = 0;
     Descriptor socket_;
     bool isConnected_ = false;
-    std::string waiting_;  ///< sent, and not yet taken by the line
+    std::string waiting_;  ///< sent, and not yet taken by the line; a password may be in it
     int sendFailure_ = 0;  ///< errno value; told behind what has come before it
 };
 

@@ -7,10 +7,12 @@
 #include "platform/machine.h"
 #include "platform/real/desktop_environment.h"
 #include "platform/real/ini_settings.h"
+#include "platform/real/posix_datagrams.h"
 #include "platform/real/posix_files.h"
 #include "platform/real/posix_socket.h"
 #include "platform/real/ppdev_ports.h"
 #include "platform/real/sdl_sound.h"
+#include "platform/real/secret_service.h"
 #include "platform/real/system_clock.h"
 #include "platform/real/tty_ports.h"
 
@@ -43,6 +45,8 @@ struct RealMachine {
     TtyPorts serialPorts;
     PpdevPorts parallelPorts;
     PosixSockets tcpSockets;
+    PosixDatagrams datagramSockets;
+    SecretService keyring;
     SdlSound sound{files};
     std::string dataFolder;
 
@@ -60,6 +64,8 @@ struct RealMachine {
                 .serialPorts = host.serialPorts != nullptr ? *host.serialPorts : serialPorts,
                 .parallelPorts = host.parallelPorts != nullptr ? *host.parallelPorts : parallelPorts,
                 .tcpSockets = tcpSockets,
+                .datagramSockets = datagramSockets,
+                .keyring = keyring,
                 .sound = host.sound != nullptr ? *host.sound : sound,
                 .seed = host.seed,
                 .agwEngine = host.agwEngine,

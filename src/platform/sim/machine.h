@@ -5,10 +5,12 @@
 #include "platform/machine.h"
 #include "platform/sim/clipboard.h"
 #include "platform/sim/clock.h"
+#include "platform/sim/datagram_socket.h"
 #include "platform/sim/dialogs.h"
 #include "platform/sim/environment.h"
 #include "platform/sim/event_pump.h"
 #include "platform/sim/files.h"
+#include "platform/sim/keyring.h"
 #include "platform/sim/parallel_port.h"
 #include "platform/sim/printer.h"
 #include "platform/sim/screen.h"
@@ -28,6 +30,8 @@ struct InPlaceOfTwins {
     tallyhut::Screen* screen = nullptr;
     tallyhut::SerialPorts* serialPorts = nullptr;
     tallyhut::TcpSockets* tcpSockets = nullptr;
+    tallyhut::DatagramSockets* datagramSockets = nullptr;
+    tallyhut::Keyring* keyring = nullptr;
 };
 
 /// Every device's twin.
@@ -46,6 +50,8 @@ struct Machine {
     SerialPorts serialPorts{clock};
     ParallelPorts parallelPorts{clock};
     TcpSockets tcpSockets{pump};
+    DatagramSockets datagramSockets{clock, pump};
+    Keyring keyring{pump};
     Sound sound{clock, files};
     std::string dataFolder;
 
@@ -63,6 +69,8 @@ struct Machine {
                 .serialPorts = Chosen(real.serialPorts, serialPorts),
                 .parallelPorts = parallelPorts,
                 .tcpSockets = Chosen(real.tcpSockets, tcpSockets),
+                .datagramSockets = Chosen(real.datagramSockets, datagramSockets),
+                .keyring = Chosen(real.keyring, keyring),
                 .sound = sound,
                 .dataFolder = dataFolder};
     }

@@ -4,6 +4,7 @@
 #include <array>
 #include <utility>
 
+#include "platform/platform_error.h"
 #include "spots/spot_line.h"
 #include "spots/tcp_failure_text.h"
 #include "spots/terminal_text.h"
@@ -76,7 +77,11 @@ void ClusterLogin::Connect() {
     answered_.clear();
     isInside_ = false;
     lines_.clear();
-    socket_.Connect(host_, port_);
+    try {
+        socket_.Connect(host_, port_);
+    } catch (const PlatformError& failure) {  // the machine has nothing left to connect with
+        PutOff(failure.what());
+    }
 }
 
 void ClusterLogin::Arrived() {

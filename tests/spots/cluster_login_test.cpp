@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include "platform/platform_error.h"
 #include "platform/sim/machine.h"
 #include "toolkit/io_source.h"
 
@@ -399,6 +400,28 @@ TEST_F(ClusterLoginTest, FloodIsTakenInPartsAndNothingIsLost) {
         Run();
     }
     EXPECT_EQ(posts.size(), 200U);
+}
+
+/// What a machine gives that has no descriptor left.
+struct SpentSocket : sim::TcpSocket {
+    using sim::TcpSocket::TcpSocket;
+
+    int attempts = 0;
+
+    void Connect(const std::string& /*host*/, int /*port*/) override {
+        ++attempts;
+        throw PlatformError{"Too many open files"};
+    }
+};
+
+TEST_F(ClusterLoginTest, AMachineThatHasNothingLeftToConnectWithIsTriedAgainWithoutABox) {
+    SpentSocket spent{cluster};
+    ClusterLogin patient{form, spent, desk, preferences};
+    patient.Open("cluster.example", 7300);
+    EXPECT_NE(Shown().find("Too many open files  Trying again in 5 seconds."), std::string::npos) << Shown();
+    Pass(20 * kSecond);
+    EXPECT_EQ(spent.attempts, 3);
+    EXPECT_TRUE(machine.dialogs.boxes.empty());
 }
 
 }  // namespace

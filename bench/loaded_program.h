@@ -8,15 +8,22 @@
 
 namespace tallyhut {
 
-/// The whole program on a simulated machine with a log of so many contacts; its serial ports may be real ones.
-struct LoadedProgram : sim::Machine {
-    static constexpr std::int64_t kContest = 108'000;  ///< seconds
+struct LogSetting {
+    static constexpr std::int64_t kContest = 108'000;
 
-    explicit LoadedProgram(int contacts, SerialPorts* realPorts = nullptr, std::int64_t duration = kContest)
-        : sim::Machine{{2026, 11, 8, 21, 0, 0}}, program{Lend({.serialPorts = realPorts}), "/contest"} {
+    std::int64_t duration = kContest;  ///< from the first contact to the last, in seconds
+    sim::InPlaceOfTwins real = {};
+    std::string folder = "/contest";
+};
+
+/// The whole program on a simulated machine with a log of so many contacts; some devices and the folder may be real.
+struct LoadedProgram : sim::Machine {
+    explicit LoadedProgram(int contacts, const LogSetting& setting = {})
+        : sim::Machine{{2026, 11, 8, 21, 0, 0}}, program{Lend(setting.real), setting.folder} {
         program.ShowWithoutQuestions();
         program.form1.Show();
-        files.Put("/contest/Log.txt", FullLog(contacts, clock.Now(), duration));
+        Lend(setting.real).files.Write(setting.folder + "/Log.txt",
+                                       FullLog(contacts, clock.Now(), setting.duration));
         program.reload.mnuopen2();
         program.time.gTimeOn = 1;
         program.desk.RunPending();

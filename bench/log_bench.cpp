@@ -2,13 +2,7 @@
 
 #include <benchmark/benchmark.h>
 
-#include <algorithm>
-#include <array>
-#include <cstdio>
-#include <cstring>
-#include <fstream>
 #include <utility>
-#include <vector>
 
 #include "bench/loaded_program.h"
 #include "contest/worked_before.h"
@@ -17,34 +11,6 @@ namespace tallyhut {
 namespace {
 
 constexpr int kFull = 11'000;
-
-/// As a plain program would do it: characters into rows of arrays.
-struct BareRow {
-    std::array<std::array<char, 32>, 10> fields;
-};
-std::vector<BareRow> SplitOf(const std::string& path) {
-    std::vector<BareRow> rows;
-    std::string text;
-    std::FILE* file = std::fopen(path.c_str(), "rb");
-    std::array<char, 65'536> block{};
-    for (std::size_t count = 0; (count = std::fread(block.data(), 1, block.size(), file)) > 0;) {
-        text.append(block.data(), count);
-    }
-    std::fclose(file);
-    for (const char* at = text.c_str(); *at != '\0';) {
-        BareRow& row = rows.emplace_back();
-        for (auto& field : row.fields) {
-            const char* const begin = std::strchr(at, '"') + 1;
-            const char* const end = std::strchr(begin, '"');
-            const auto length = std::min<std::size_t>(static_cast<std::size_t>(end - begin), field.size() - 1);
-            std::memcpy(field.data(), begin, length);
-            field[length] = '\0';
-            at = end + 1;
-        }
-        at = std::strchr(at, '\n') + 1;
-    }
-    return rows;
-}
 
 /// A call as it is typed, key by key, the list of partial calls and, at its end, the check included. One begins like
 /// many, one like none, and two are logged: a short and a long one.
@@ -81,7 +47,7 @@ BENCHMARK(KeyInTheNumberField);
 
 /// The contact that fills the table; without the flush.
 void CommitOfTheLastContact(benchmark::State& state) {
-    LoadedProgram loaded{kFull - 1, nullptr, state.range(0)};
+    LoadedProgram loaded{kFull - 1, {.duration = state.range(0)}};
     for (auto _ : state) {
         state.PauseTiming();
         if (loaded.program.log.gContactCount() == kFull) {
@@ -95,7 +61,7 @@ void CommitOfTheLastContact(benchmark::State& state) {
 }
 BENCHMARK(CommitOfTheLastContact)
     ->ArgName("seconds")
-    ->Arg(LoadedProgram::kContest)
+    ->Arg(LogSetting::kContest)
     ->Arg(3'600)  // all of them in the last hour
     ->Unit(benchmark::kMicrosecond)
     ->Iterations(500);
@@ -179,18 +145,6 @@ void ListOfAllContacts(benchmark::State& state) {
     }
 }
 BENCHMARK(ListOfAllContacts);
-
-/// What the machine itself needs: the file read, each field cut out and kept.
-void BareReadAndSplitOfAFullLog(benchmark::State& state) {
-    const sim::Machine machine{{2026, 11, 8, 21, 0, 0}};
-    const std::string path = "/tmp/tallyhut-bench-log.txt";
-    std::ofstream{path, std::ios::binary} << FullLog(kFull, machine.clock.Now());
-    for (auto _ : state) {
-        benchmark::DoNotOptimize(SplitOf(path));
-    }
-    std::remove(path.c_str());
-}
-BENCHMARK(BareReadAndSplitOfAFullLog)->Unit(benchmark::kMillisecond);
 
 }  // namespace
 }  // namespace tallyhut

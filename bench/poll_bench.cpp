@@ -47,7 +47,7 @@ void TickOverAWire(benchmark::State& state) {
     sim::SettingsStore settings;
     const PseudoTerminal wire;
     TtyPorts ports{settings, {{1, wire.Path()}}};
-    LoadedProgram loaded{0, &ports};
+    LoadedProgram loaded{0, {.real = {.serialPorts = &ports}}};
     ProgramUnits& program = loaded.program;
     program.rigForm.Load();
     const auto* rig = std::ranges::find(kRigs, "Kenwood", &RigRow::name);

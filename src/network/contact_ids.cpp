@@ -13,6 +13,7 @@ namespace {
 /// What a row of the file tells a contact by, in its order. The call is among it because two contacts may have one
 /// serial number, date and time.
 constexpr std::array kKey{&Contact::Ns, &Contact::Call, &Contact::Date, &Contact::Time};
+constexpr std::size_t kCallInKey = 1;
 
 /// FNV-1a of 64 bits.
 std::uint64_t HashOf(std::string_view text) {
@@ -96,11 +97,8 @@ void ContactIds::Forget(const Contact& contact) {
 void ContactIds::ForgetAllBut(const ContactLog& log) {
     Change([&log](std::vector<Row>& rows) {
         std::erase_if(rows, [&log](const Row& row) {
-            std::int32_t n = 1;
-            while (n <= log.gContactCount() && !IsOf(row, log.Row(n))) {
-                ++n;
-            }
-            return n > log.gContactCount();
+            return std::ranges::none_of(log.CallsOf(row.key[kCallInKey]),
+                                        [&](const CallOrder::Place& place) { return IsOf(row, log.Row(place.row)); });
         });
     });
 }

@@ -2,6 +2,7 @@
 
 #include <utility>
 
+#include "contest/worked_before.h"
 #include "log/attempts.h"
 
 namespace tallyhut {
@@ -65,11 +66,10 @@ ContactFacts ContactNews::FactsOf(const Contact& contact, const Contact& before,
 
 /// What a contact is worth depends on those before it in the log.
 void ContactNews::AddWorth(ContactFacts& facts, std::int32_t row) const {
+    facts.isDuplicate = WorkedBefore(contest.log, facts.contact.Call).value_or(row) < row;
     facts.isNewSection = contest.sections.Find(facts.contact.Sec) != 0;
     for (std::int32_t n = 1; n < row; ++n) {
-        const Contact& earlier = contest.log.Row(n);
-        facts.isDuplicate = facts.isDuplicate || earlier.Call == facts.contact.Call;
-        facts.isNewSection = facts.isNewSection && earlier.Sec != facts.contact.Sec;
+        facts.isNewSection = facts.isNewSection && contest.log.Row(n).Sec != facts.contact.Sec;
     }
 }
 

@@ -27,6 +27,7 @@ struct InPlaceOfTwins {
     tallyhut::EventPump* pump = nullptr;
     tallyhut::Dialogs* dialogs = nullptr;
     tallyhut::Clipboard* clipboard = nullptr;
+    tallyhut::Files* files = nullptr;
     tallyhut::Screen* screen = nullptr;
     tallyhut::SerialPorts* serialPorts = nullptr;
     tallyhut::TcpSockets* tcpSockets = nullptr;
@@ -62,7 +63,7 @@ struct Machine {
                 .dialogs = Chosen(real.dialogs, dialogs),
                 .clipboard = Chosen(real.clipboard, clipboard),
                 .printer = printer,
-                .files = files,
+                .files = Chosen(real.files, files),
                 .settings = settings,
                 .screen = Chosen(real.screen, screen),
                 .environment = environment,

@@ -22,8 +22,7 @@ struct LoadedProgram : sim::Machine {
         : sim::Machine{{2026, 11, 8, 21, 0, 0}}, program{Lend(setting.real), setting.folder} {
         program.ShowWithoutQuestions();
         program.form1.Show();
-        Lend(setting.real).files.Write(setting.folder + "/Log.txt",
-                                       FullLog(contacts, clock.Now(), setting.duration));
+        Lend(setting.real).files.Write(setting.folder + "/Log.txt", FullLog(contacts, clock.Now(), setting.duration));
         program.reload.mnuopen2();
         program.time.gTimeOn = 1;
         program.desk.RunPending();

@@ -131,6 +131,10 @@ private:
 };
 
 void Tell(const char* what, std::vector<double> times) {
+    if (times.empty()) {
+        std::printf("%s: nothing was drawn\n", what);
+        return;
+    }
     std::ranges::sort(times);
     std::printf("%s: median %.2f ms, 9 of 10 below %.2f ms, %zu times\n", what, times.at(times.size() / 2),
                 times.at(times.size() * 9 / 10), times.size());
@@ -145,7 +149,8 @@ void Measure(int contacts) {
     std::vector<double> enters;
     for (int n = 1; n <= contacts; ++n) {
         for (const char character : "88aw9" + CallOf(n).substr(2) + "72mdc") {
-            const auto lower = static_cast<xcb_keysym_t>(character >= 'A' && character <= 'Z' ? character + 32 : character);
+            const auto lower =
+                static_cast<xcb_keysym_t>(character >= 'A' && character <= 'Z' ? character + 32 : character);
             if (const auto drawn = screen.Press(lower)) {
                 keys.push_back(drawn->first);
                 lastOfKeys.push_back(drawn->last);

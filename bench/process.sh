@@ -18,7 +18,7 @@ finish() {
 trap finish EXIT
 
 mkfifo "$work/number"
-Xvfb -displayfd 3 -screen 0 1280x800x24 -nolisten tcp -noreset 3>"$work/number" >/dev/null 2>&1 &
+Xvfb -displayfd 3 -screen 0 1280x800x24 -nolisten tcp -noreset -r 3>"$work/number" >/dev/null 2>&1 &
 screen=$!
 read -r number <"$work/number"
 export DISPLAY=":$number"

@@ -35,6 +35,8 @@ struct ContactLog {
     std::int32_t gContactCount() const { return Rows() + (refused_ ? 1 : 0); }
     /// Any row from 1 to kMostContacts, also one that holds no contact; throws LogFullError beyond.
     const Contact& Row(std::int32_t n) const;
+    /// Those that there are, the oldest first.
+    std::span<const Contact> Contacts() const { return rows_; }
     const Contact& Last() const { return Row(gContactCount()); }
 
     /// The serial number that the next contact will be sent. Throws ValueError when the last one is no number.

@@ -16,6 +16,10 @@ bool BearsYear(const std::string& date) {
            });
 }
 
+ContactMoment SecondsOfDay(const DateTime& time) {
+    return (time.hour * 60 + time.minute) * 60 + time.second;
+}
+
 std::optional<ContactMoment> SecondsOf(const std::optional<DateTime>& moment) {
     return moment ? std::optional{SecondsBetween({}, *moment)} : std::nullopt;
 }
@@ -27,8 +31,8 @@ std::optional<ContactMoment> MomentReader::MomentOf(const Contact& contact) {
         midnight_ = MidnightOf(contact.Date);
         date_ = contact.Date;
     }
-    const std::optional<ContactMoment> time = midnight_ ? SecondsOf(ParseTime(contact.Time)) : std::nullopt;
-    return time ? std::optional{*midnight_ + *time} : std::nullopt;
+    const std::optional<DateTime> time = midnight_ ? ParseTime(contact.Time) : std::nullopt;
+    return time ? std::optional{*midnight_ + SecondsOfDay(*time)} : std::nullopt;
 }
 
 std::optional<ContactMoment> MomentReader::MidnightOf(const std::string& date) const {

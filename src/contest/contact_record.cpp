@@ -26,10 +26,14 @@ void WriteRecord(const Contact& contact, RecordWriter& writer) {
 
 Contact ReadRecord(FieldReader& fields) {
     Contact contact;
+    ReadRecord(fields, contact);
+    return contact;
+}
+
+void ReadRecord(FieldReader& fields, Contact& contact) {
     for (const auto field : kFileOrder) {
         contact.*field = fields.TakeView();
     }
-    return contact;
 }
 
 std::string ExchangeText(const Contact& contact) {

@@ -31,6 +31,9 @@ void WriteRecord(const Contact& contact, RecordWriter& writer);
 /// Takes one record; throws ValueError when a field is missing or damaged.
 Contact ReadRecord(FieldReader& fields);
 
+/// The same into a contact, which is partly read when it throws.
+void ReadRecord(FieldReader& fields, Contact& contact);
+
 /// The exchange as the operator heard it, for a message about a contact that could not be kept.
 std::string ExchangeText(const Contact& contact);
 

@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <string>
 #include <string_view>
+#include <unordered_map>
 #include <vector>
 
 namespace tallyhut {
@@ -42,7 +43,7 @@ struct SectionList {
     static constexpr std::size_t kMostSections = 100;
 
     std::vector<ListedSection> sections;
-    std::vector<std::uint32_t> codes;  ///< of the same, as numbers: what each contact's code is looked for among
+    std::unordered_map<std::uint32_t, int> places;  ///< of the same, by their codes as numbers; the first of equal ones
 
     void Add(ListedSection section);
     std::int32_t Count() const { return static_cast<std::int32_t>(sections.size()); }

@@ -1,44 +1,64 @@
 #include "contest/worked_before.h"
 
 #include <algorithm>
-#include <functional>
 #include <vector>
 
 namespace tallyhut {
 namespace {
 
-constexpr std::size_t kListLength = 125;
+/// The calls of a list, the oldest last. It takes calls until it is longer than that.
+class PartialList {
+public:
+    bool IsFull() const { return length_ > kLength; }
+    void Add(const std::string& call) {
+        calls_.push_back(&call);
+        length_ += call.size() + 1;
+    }
+    std::string Text() const {
+        std::string text;
+        text.reserve(length_);
+        for (auto call = calls_.rbegin(); call != calls_.rend(); ++call) {
+            text.append(**call).push_back(' ');
+        }
+        return text;
+    }
 
-/// Puts the call of a row in front; false when nothing more has room.
-bool Lists(const ContactLog& log, std::int32_t row, std::string& list) {
-    list.insert(0, log.Row(row).Call + ' ');
-    return list.size() <= kListLength;
-}
+private:
+    static constexpr std::size_t kLength = 125;
+
+    std::vector<const std::string*> calls_;
+    std::size_t length_ = 0;
+};
 
 /// Of a few calls: their rows, the oldest first, as far as they are needed.
 std::string ListOf(const ContactLog& log, std::span<const CallOrder::Place> places) {
     std::vector<std::int32_t> rows(places.size());
     std::ranges::transform(places, rows.begin(), &CallOrder::Place::row);
-    std::ranges::make_heap(rows, std::greater{});
-    std::string list;
-    for (auto end = rows.end(); end != rows.begin(); --end) {
-        std::pop_heap(rows.begin(), end, std::greater{});
-        if (!Lists(log, *(end - 1), list)) {
-            break;
+    PartialList list;
+    auto next = rows.begin();
+    for (auto sorted = next; next != rows.end() && !list.IsFull(); ++next) {
+        if (next == sorted) {
+            constexpr std::ptrdiff_t kUsual = 32;
+            sorted += std::min(kUsual, rows.end() - sorted);
+            std::partial_sort(next, sorted, rows.end());
         }
+        list.Add(log.Contacts()[static_cast<std::size_t>(*next - 1)].Call);
     }
-    return list;
+    return list.Text();
 }
 
 /// Where many calls begin so, the oldest of them stand not far from the begin of the log.
 std::string ListFromOldest(const ContactLog& log, std::string_view begin) {
-    std::string list;
-    for (std::int32_t row = 1; row <= log.gContactCount(); ++row) {
-        if (log.Row(row).Call.starts_with(begin) && !Lists(log, row, list)) {
-            break;
+    PartialList list;
+    for (const Contact& contact : log.Contacts()) {
+        if (contact.Call.starts_with(begin)) {
+            list.Add(contact.Call);
+            if (list.IsFull()) {
+                break;
+            }
         }
     }
-    return list;
+    return list.Text();
 }
 
 }  // namespace
@@ -49,7 +69,7 @@ std::optional<std::int32_t> WorkedBefore(const ContactLog& log, std::string_view
 }
 
 std::string PartialCalls(const ContactLog& log, std::string_view begin) {
-    constexpr std::size_t kMany = 256;
+    constexpr std::size_t kMany = 512;
     const auto places = log.CallsBeginning(begin);
     return places.size() <= kMany ? ListOf(log, places) : ListFromOldest(log, begin);
 }

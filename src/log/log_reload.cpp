@@ -89,7 +89,7 @@ void LogReload::Take(std::string_view text) {
         if (fields.AtEnd()) {
             return false;
         }
-        contact = ReadRecord(fields);
+        ReadRecord(fields, contact);
         CountSection(contact);
         return true;
     });

@@ -1,12 +1,11 @@
 #include "values/date_time.h"
 
 #include <algorithm>
-#include <charconv>
+#include <array>
 #include <chrono>
 #include <cmath>
 #include <cstddef>
 #include <string>
-#include <vector>
 
 #include "values/number.h"
 #include "values/text.h"
@@ -75,27 +74,39 @@ DateTime AddUnits(const DateTime& from, double units, std::int64_t secondsAUnit)
 
 /// A text of digits, so many of them.
 std::optional<int> Digits(std::string_view text, std::size_t least, std::size_t most) {
-    if (text.size() < least || text.size() > most ||
-        !std::ranges::all_of(text, [](char character) { return character >= '0' && character <= '9'; })) {
+    if (text.size() < least || text.size() > most) {
         return std::nullopt;
     }
     int value = 0;
-    std::from_chars(text.data(), text.data() + text.size(), value);
+    for (const char character : text) {
+        if (character < '0' || character > '9') {
+            return std::nullopt;
+        }
+        value = 10 * value + (character - '0');
+    }
     return value;
 }
 
-std::vector<std::string_view> Split(std::string_view text, char separator) {
-    std::vector<std::string_view> parts;
-    parts.reserve(3);  // of a date or a time
-    for (;;) {
-        const std::size_t end = text.find(separator);
-        parts.push_back(text.substr(0, end));
-        if (end == std::string_view::npos) {
-            return parts;
+/// What stands between separators: as many parts as a date or a time has at most, the last of them with all that is
+/// left.
+struct Parts {
+    static constexpr std::size_t kMost = 3;
+
+    std::array<std::string_view, kMost> part;
+    std::size_t count = 0;
+
+    Parts(std::string_view text, char separator) {
+        while (count < kMost) {
+            const std::size_t end = count + 1 == kMost ? text.size() : std::min(text.find(separator), text.size());
+            part.at(count++) = text.substr(0, end);
+            if (end == text.size()) {
+                return;
+            }
+            text.remove_prefix(end + 1);
         }
-        text.remove_prefix(end + 1);
     }
-}
+    std::string_view operator[](std::size_t at) const { return part.at(at); }
+};
 
 std::optional<int> ParseYear(std::string_view text) {
     const auto year = Digits(text, 1, 4);
@@ -147,11 +158,11 @@ std::optional<DateTime> ParseDateTime(std::string_view text, int presentYear) {
 
 std::optional<DateTime> ParseDate(std::string_view text, int presentYear) {
     const std::string trimmed = Trim(text);
-    const auto parts = Split(trimmed, trimmed.find('-') == std::string::npos ? '/' : '-');
-    if (parts.size() == 2) {
+    const Parts parts{trimmed, trimmed.find('-') == std::string::npos ? '/' : '-'};
+    if (parts.count == 2) {
         return DateOf(presentYear, parts[0], parts[1]);
     }
-    if (parts.size() != 3) {
+    if (parts.count != 3) {
         return std::nullopt;
     }
     if (parts[0].size() > 2) {
@@ -161,19 +172,21 @@ std::optional<DateTime> ParseDate(std::string_view text, int presentYear) {
 }
 
 std::optional<DateTime> ParseTime(std::string_view text) {
-    std::string trimmed = UpperCase(Trim(text));
-    const bool isMorning = trimmed.ends_with("AM");
-    const bool isAfternoon = trimmed.ends_with("PM");
+    std::string trimmed = Trim(text);
+    const std::string half =
+        UpperCase(std::string_view{trimmed}.substr(trimmed.size() - std::min<std::size_t>(trimmed.size(), 2)));
+    const bool isMorning = half == "AM";
+    const bool isAfternoon = half == "PM";
     if (isMorning || isAfternoon) {
         trimmed = TrimEnd(trimmed.substr(0, trimmed.size() - 2));
     }
-    const auto parts = Split(trimmed, ':');
-    if (parts.size() != 2 && parts.size() != 3) {
+    const Parts parts{trimmed, ':'};
+    if (parts.count != 2 && parts.count != 3) {
         return std::nullopt;
     }
     const auto hour = Digits(parts[0], 1, 2);
     const auto minute = Digits(parts[1], 2, 2);
-    const auto second = parts.size() == 3 ? Digits(parts[2], 2, 2) : 0;
+    const auto second = parts.count == 3 ? Digits(parts[2], 2, 2) : 0;
     if (!hour || !minute || !second) {
         return std::nullopt;
     }

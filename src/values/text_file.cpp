@@ -13,13 +13,20 @@ namespace {
 
 constexpr std::string_view kLineEnds = "\r\n";
 constexpr std::string_view kBlanksAndLineEnds = " \r\n";
-constexpr std::string_view kFieldEnds = ",\r\n";
 
 constexpr std::string_view kTrue = "#TRUE#";
 constexpr std::string_view kFalse = "#FALSE#";
 
+bool IsLineEnd(char character) {
+    return character == '\r' || character == '\n';
+}
+
+bool EndsField(char character) {
+    return character == ',' || IsLineEnd(character);
+}
+
 bool IsNeverInItem(char character) {
-    return character == '"' || character == '\r' || character == '\n' || character == '\0';
+    return character == '"' || IsLineEnd(character) || character == '\0';
 }
 
 float ToFloat(double value) {
@@ -56,17 +63,19 @@ std::string_view FieldReader::TakeView() {
 /// Leaves the rest at the comma or line end behind the field.
 std::string_view FieldReader::TakeQuoted() {
     // A field is some characters long: a plain look at each is faster than any search.
-    std::size_t close = 1;
-    while (close < rest_.size() && rest_[close] != '"' && rest_[close] != '\r' && rest_[close] != '\n') {
-        ++close;
+    const char* const end = rest_.data() + rest_.size();
+    const char* at = rest_.data() + 1;
+    while (at != end && *at != '"' && !IsLineEnd(*at)) {
+        ++at;
     }
+    const auto close = static_cast<std::size_t>(at - rest_.data());
     if (close >= rest_.size() || rest_[close] != '"') {
         RefuseLine("a quote is not closed");
     }
     const std::string_view field = rest_.substr(1, close - 1);
     rest_.remove_prefix(close + 1);
     SkipBlanks();
-    if (!rest_.empty() && kFieldEnds.find(rest_.front()) == std::string_view::npos) {
+    if (!rest_.empty() && !EndsField(rest_.front())) {
         RefuseLine("text stands behind a closing quote");
     }
     return field;
@@ -74,7 +83,8 @@ std::string_view FieldReader::TakeQuoted() {
 
 /// Leaves the rest at the comma or line end behind the field.
 std::string_view FieldReader::TakeBare() {
-    const std::string_view field = rest_.substr(0, rest_.find_first_of(kFieldEnds));
+    const auto end = std::ranges::find_if(rest_, EndsField);
+    const std::string_view field = rest_.substr(0, static_cast<std::size_t>(end - rest_.begin()));
     if (field.find('"') != std::string_view::npos) {
         RefuseLine("a quote stands in a bare field");
     }

@@ -45,13 +45,20 @@ std::unique_ptr<DescriptorWatch> QtPump::Watch(int descriptor, std::function<voi
 }
 
 void QtPump::Collect() {
-    Show();
+    if (!wokeAt_ || clock_.TickMs() - *wokeAt_ >= kFrame) {
+        Show();
+    }
     QCoreApplication::processEvents(QEventLoop::AllEvents, kCollectMs);
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
 }
 
 void QtPump::WaitUntil(std::optional<Tick> tick) {
     Show();
+    Wait(tick);
+    wokeAt_ = clock_.TickMs();
+}
+
+void QtPump::Wait(std::optional<Tick> tick) {
     if (std::exchange(arrived_, false)) {
         return;
     }

@@ -2,6 +2,7 @@
 
 #include <QTimer>
 #include <functional>
+#include <optional>
 
 #include "platform/clock.h"
 #include "platform/event_pump.h"
@@ -11,8 +12,9 @@ namespace tallyhut {
 /// The desktop's events, let in where the program asks for them. The event loop is the program's own: no loop of the
 /// toolkit below ever runs, so that no handler runs inside one of its callbacks.
 ///
-/// What the program changes by itself or for the operator is shown at once. What comes over a wire may come thousands
-/// of times a second, and is shown once a frame.
+/// What the program changes by itself or for the operator is shown at once; what a handler changes in steps, with
+/// events between them, in one step as long as it takes no longer than a frame. What comes over a wire may come
+/// thousands of times a second, and is shown once a frame.
 class QtPump : public EventPump {
 public:
     explicit QtPump(const Clock& clock);
@@ -31,6 +33,7 @@ public:
 
 private:
     void Show();
+    void Wait(std::optional<Tick> tick);
 
     const Clock& clock_;
     QTimer alarm_;
@@ -38,6 +41,7 @@ private:
     bool isUrgent_ = false;    ///< the operator waits for what is to be shown
     bool cameByWire_ = false;  ///< what is to be shown, or some of it
     Tick shownAt_ = 0;
+    std::optional<Tick> wokeAt_;  ///< when the last wait ended
 };
 
 }  // namespace tallyhut

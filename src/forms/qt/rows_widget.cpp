@@ -15,17 +15,53 @@
 namespace tallyhut {
 namespace {
 
-class RowHeight : public QStyledItemDelegate {
+constexpr QChar kFirstPlain{0x20};
+constexpr QChar kLastPlain{0x7E};
+
+/// In pixels.
+int WidestPlainCharacter(const QFontMetrics& metrics) {
+    int widest = 0;
+    for (QChar character = kFirstPlain; character <= kLastPlain; character = QChar{character.unicode() + 1}) {
+        widest = std::max(widest, metrics.horizontalAdvance(character));
+    }
+    return widest;
+}
+
+bool IsPlain(const QString& text) {
+    return std::ranges::all_of(text, [](QChar each) { return each >= kFirstPlain && each <= kLastPlain; });
+}
+
+/// Of one size for all rows. A contact moves every row of the log on: text that surely fits its cell is drawn without
+/// the measuring and shortening that the style does for each, to the same pixels.
+class RowDelegate : public QStyledItemDelegate {
 public:
-    RowHeight(const int& pixels, QObject* parent) : QStyledItemDelegate{parent}, pixels_{pixels} {}
+    RowDelegate(const RowMeasures& measures, QObject* parent) : QStyledItemDelegate{parent}, measures_{measures} {}
 
     QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const override {
         const QSize text = QStyledItemDelegate::sizeHint(option, index);
-        return {text.width(), pixels_ > 0 ? pixels_ : text.height()};
+        return {text.width(), measures_.height > 0 ? measures_.height : text.height()};
+    }
+
+    void paint(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const override {
+        constexpr QStyle::State kMarked =
+            QStyle::State_Selected | QStyle::State_MouseOver | QStyle::State_HasFocus | QStyle::State_Editing;
+        const QString text = index.data().toString();
+        const int margin =
+            option.widget->style()->pixelMetric(QStyle::PM_FocusFrameHMargin, &option, option.widget) + 1;
+        const QRect room = option.rect.adjusted(margin, 0, -margin, 0);
+        const bool fits = text.size() * measures_.widestPlain <= room.width();
+        if (!fits || !IsPlain(text) || (option.state & kMarked) != 0 || !option.state.testFlag(QStyle::State_Enabled)) {
+            QStyledItemDelegate::paint(painter, option, index);
+            return;
+        }
+        const bool active = option.state.testFlag(QStyle::State_Active);
+        painter->setFont(option.font);
+        painter->setPen(option.palette.color(active ? QPalette::Normal : QPalette::Inactive, QPalette::Text));
+        painter->drawText(room, Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine, text);
     }
 
 private:
-    const int& pixels_;
+    const RowMeasures& measures_;
 };
 
 /// Of a list whose rows are not spread over it, in units of its text.
@@ -91,7 +127,7 @@ void RowsModel::Refresh() {
 RowsWidget::RowsWidget(Control& control, const OperatorInput& input, QWidget* parent)
     : WidgetOf{control, input, parent}, model_{control} {
     setModel(&model_);
-    setItemDelegate(new RowHeight{rowHeight_, this});
+    setItemDelegate(new RowDelegate{measures_, this});
     setRootIsDecorated(false);
     setItemsExpandable(false);
     setUniformRowHeights(true);
@@ -137,8 +173,8 @@ void RowsWidget::SpreadRows() {
     }
     const double text = TheLook().pixels;
     const int height = std::clamp(viewport()->height() / rowsInView_, qRound(text * 1.45), qRound(text * 2.1));
-    if (rowHeight_ != height) {
-        rowHeight_ = height;
+    if (measures_.height != height) {
+        measures_.height = height;
         scheduleDelayedItemsLayout();
     }
 }
@@ -170,8 +206,9 @@ void RowsWidget::ShowState() {
 
 void RowsWidget::ShowLook() {
     setFont(FontOf(TheLook()));
+    measures_.widestPlain = WidestPlainCharacter(fontMetrics());
     if (rowsInView_ <= 0) {
-        rowHeight_ = qRound(TheLook().pixels * kLooseRow);
+        measures_.height = qRound(TheLook().pixels * kLooseRow);
         scheduleDelayedItemsLayout();
     }
     Look heading = TheLook();

@@ -29,6 +29,12 @@ private:
     int columns_ = 0;
 };
 
+/// Pixels of a list's rows.
+struct RowMeasures {
+    int height = 0;       ///< 0 is what the text needs
+    int widestPlain = 0;  ///< the widest ASCII character
+};
+
 /// A list or a list view.
 class RowsWidget : public WidgetOf<QTreeView> {
 public:
@@ -56,7 +62,7 @@ private:
 
     RowsModel model_;
     int rowsInView_ = 0;
-    int rowHeight_ = 0;  ///< pixels; 0 is what the text needs
+    RowMeasures measures_;
 };
 
 }  // namespace tallyhut

@@ -36,20 +36,20 @@ std::size_t CharacterLength(std::string_view bytes, std::size_t begin) {
 ShownText::ShownText(std::string_view bytes) {
     const bool utf8 = IsUtf8BeyondAscii(bytes);
     starts_.reserve(bytes.size() + 1);
+    text_.reserve(static_cast<qsizetype>(bytes.size()));
     for (std::size_t at = 0; at < bytes.size();) {
         std::size_t length = 1;
-        QString character;
+        const qsizetype before = text_.size();
         if (bytes.substr(at, 2) == "\r\n") {
             length = 2;
-            character = QChar{'\n'};
-        } else if (utf8) {
+            text_ += QChar{'\n'};
+        } else if (utf8 && !IsAscii(bytes[at])) {
             length = CharacterLength(bytes, at);
-            character = QString::fromUtf8(bytes.data() + at, static_cast<qsizetype>(length));
+            text_ += QString::fromUtf8(bytes.data() + at, static_cast<qsizetype>(length));
         } else {
-            character = QChar{static_cast<unsigned char>(bytes[at])};
+            text_ += QChar{static_cast<unsigned char>(bytes[at])};
         }
-        starts_.insert(starts_.end(), static_cast<std::size_t>(character.size()), static_cast<int>(at));
-        text_ += character;
+        starts_.insert(starts_.end(), static_cast<std::size_t>(text_.size() - before), static_cast<int>(at));
         at += length;
     }
     starts_.push_back(static_cast<int>(bytes.size()));
@@ -66,7 +66,8 @@ int ShownText::Byte(int shown) const {
 }
 
 QString ToQt(std::string_view bytes) {
-    return ShownText{bytes}.Text();
+    const auto isPlain = [](char byte) { return IsAscii(byte) && byte != '\r'; };
+    return std::ranges::all_of(bytes, isPlain) ? Latin1ToQt(bytes) : ShownText{bytes}.Text();
 }
 
 QString Latin1ToQt(std::string_view bytes) {

@@ -2,30 +2,21 @@
 
 #include <QRgba64>
 #include <algorithm>
+#include <array>
 #include <cmath>
 #include <limits>
-#include <vector>
+#include <utility>
+
+#include "forms/qt/last_answers.h"
 
 namespace tallyhut {
 namespace {
 
 constexpr QColor kDarkSheet{0x1C, 0x22, 0x28};
 
-double LinearLight(double channel) {
-    return channel <= 0.03928 ? channel / 12.92 : std::pow((channel + 0.055) / 1.055, 2.4);
-}
-
-/// Of a channel's 16 bits, from a table: each painting makes a theme, which asks some thousand times.
 double LightOf(quint16 channel) {
-    static const auto lights = [] {
-        constexpr std::size_t kMost = std::numeric_limits<quint16>::max();
-        std::vector<double> table(kMost + 1);
-        for (std::size_t at = 0; at <= kMost; ++at) {
-            table[at] = LinearLight(static_cast<double>(at) / kMost);
-        }
-        return table;
-    }();
-    return lights.at(channel);
+    const double share = channel / static_cast<double>(std::numeric_limits<quint16>::max());
+    return share <= 0.03928 ? share / 12.92 : std::pow((share + 0.055) / 1.055, 2.4);
 }
 
 double Luminance(const QColor& colour) {
@@ -55,7 +46,7 @@ QColor MadeReadable(const QColor& colour, const QColor& ground, double contrast 
 }
 
 /// The colour, lighter or darker until it stands out from the ground.
-QColor OfItsHue(const QColor& colour, const QColor& ground, double contrast) {
+QColor FoundOfItsHue(const QColor& colour, const QColor& ground, double contrast) {
     const QColor hsl = colour.toHsl();
     const float end = Contrast(Qt::black, ground) >= Contrast(Qt::white, ground) ? 0.0F : 1.0F;
     return FirstStandingOut(
@@ -67,14 +58,35 @@ QColor OfItsHue(const QColor& colour, const QColor& ground, double contrast) {
         ground, contrast);
 }
 
-}  // namespace
+struct HueQuestion {
+    QColor colour;
+    QColor ground;
+    double contrast;
 
-Theme ThemeOf(const QPalette& palette) {
-    const QColor window = palette.color(QPalette::Active, QPalette::Window);
-    const QColor base = palette.color(QPalette::Active, QPalette::Base);
-    const QColor text = palette.color(QPalette::Active, QPalette::Text);
+    bool operator==(const HueQuestion&) const = default;
+};
+
+/// The same; the colours of sections and spots are asked for with every painting.
+QColor OfItsHue(const QColor& colour, const QColor& ground, double contrast) {
+    constexpr std::size_t kColoursInUse = 32;
+    static LastAnswers<HueQuestion, QColor, kColoursInUse> found;
+    return found.Of({colour, ground, contrast}, [&] { return FoundOfItsHue(colour, ground, contrast); });
+}
+
+/// What a theme is made from.
+struct ThemeGrounds {
+    QColor window;
+    QColor windowText;
+    QColor base;
+    QColor text;
+
+    bool operator==(const ThemeGrounds&) const = default;
+};
+
+Theme ThemeFrom(const ThemeGrounds& grounds) {
+    const auto& [window, windowText, base, text] = grounds;
     Theme theme;
-    theme.dark = Luminance(window) < Luminance(palette.color(QPalette::Active, QPalette::WindowText));
+    theme.dark = Luminance(window) < Luminance(windowText);
     // A panel is a little less than the brightest, which is left for the field that keys go to.
     theme.panel = Mixed(base, theme.dark ? Qt::white : Qt::black, theme.dark ? 0.94 : 0.975);
     theme.ground = theme.dark ? Mixed(base, Qt::black, 0.75) : Mixed(window, QColor{0xDC, 0xE4, 0xEB}, 0.35);
@@ -94,6 +106,19 @@ Theme ThemeOf(const QPalette& palette) {
     theme.button = Mixed(theme.text, theme.panel, theme.dark ? 0.14 : 0.08);
     theme.buttonText = theme.text;
     return theme;
+}
+
+}  // namespace
+
+Theme ThemeOf(const QPalette& palette) {
+    constexpr std::size_t kGroundsOfFields = 16;  // each painting asks, and few fields have a ground of their own
+    static LastAnswers<ThemeGrounds, Theme, kGroundsOfFields> made;
+    const auto colourOf = [&palette](QPalette::ColorRole role) { return palette.color(QPalette::Active, role); };
+    const ThemeGrounds grounds{.window = colourOf(QPalette::Window),
+                               .windowText = colourOf(QPalette::WindowText),
+                               .base = colourOf(QPalette::Base),
+                               .text = colourOf(QPalette::Text)};
+    return made.Of(grounds, [&grounds] { return ThemeFrom(grounds); });
 }
 
 QColor ToQColor(Colour colour, const Theme& theme) {

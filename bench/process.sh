@@ -51,12 +51,11 @@ answer "Open existing log" alt+y
 answer "Q7ZZQ" alt+l
 sleep 5
 
-ticks() { awk '{ print $14 + $15 }' "/proc/$logger/stat"; }
-before=$(ticks)
+# Nanoseconds: the process's own count is in hundredths of a second.
+spent() { cat /proc/"$logger"/task/*/schedstat | awk '{ sum += $1 } END { printf "%.0f", sum }'; }
+before=$(spent)
 sleep 20
-after=$(ticks)
-awk -v spent=$((after - before)) -v hertz="$(getconf CLK_TCK)" \
-    'BEGIN { printf "idle: %.2f %% of a core\n", spent / hertz / 20 * 100 }'
+awk -v spent=$(($(spent) - before)) 'BEGIN { printf "idle: %.3f %% of a core\n", spent / 1e9 / 20 * 100 }'
 awk '/VmRSS/ { printf "resident: %d MB\n", $2 / 1024 }' "/proc/$logger/status"
 
 pixels=$(dirname "$program")/../bench/tallyhut_pixels

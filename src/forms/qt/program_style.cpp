@@ -2,10 +2,12 @@
 
 #include <QAbstractItemView>
 #include <QLineEdit>
+#include <QPaintEngine>
 #include <QPainter>
 #include <QStyleFactory>
 #include <QStyleOption>
 #include <algorithm>
+#include <cmath>
 
 #include "forms/qt/theme.h"
 
@@ -59,6 +61,12 @@ void DrawButton(const QStyleOption& option, QPainter& painter, const QWidget* wi
         return;
     }
     DrawBox(painter, option.rect, fill, focused ? theme.accent : accented ? fill : theme.edge, {edge, corner});
+}
+
+bool PaintsOnlyWithin(const QPainter& painter, const QRect& rect) {
+    const QPaintEngine* const engine = painter.paintEngine();
+    const QRegion clip = engine == nullptr ? QRegion{} : engine->systemClip();
+    return !clip.isEmpty() && painter.deviceTransform().mapRect(rect).contains(clip.boundingRect());
 }
 
 /// A ring that can be seen in a dark window, too, and a dot in it.
@@ -135,6 +143,11 @@ void DrawPanel(QPainter& painter, const QWidget& widget, const QString& title, c
 }
 
 void DrawBox(QPainter& painter, const QRect& rect, const QColor& fill, const QColor& edge, const BoxShape& shape) {
+    const int border = static_cast<int>(std::ceil(std::max(shape.edge, shape.corner)));
+    if (PaintsOnlyWithin(painter, rect.adjusted(border, border, -border, -border))) {  // as each time the caret blinks
+        painter.fillRect(rect, fill);
+        return;
+    }
     painter.save();
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setPen(shape.edge > 0 ? QPen{edge, shape.edge} : QPen{Qt::NoPen});

@@ -16,6 +16,9 @@ struct EventPump {
 
     /// Takes in what has arrived by now, and shows what has changed. Does not wait.
     virtual void Collect() = 0;
+    /// The same in the middle of a handler's steps: what has changed may be shown with the next of them, until the
+    /// handler has taken as long as the eye notices.
+    virtual void CollectBetweenSteps() { Collect(); }
     /// Waits until something arrives or the tick comes; without a tick, until something arrives.
     virtual void WaitUntil(std::optional<Tick> tick) = 0;
     /// In place of a wait, where the program has more to do by itself: gives what the operator does its turn, for a

@@ -260,7 +260,7 @@ void Desk::RunTimersAndIo() {
     if (frozen_) {
         return;
     }
-    pump.Collect();
+    pump.CollectBetweenSteps();
     const Tick now = clock.TickMs();
     const std::uint64_t round = ++rounds_;
     while (RunSource(round) || RunDueAlarm(now)) {

@@ -45,9 +45,18 @@ std::unique_ptr<DescriptorWatch> QtPump::Watch(int descriptor, std::function<voi
 }
 
 void QtPump::Collect() {
-    if (!wokeAt_ || clock_.TickMs() - *wokeAt_ >= kFrame) {
+    Show();
+    Take();
+}
+
+void QtPump::CollectBetweenSteps() {
+    if (clock_.TickMs() - std::max(wokeAt_, shownAt_) >= kFrame) {
         Show();
     }
+    Take();
+}
+
+void QtPump::Take() {
     QCoreApplication::processEvents(QEventLoop::AllEvents, kCollectMs);
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
 }

@@ -2,7 +2,6 @@
 
 #include <QTimer>
 #include <functional>
-#include <optional>
 
 #include "platform/clock.h"
 #include "platform/event_pump.h"
@@ -20,6 +19,7 @@ public:
     explicit QtPump(const Clock& clock);
 
     void Collect() override;
+    void CollectBetweenSteps() override;
     void WaitUntil(std::optional<Tick> tick) override;
     std::unique_ptr<DescriptorWatch> Watch(int descriptor, std::function<void()> arrived) override;
 
@@ -32,6 +32,7 @@ public:
     std::function<void()> onShow;
 
 private:
+    void Take();
     void Show();
     void Wait(std::optional<Tick> tick);
 
@@ -41,7 +42,7 @@ private:
     bool isUrgent_ = false;    ///< the operator waits for what is to be shown
     bool cameByWire_ = false;  ///< what is to be shown, or some of it
     Tick shownAt_ = 0;
-    std::optional<Tick> wokeAt_;  ///< when the last wait ended
+    Tick wokeAt_ = 0;  ///< when the last wait ended
 };
 
 }  // namespace tallyhut

@@ -4,6 +4,8 @@
 #include <QMouseEvent>
 #include <QPainter>
 #include <QStyledItemDelegate>
+#include <QTextLayout>
+#include <QtMath>
 #include <algorithm>
 #include <numeric>
 
@@ -25,6 +27,16 @@ int WidestPlainCharacter(const QFontMetrics& metrics) {
         widest = std::max(widest, metrics.horizontalAdvance(character));
     }
     return widest;
+}
+
+/// As the style lays out a line of text, which is finer than whole pixels.
+void MeasureLine(const QFont& font, RowMeasures& measures) {
+    QTextLayout layout{"X", font};
+    layout.beginLayout();
+    const QTextLine line = layout.createLine();
+    layout.endLayout();
+    measures.lineHeight = qCeil(line.height());
+    measures.ascent = line.ascent();
 }
 
 bool IsPlain(const QString& text) {
@@ -57,7 +69,8 @@ public:
         const bool active = option.state.testFlag(QStyle::State_Active);
         painter->setFont(option.font);
         painter->setPen(option.palette.color(active ? QPalette::Normal : QPalette::Inactive, QPalette::Text));
-        painter->drawText(room, Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine, text);
+        const int top = room.top() + room.height() / 2 - measures_.lineHeight / 2;
+        painter->drawText(QPointF{static_cast<qreal>(room.left()), top + measures_.ascent}, text);
     }
 
 private:
@@ -207,6 +220,7 @@ void RowsWidget::ShowState() {
 void RowsWidget::ShowLook() {
     setFont(FontOf(TheLook()));
     measures_.widestPlain = WidestPlainCharacter(fontMetrics());
+    MeasureLine(font(), measures_);
     if (rowsInView_ <= 0) {
         measures_.height = qRound(TheLook().pixels * kLooseRow);
         scheduleDelayedItemsLayout();

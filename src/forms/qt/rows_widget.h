@@ -33,6 +33,8 @@ private:
 struct RowMeasures {
     int height = 0;       ///< 0 is what the text needs
     int widestPlain = 0;  ///< the widest ASCII character
+    int lineHeight = 0;
+    double ascent = 0;  ///< from the top of a line to its letters' feet
 };
 
 /// A list or a list view.

@@ -188,6 +188,28 @@ TEST_F(QtPumpFrames, WhatTheProgramDoesByItselfIsShownAtOnce) {
     EXPECT_EQ(shown, 2);
 }
 
+TEST_F(QtPumpFrames, WhatAHandlerChangesInStepsIsShownWithTheLastOfThem) {
+    pump.WaitUntil(clock.TickMs());
+    const int before = shown;
+    pump.CollectBetweenSteps();
+    pump.CollectBetweenSteps();
+    EXPECT_EQ(shown, before);
+    pump.WaitUntil(clock.TickMs());
+    EXPECT_EQ(shown, before + 1);
+}
+
+TEST_F(QtPumpFrames, StepsThatTakeLongAreShownOnceAFrame) {
+    pump.WaitUntil(clock.TickMs());
+    const int before = shown;
+    clock.Advance(QtPump::kFrame);
+    pump.CollectBetweenSteps();
+    pump.CollectBetweenSteps();
+    EXPECT_EQ(shown, before + 1);
+    clock.Advance(QtPump::kFrame);
+    pump.CollectBetweenSteps();
+    EXPECT_EQ(shown, before + 2);
+}
+
 TEST_F(QtPumpFrames, WhatComesOverAWireIsShownOnceAFrame) {
     Arrive();
     const int before = shown;

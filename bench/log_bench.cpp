@@ -34,6 +34,26 @@ BENCHMARK_CAPTURE(KeyInACallField, likeNone, "PJ2ZZ")->Arg(100)->Arg(kFull);
 BENCHMARK_CAPTURE(KeyInACallField, logged, LoggedCall(37))->Arg(100)->Arg(kFull);
 BENCHMARK_CAPTURE(KeyInACallField, loggedLong, LoggedCall(88))->Arg(100)->Arg(kFull);
 
+/// The calls that begin so stand all at the end of the log.
+void KeyInACallFieldOfASortedLog(benchmark::State& state) {
+    LoadedProgram loaded{0};
+    for (int n = 1; n <= kFull; ++n) {
+        Contact contact;
+        contact.Call = (n > kFull - 600 ? "K1" : "W1") + CallOf(n).substr(2);
+        loaded.program.log.Add(contact);
+    }
+    TextBox& field = loaded.program.form1.txtCall;
+    field.SetFocus();
+    loaded.program.desk.RunPending();
+    for (auto _ : state) {
+        loaded.Type("K");
+        state.PauseTiming();
+        field.SetText("");
+        state.ResumeTiming();
+    }
+}
+BENCHMARK(KeyInACallFieldOfASortedLog);
+
 void KeyInTheNumberField(benchmark::State& state) {
     LoadedProgram loaded{kFull};
     for (auto _ : state) {
@@ -127,24 +147,6 @@ void RewriteAndReloadOfAFullLog(benchmark::State& state) {
     }
 }
 BENCHMARK(RewriteAndReloadOfAFullLog)->Unit(benchmark::kMillisecond);
-
-/// With the rows that a window shows of it.
-void ListOfAllContacts(benchmark::State& state) {
-    constexpr std::size_t kShown = 20;
-    constexpr std::size_t kColumns = 10;
-    LoadedProgram loaded{kFull};
-    loaded.program.list.gListAll = 1;
-    const ListView& rows = loaded.program.form1.ListView1;
-    for (auto _ : state) {
-        loaded.program.list.ListContacts();
-        for (std::size_t row = 0; row < kShown; ++row) {
-            for (std::size_t column = 0; column < kColumns; ++column) {
-                benchmark::DoNotOptimize(rows.Cell(row, column));
-            }
-        }
-    }
-}
-BENCHMARK(ListOfAllContacts);
 
 }  // namespace
 }  // namespace tallyhut

@@ -1,5 +1,5 @@
 #!/bin/sh
-# What the running program takes with 10,900 contacts: from its start to its first window, memory, the processor's
+# What the running program takes with 10,900 contacts, which leaves room for those of the keys: from its start to its first window, memory, the processor's
 # time while only the clocks run, and from a key to its pixels.
 #
 #     bench/process.sh [PROGRAM]

@@ -132,6 +132,24 @@ void KeyToPixels(benchmark::State& state) {
 }
 BENCHMARK(KeyToPixels)->ArgName("all")->Arg(0)->Arg(1)->Iterations(60)->Unit(benchmark::kMillisecond);
 
+/// The whole log shown anew, with the rows that there is room for.
+void ListOfAllContacts(benchmark::State& state) {
+    WindowProgram window;
+    window.program.list.gListAll = 1;
+    window.program.list.ListContacts();
+    window.Settle();
+    Times times;
+    for (auto _ : state) {
+        times.Take([&window] {
+            window.program.list.ListContacts();
+            window.program.desk.RunPending();
+            window.pump.Collect();
+        });
+    }
+    times.Tell(state);
+}
+BENCHMARK(ListOfAllContacts)->Iterations(300)->Unit(benchmark::kMillisecond);
+
 /// From the function key to the key line that goes down for the first mark of its message.
 void FunctionKeyToKeyDown(benchmark::State& state) {
     WindowProgram window;

@@ -12,7 +12,8 @@ using Rows = CallOrder::Rows;
 constexpr std::size_t kHead = 8;
 constexpr unsigned kBitsOfCharacter = 8;
 
-/// A shorter text counts as if NUL characters stood behind it, which no call holds.
+/// A shorter text counts as if NUL characters stood behind it, which neither a text box nor the reader of a file lets
+/// into a call.
 std::uint64_t HeadOf(std::string_view text) {
     std::uint64_t head = 0;
     for (std::size_t i = 0; i < kHead; ++i) {

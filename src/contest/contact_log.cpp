@@ -28,8 +28,9 @@ double ContactLog::NextSerial() const {
 }
 
 std::optional<ContactMoment> ContactLog::MomentOf(std::int32_t n, int presentYear) const {
-    const ContactMoment moment = moments_[PlaceOf(n)];
-    return moment == kNoMoment ? MomentReader{presentYear}.MomentOf(Row(n)) : moment;
+    const Contact& contact = Row(n);
+    const ContactMoment moment = n <= Rows() ? moments_[PlaceOf(n)] : kNoMoment;
+    return moment == kNoMoment ? MomentReader{presentYear}.MomentOf(contact) : moment;
 }
 
 std::span<const CallOrder::Place> ContactLog::CallsBeginning(std::string_view begin) const {
@@ -51,37 +52,43 @@ void ContactLog::Clear() {
 
 void ContactLog::Add(const Contact& contact) {
     if (Rows() >= kMostContacts) {
-        Refuse();
+        refused_ = true;
+        RefuseRow();
     }
     rows_.push_back(contact);
-    TakeIn(rows_.size() - 1);
+    TakeIn();
 }
 
-void ContactLog::AddAll(const std::function<bool(Contact&)>& next) {
-    const std::size_t before = rows_.size();
-    try {
-        while (next(rows_.emplace_back())) {
-            if (Rows() > kMostContacts) {
-                Refuse();
-            }
+void ContactLog::AddAll(const std::function<bool()>& hasMore, const std::function<void(Contact&)>& take) {
+    struct Taken {
+        ContactLog& log;
+        std::size_t whole;  ///< rows that have been taken to their end
+
+        ~Taken() {  // whatever the source throws
+            log.rows_.resize(whole);
+            log.TakeIn();
         }
-    } catch (...) {
-        rows_.pop_back();
-        TakeIn(before);
-        throw;
+    };
+    Taken taken{*this, rows_.size()};
+    while (hasMore()) {
+        refused_ = true;  // until it stands in its row
+        if (Rows() >= kMostContacts) {
+            RefuseRow();
+        }
+        take(rows_.emplace_back());
+        taken.whole = rows_.size();
+        refused_ = false;
     }
-    rows_.pop_back();
-    TakeIn(before);
 }
 
 void ContactLog::Change(std::int32_t n, const std::function<void(Contact&)>& step) {
-    Contact& row = rows_[PlaceOf(n)];
-    Contact changed = row;
+    const std::size_t place = PlaceOf(n);
+    Contact changed = rows_[place];
     step(changed);
     Forget(n);
-    row = std::move(changed);
-    moments_[PlaceOf(n)] = MomentReader{std::nullopt}.MomentOf(row).value_or(kNoMoment);
-    counts_.Add(row);
+    rows_[place] = std::move(changed);
+    moments_[place] = MomentReader{std::nullopt}.MomentOf(rows_[place]).value_or(kNoMoment);
+    counts_.Add(rows_[place]);
     order_.Add(rows_, n);
     ++changes_;
 }
@@ -102,12 +109,8 @@ std::size_t ContactLog::PlaceOf(std::int32_t n) const {
     return static_cast<std::size_t>(n - 1);
 }
 
-void ContactLog::Refuse() {
-    refused_ = true;
-    RefuseRow();
-}
-
-void ContactLog::TakeIn(std::size_t first) {
+void ContactLog::TakeIn() {
+    const std::size_t first = moments_.size();
     MomentReader reader{std::nullopt};
     for (std::size_t place = first; place < rows_.size(); ++place) {
         moments_.push_back(reader.MomentOf(rows_[place]).value_or(kNoMoment));

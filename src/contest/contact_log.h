@@ -43,9 +43,10 @@ struct ContactLog {
     double NextSerial() const;
 
     /// When the contact of a row was; a date that bears no year is one of the present year. Nothing where its date or
-    /// time is none. Throws LogFullError for a row without a contact.
+    /// time is none. Rows are those of Row.
     std::optional<ContactMoment> MomentOf(std::int32_t n, int presentYear) const;
     const ContactCounts& Counts() const { return counts_; }
+    // What these two and Contacts give holds until the next change.
     /// The places of the contacts whose calls begin so, in the order of the calls.
     std::span<const CallOrder::Place> CallsBeginning(std::string_view begin) const;
     /// The places of the contacts with this call, to the letter, the oldest first.
@@ -55,19 +56,21 @@ struct ContactLog {
     void Clear();
     /// The contact becomes the last one. Throws LogFullError; it counts all the same then.
     void Add(const Contact& contact);
-    /// Takes contacts as long as the source has one more; what it throws leaves those before it. Throws LogFullError
-    /// likewise.
+    /// Takes all contacts that a source has. What it throws leaves those before it; the one that it was at is refused
+    /// then, and so is one beyond the tables, which throws LogFullError: it counts all the same. The source asks
+    /// nothing of the log.
     ///
-    /// @param next  puts the next contact into what it is given; false when there is none
-    void AddAll(const std::function<bool(Contact&)>& next);
+    /// @param hasMore  whether it has another contact
+    /// @param take     puts it into what it is given
+    void AddAll(const std::function<bool()>& hasMore, const std::function<void(Contact&)>& take);
     /// Changes the contact of a row; nothing has changed when the step throws. Throws LogFullError for a row without
     /// one.
     void Change(std::int32_t n, const std::function<void(Contact&)>& step);
     /// Takes a contact out; those behind it move up. Throws LogFullError for a row without one.
     void Remove(std::int32_t n);
 
-    /// How often contacts have changed: each contact added, changed or taken out counts once. What it was, the contacts
-    /// are.
+    /// How often contacts have changed: each contact added, changed or taken out counts once, a refused one never.
+    /// While it is what it was, so are the contacts.
     std::uint64_t Changes() const { return changes_; }
 
 private:
@@ -82,9 +85,8 @@ private:
 
     std::int32_t Rows() const { return static_cast<std::int32_t>(rows_.size()); }
     std::size_t PlaceOf(std::int32_t n) const;
-    [[noreturn]] void Refuse();
-    /// Of the rows from a place on: all that is kept beside them.
-    void TakeIn(std::size_t first);
+    /// Of the rows that are new: all that is kept beside them.
+    void TakeIn();
     /// Of a row that is about to change or go.
     void Forget(std::int32_t n);
 
@@ -92,7 +94,7 @@ private:
     bool refused_ = false;
     std::vector<Contact> rows_ = WithRoom<Contact>();
     std::vector<ContactMoment> moments_ =
-        WithRoom<ContactMoment>();  ///< of each row; kNoMoment where it takes the present year, or is none
+        WithRoom<ContactMoment>();  ///< of each row; kNoMoment where its date bears no year, or it has none
     ContactCounts counts_;
     CallOrder order_;
 };

@@ -7,13 +7,10 @@
 namespace tallyhut {
 namespace {
 
-constexpr std::size_t kYearDigits = 4;
-
-/// "2026/11/07": the one form of a date that begins with four digits.
+/// A date of two parts bears none.
 bool BearsYear(const std::string& date) {
-    return date.size() > kYearDigits && std::all_of(date.begin(), date.begin() + kYearDigits, [](char character) {
-               return character >= '0' && character <= '9';
-           });
+    constexpr std::ptrdiff_t kBetweenThree = 2;
+    return std::ranges::count(date, date.find('-') == std::string::npos ? '/' : '-') >= kBetweenThree;
 }
 
 ContactMoment SecondsOfDay(const DateTime& time) {

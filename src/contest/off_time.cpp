@@ -1,13 +1,12 @@
 #include "contest/off_time.h"
 
 #include <algorithm>
+#include <chrono>
 
 #include "values/format.h"
 
 namespace tallyhut {
 namespace {
-
-constexpr std::int64_t kSecondsAMinute = 60;
 
 /// What the minutes from one contact to the next add, the next one's own included.
 std::int64_t Operated(ContestMinute from, ContestMinute to) {
@@ -26,7 +25,7 @@ ContestMinute MinuteOf(const DateTime& utc) {
 }
 
 ContestMinute MinuteOf(ContactMoment moment) {
-    return moment / kSecondsAMinute;
+    return std::chrono::floor<std::chrono::minutes>(std::chrono::seconds{moment}).count();
 }
 
 std::vector<ContestMinute> MinutesOf(const ContactLog& log, int presentYear) {

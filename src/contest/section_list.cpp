@@ -215,7 +215,7 @@ private:
 
 void SectionList::Add(ListedSection section) {
     section.word = ' ' + section.code + ' ';
-    places.try_emplace(NumberOfCode(section.code), Count() + 1);
+    places_.try_emplace(NumberOfCode(section.code), Count() + 1);
     sections.push_back(std::move(section));
 }
 
@@ -223,8 +223,8 @@ int SectionList::Find(std::string_view code) const {
     if (!IsWord(code, kLongestCode)) {
         return 0;
     }
-    const auto found = places.find(NumberOfCode(code));
-    return found == places.end() ? 0 : found->second;
+    const auto found = places_.find(NumberOfCode(code));
+    return found == places_.end() ? 0 : found->second;
 }
 
 std::string_view SectionList::CodeOf(std::string_view typed) const {

@@ -42,8 +42,7 @@ struct ListedSection {
 struct SectionList {
     static constexpr std::size_t kMostSections = 100;
 
-    std::vector<ListedSection> sections;
-    std::unordered_map<std::uint32_t, int> places;  ///< of the same, by their codes as numbers; the first of equal ones
+    std::vector<ListedSection> sections;  ///< grows by Add alone
 
     void Add(ListedSection section);
     std::int32_t Count() const { return static_cast<std::int32_t>(sections.size()); }
@@ -56,6 +55,9 @@ struct SectionList {
     int OfCall(std::string_view call) const;
 
     bool operator==(const SectionList&) const = default;
+
+private:
+    std::unordered_map<std::uint32_t, int> places_;  ///< by the codes as numbers; the first of equal ones
 };
 
 /// Reads the file of a list: a record a section of ten fields, as the struct has them and notes behind them; blanks

@@ -47,18 +47,19 @@ std::string ListOf(const ContactLog& log, std::span<const CallOrder::Place> plac
     return list.Text();
 }
 
-/// Where many calls begin so, the oldest of them stand not far from the begin of the log.
-std::string ListFromOldest(const ContactLog& log, std::string_view begin) {
+/// Where many calls begin so, enough of them mostly stand not far from the begin of the log. Nothing where they do not.
+std::optional<std::string> ListFromOldest(const ContactLog& log, std::string_view begin) {
+    constexpr std::size_t kLooks = 1'000;
     PartialList list;
-    for (const Contact& contact : log.Contacts()) {
+    for (const Contact& contact : log.Contacts().first(std::min(log.Contacts().size(), kLooks))) {
         if (contact.Call.starts_with(begin)) {
             list.Add(contact.Call);
             if (list.IsFull()) {
-                break;
+                return list.Text();
             }
         }
     }
-    return list.Text();
+    return std::nullopt;
 }
 
 }  // namespace
@@ -71,7 +72,8 @@ std::optional<std::int32_t> WorkedBefore(const ContactLog& log, std::string_view
 std::string PartialCalls(const ContactLog& log, std::string_view begin) {
     constexpr std::size_t kMany = 512;
     const auto places = log.CallsBeginning(begin);
-    return places.size() <= kMany ? ListOf(log, places) : ListFromOldest(log, begin);
+    const auto near = places.size() > kMany ? ListFromOldest(log, begin) : std::nullopt;
+    return near ? *near : ListOf(log, places);
 }
 
 bool HasCallAreaDigit(std::string_view firstThree) {

@@ -104,9 +104,9 @@ bool Commit::LogContact() {
     display.list.ListContacts();
     panel.message.WriteNormal("");
     // Focus events wait: leaving the call field now would find the contact just logged and call it a duplicate.
-    panel.desk.RunTimersAndIo();
+    panel.desk.RunBetweenSteps();
     TallySection();
-    panel.desk.RunTimersAndIo();
+    panel.desk.RunBetweenSteps();
     display.ShowScore();
     panel.message.Write(" ");
     return true;

@@ -85,14 +85,11 @@ void LogReload::Clear() {
 
 void LogReload::Take(std::string_view text) {
     FieldReader fields{text};
-    contest.log.AddAll([this, &fields](Contact& contact) {
-        if (fields.AtEnd()) {
-            return false;
-        }
-        ReadRecord(fields, contact);
-        CountSection(contact);
-        return true;
-    });
+    contest.log.AddAll([&fields] { return !fields.AtEnd(); },
+                       [this, &fields](Contact& contact) {
+                           ReadRecord(fields, contact);
+                           CountSection(contact);
+                       });
 }
 
 void LogReload::CountSection(const Contact& contact) {

@@ -33,11 +33,12 @@ SortedMinutes::Change SortedMinutes::Follow(const ContactLog& log, int presentYe
     const std::int32_t before = std::exchange(contacts_, log.gContactCount());
     const std::uint64_t changes = log.Changes() - std::exchange(changes_, log.Changes());
     const std::int32_t added = contacts_ - before;
-    if (changes == 0) {
+    const bool sameYear = std::exchange(presentYear_, presentYear) == presentYear;
+    if (changes == 0 && (sameYear || contacts_ == 0)) {
         return Change::None;
     }
     // As many changes as there are more contacts: these have been added, and none has changed.
-    if (before == 0 || !std::cmp_equal(changes, added)) {
+    if (before == 0 || !sameYear || !std::cmp_equal(changes, added)) {
         minutes_ = MinutesOf(log, presentYear);
         return Change::ReadAnew;
     }

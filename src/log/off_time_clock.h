@@ -24,6 +24,7 @@ private:
     std::vector<ContestMinute> minutes_;
     std::int32_t contacts_ = 0;
     std::uint64_t changes_ = 0;
+    int presentYear_ = 0;  ///< of dates that bear none
 };
 
 /// The clock of the 24 hours on the main form: what is left to operate, the present silence, and when that is off. All

@@ -257,10 +257,20 @@ void Desk::RunFocusEvents() {
 }
 
 void Desk::RunTimersAndIo() {
-    if (frozen_) {
-        return;
+    if (!frozen_) {
+        pump.Collect();
+        RunRoundOfTimersAndIo();
     }
-    pump.CollectBetweenSteps();
+}
+
+void Desk::RunBetweenSteps() {
+    if (!frozen_) {
+        pump.CollectBetweenSteps();
+        RunRoundOfTimersAndIo();
+    }
+}
+
+void Desk::RunRoundOfTimersAndIo() {
     const Tick now = clock.TickMs();
     const std::uint64_t round = ++rounds_;
     while (RunSource(round) || RunDueAlarm(now)) {

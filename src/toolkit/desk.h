@@ -101,6 +101,8 @@ struct Desk {
     void RunFocusEvents();
     /// One round without focus events and without what the operator does.
     void RunTimersAndIo();
+    /// The same between two steps of a handler that does not take long: what has changed is shown with the last of them.
+    void RunBetweenSteps();
     /// Runs events until the claim holds: the loop of the program, of a modal form.
     void RunUntil(const std::function<bool()>& done);
     /// The loop of a dialog of the machine: the operator's keys belong to the dialog, timers and devices go on.
@@ -200,6 +202,7 @@ private:
     /// Like RunPending, but ends with the handler that made the claim hold.
     void RunPendingUntil(const std::function<bool()>& done);
     bool RunFocusEvent();
+    void RunRoundOfTimersAndIo();
     bool RunSource(std::uint64_t round);
     bool RunDueAlarm(Tick now);
     bool RunOperatorEvent();

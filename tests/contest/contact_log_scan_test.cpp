@@ -13,6 +13,7 @@
 #include "contest/worked_before.h"
 #include "values/date_time.h"
 #include "values/format.h"
+#include "values/value_error.h"
 
 namespace tallyhut {
 namespace {
@@ -30,8 +31,10 @@ public:
             Edit();
         } else if (kind < 95) {
             Delete();
-        } else if (kind < 98) {
+        } else if (kind < 97) {
             Reload();
+        } else if (kind < 98) {
+            ReloadOfADamagedFile();
         } else {
             Restore();
         }
@@ -59,7 +62,11 @@ private:
         contact.Call = Call();
         contact.Sec = std::vector<std::string>{"MDC", "EMA", "GTA", "XX"}.at(static_cast<std::size_t>(Below(4)));
         contact.Bnd = std::vector<std::string>{"160", "80", "40", "6", ""}.at(static_cast<std::size_t>(Below(5)));
-        contact.Date = Below(50) == 0 ? "11/8" : Below(200) == 0 ? "someday" : FormatDateTime(at, "yyyy/mm/dd");
+        contact.Date = FormatDateTime(at, Below(20) == 0 ? "mm/dd/yyyy" : "yyyy/mm/dd");
+        if (const int odd = Below(200); odd < 4) {
+            contact.Date =
+                std::vector<std::string>{"11/8", "2/29", "someday", "1826/11/07"}.at(static_cast<std::size_t>(odd));
+        }
         contact.Time = Below(200) == 0 ? "" : FormatDateTime(at, "hh:mm:ss");
         return contact;
     }
@@ -81,18 +88,28 @@ private:
         plain.erase(plain.begin() + (row - 1));
         log.Remove(row);
     }
-    void Reload() {
+    void Read(std::size_t contacts, bool thenThrows) {
+        std::size_t n = 0;
         log.Clear();
-        log.AddAll([this, n = std::size_t{0}](Contact& contact) mutable {
-            if (n == plain.size()) {
-                return false;
-            }
-            contact = plain.at(n++);
-            return true;
-        });
+        log.AddAll([&] { return n < contacts || thenThrows; },
+                   [&](Contact& contact) {
+                       contact = n < contacts ? plain.at(n) : AnyContact();
+                       if (n++ == contacts) {
+                           throw ValueError{"damaged"};
+                       }
+                   });
     }
+    void Reload() { Read(plain.size(), false); }
+    /// The program ends behind it; until then those before the damage are there.
+    void ReloadOfADamagedFile() {
+        plain.resize(static_cast<std::size_t>(Below(static_cast<int>(plain.size()) + 1)));
+        EXPECT_THROW(Read(plain.size(), true), ValueError);
+        EXPECT_EQ(log.gContactCount(), static_cast<std::int32_t>(plain.size()) + 1);
+        Reload();
+    }
+    /// Mostly of a small log, at times of one in which more calls begin alike than a list has room for.
     void Restore() {
-        plain.resize(std::min<std::size_t>(plain.size(), static_cast<std::size_t>(Below(400))));
+        plain.resize(static_cast<std::size_t>(Below(Below(100) == 0 ? 5'000 : 400)));
         std::ranges::generate(plain, [this] { return AnyContact(); });
         Reload();
     }
@@ -125,10 +142,10 @@ BandCounts ScannedCounts(const std::vector<Contact>& contacts, const std::functi
     return scanned;
 }
 
-std::vector<ContestMinute> ScannedMinutes(const std::vector<Contact>& contacts) {
+std::vector<ContestMinute> ScannedMinutes(const std::vector<Contact>& contacts, int presentYear) {
     std::vector<ContestMinute> minutes;
     for (const Contact& contact : contacts) {
-        const auto date = ParseDate(contact.Date, kNow.year);
+        const auto date = ParseDate(contact.Date, presentYear);
         const auto time = ParseTime(contact.Time);
         if (date && time) {
             minutes.push_back(MinuteOf(*date) + MinuteOf(*time));
@@ -158,6 +175,7 @@ std::optional<Rates> ScannedRates(const std::vector<Contact>& contacts) {
 TEST(ContactLogScan, AHundredThousandOperationsLeaveWhatAScanFinds) {
     constexpr int kOperations = 100'000;
     RandomLog random;
+    std::size_t most = 0;
     for (int n = 0; n < kOperations; ++n) {
         random.Operate();
         const std::vector<Contact>& plain = random.plain;
@@ -165,15 +183,20 @@ TEST(ContactLogScan, AHundredThousandOperationsLeaveWhatAScanFinds) {
         const std::string call = random.Call();
         ASSERT_EQ(WorkedBefore(random.log, call).value_or(0), ScannedFirst(plain, call)) << n << ' ' << call;
         ASSERT_EQ(PartialCalls(random.log, call), ScannedPartials(plain, call)) << n << ' ' << call;
+        most = std::max(most, random.log.CallsBeginning("W").size());
         if (n % 50 == 0) {
             ASSERT_EQ(RatesAt(kNow, random.log), ScannedRates(plain)) << n;
             ASSERT_EQ(random.log.Counts().OfAll(), ScannedCounts(plain, [](const Contact&) { return true; })) << n;
-            ASSERT_EQ(random.log.Counts().OfSection("MDC"),
-                      ScannedCounts(plain, [](const Contact& contact) { return contact.Sec == "MDC"; }))
-                << n;
-            ASSERT_EQ(MinutesOf(random.log, kNow.year), ScannedMinutes(plain)) << n;
+            for (const char* section : {"MDC", "EMA", "GTA", "XX", "none"}) {
+                ASSERT_EQ(random.log.Counts().OfSection(section),
+                          ScannedCounts(plain, [&](const Contact& contact) { return contact.Sec == section; }))
+                    << n << section;
+            }
+            const int presentYear = kNow.year + random.Below(2);
+            ASSERT_EQ(MinutesOf(random.log, presentYear), ScannedMinutes(plain, presentYear)) << n;
         }
     }
+    EXPECT_GT(most, 512U) << "many calls that begin alike are looked for in another way";
 }
 
 }  // namespace

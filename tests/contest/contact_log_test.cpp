@@ -60,8 +60,9 @@ TEST(ContactLog, ARowWithoutAContactIsNeitherChangedNorTakenOut) {
     for (const std::int32_t row : {-1, 0, 2, 11'000, 11'001}) {
         EXPECT_THROW(log.Change(row, [](Contact&) {}), LogFullError) << row;
         EXPECT_THROW(log.Remove(row), LogFullError) << row;
-        EXPECT_THROW(log.MomentOf(row, 2026), LogFullError) << row;
     }
+    EXPECT_EQ(log.MomentOf(2, 2026), std::nullopt);
+    EXPECT_THROW(log.MomentOf(11'001, 2026), LogFullError);
     EXPECT_EQ(log.gContactCount(), 1);
 }
 
@@ -89,42 +90,54 @@ TEST(ContactLog, HoldsElevenThousandAndNoMore) {
     EXPECT_EQ(log.gContactCount(), 0);
 }
 
-/// Hands out so many contacts, then throws if it is to.
-std::function<bool(Contact&)> Source(int contacts, bool throwsBehind = false) {
-    return [n = 0, contacts, throwsBehind](Contact& contact) mutable {
-        if (n == contacts && throwsBehind) {
-            throw ValueError{"damaged"};
-        }
-        contact = ContactWith("K" + std::to_string(n));
-        return n++ < contacts;
-    };
+/// Adds so many contacts; the source then throws, if it is to, in the middle of another.
+void AddAll(ContactLog& log, int contacts, bool throwsBehind = false) {
+    int n = 0;
+    log.AddAll([&] { return n < contacts || throwsBehind; },
+               [&](Contact& contact) {
+                   contact = ContactWith("K" + std::to_string(n));
+                   if (n++ == contacts) {
+                       throw ValueError{"damaged"};
+                   }
+               });
 }
 
 TEST(ContactLog, AllThatASourceHasAreAdded) {
     ContactLog log;
     log.Add(ContactWith("W1XX"));
-    log.AddAll(Source(3));
+    AddAll(log, 3);
     EXPECT_EQ(log.gContactCount(), 4);
     EXPECT_EQ(log.CallsBeginning("K").size(), 3U);
-    log.AddAll(Source(ContactLog::kMostContacts - 4));
+    AddAll(log, ContactLog::kMostContacts - 4);
     EXPECT_EQ(log.gContactCount(), 11'000);
 }
 
-TEST(ContactLog, ASourceThatThrowsLeavesThoseBefore) {
+TEST(ContactLog, TheContactThatASourceThrowsAtCountsAndIsNone) {
     ContactLog log;
-    EXPECT_THROW(log.AddAll(Source(3, true)), ValueError);
-    EXPECT_EQ(log.gContactCount(), 3);
+    EXPECT_THROW(AddAll(log, 3, true), ValueError);
+    EXPECT_EQ(log.gContactCount(), 4);
+    EXPECT_EQ(log.Contacts().size(), 3U);
+    EXPECT_EQ(log.Row(4), Contact{});
+    EXPECT_EQ(log.MomentOf(4, 2026), std::nullopt);
     EXPECT_EQ(log.CallsBeginning("K").size(), 3U);
-    EXPECT_THROW(log.AddAll(Source(ContactLog::kMostContacts)), LogFullError);
+}
+
+TEST(ContactLog, AContactBeyondTheTablesIsNotTaken) {
+    ContactLog log;
+    AddAll(log, ContactLog::kMostContacts - 1);
+    int taken = 0;
+    EXPECT_THROW(log.AddAll([] { return true; }, [&](Contact&) { ++taken; }), LogFullError);
+    EXPECT_EQ(taken, 1);
     EXPECT_EQ(log.gContactCount(), 11'001);
-    EXPECT_EQ(log.CallsBeginning("K").size(), 11'000U);
+    EXPECT_EQ(log.Contacts().size(), 11'000U);
+    EXPECT_THROW(static_cast<void>(log.MomentOf(11'001, 2026)), LogFullError);
 }
 
 TEST(ContactLog, EachContactThatChangesIsAChange) {
     ContactLog log;
     std::uint64_t before = log.Changes();
     const auto changes = [&] { return log.Changes() - std::exchange(before, log.Changes()); };
-    log.AddAll(Source(3));
+    AddAll(log, 3);
     EXPECT_EQ(changes(), 3U);
     log.Add({});
     EXPECT_EQ(changes(), 1U);

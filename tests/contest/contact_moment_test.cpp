@@ -32,7 +32,9 @@ TEST(ContactMoment, WithoutAPresentYearADateBearsItsOwn) {
     MomentReader reader{std::nullopt};
     EXPECT_EQ(reader.MomentOf(ContactAt("2026/11/07", "21:04")), Moment(7, 21, 4));
     EXPECT_EQ(reader.MomentOf(ContactAt("2026-11-07", "21:04")), Moment(7, 21, 4));
-    for (const char* date : {"11/7", "11/07", "2/29", "11/07/2026", "", "2026"}) {
+    EXPECT_EQ(reader.MomentOf(ContactAt("11/07/2026", "21:04")), Moment(7, 21, 4));
+    EXPECT_EQ(reader.MomentOf(ContactAt(" 11-7-26 ", "21:04")), Moment(7, 21, 4));
+    for (const char* date : {"11/7", "11/07", "2/29", "11-7", "2026/11-07", "", "2026"}) {
         EXPECT_EQ(reader.MomentOf(ContactAt(date, "21:04")), std::nullopt) << date;
     }
 }

@@ -131,6 +131,9 @@ TEST(OffTime, MinutesAreToldAsHoursAndMinutes) {
 
 TEST(OffTime, AMinuteIsTheWholeOneThatTheMomentLiesIn) {
     EXPECT_EQ(MinuteOf(DateTime{2026, 11, 7, 21, 4, 59}), Minute("7 21:04"));
+    EXPECT_EQ(MinuteOf(ContactMoment{59}), 0);
+    EXPECT_EQ(MinuteOf(ContactMoment{-1}), -1) << "before the zero date";
+    EXPECT_EQ(MinuteOf(DateTime{1826, 11, 7, 12, 30, 30}), MinuteOf(DateTime{1826, 11, 7, 12, 30, 0}));
 }
 
 }  // namespace

@@ -68,6 +68,19 @@ TEST_F(RowsPictureWalkTest, TextThatIsTooLongOrNotPlainLooksAsTheStyleDrawsIt) {
     EXPECT_EQ(ByUs(), ByStyle());
 }
 
+TEST_F(RowsPictureWalkTest, TextThatAlmostFillsItsCellLooksAsTheStyleDrawsIt) {
+    std::vector<Contact> contacts = LivelyContest(20, shown.clock.Now());
+    for (std::size_t n = 0; n < contacts.size(); ++n) {
+        contacts[n].Call = std::string(n + 1, 'W');
+    }
+    List(contacts);
+    const int usual = Rows().columnWidth(4);
+    for (int narrower = 0; narrower < 10; ++narrower) {
+        Rows().setColumnWidth(4, usual - narrower);
+        EXPECT_EQ(ByUs(), ByStyle()) << narrower;
+    }
+}
+
 TEST_F(RowsPictureWalkTest, RowsOfAListThatIsDisabledLookAsTheStyleDrawsThem) {
     List(LivelyContest(30, shown.clock.Now()));
     shown.program.form1.ListView1.SetEnabled(false);

@@ -188,6 +188,30 @@ TEST_F(LogReloadTest, ReloadWritesNoFile) {
     EXPECT_EQ(Operations(), 0);
 }
 
+TEST_F(LogReloadTest, RecordThatIsDamagedCountsWhileTheBoxStands) {
+    PutLog({Worked("W1XX"), Worked("W2XX")});
+    files.contents[kLogPath] += "\"3\",\"88\",\"A\"x\r\n";
+    std::int32_t counted = 0;
+    dialogs.onShow = [&] {
+        counted = program->log.gContactCount();
+        clock.Advance(60'000);
+        TheDesk().RunTimersAndIo();
+    };
+    EXPECT_EQ(EndStatusOf([&] { Start(); }), 1);
+    EXPECT_EQ(dialogs.boxes.back(), kFileErrorLine);
+    EXPECT_EQ(counted, 3);
+}
+
+TEST_F(LogReloadTest, SectionOfTheContactBeyondTheTableIsNotWorked) {
+    std::vector<Contact> contacts = ManyContacts(11'001);
+    contacts.back().Sec = "EMA";
+    PutLog(contacts);
+    int worked = 0;
+    dialogs.onShow = [&] { worked = program->sections.gSectionsWorked; };
+    EXPECT_EQ(EndStatusOf([&] { Start(); }), 1);
+    EXPECT_EQ(worked, 1);
+}
+
 TEST_F(LogReloadTest, TimersOfABoxThatStandsForAMinuteDoNoHarm) {
     PutLog(ManyContacts(11'001));
     dialogs.onShow = [&] {

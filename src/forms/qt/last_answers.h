@@ -8,7 +8,8 @@
 
 namespace tallyhut {
 
-/// The last answers of a function that is asked the same few things again and again, and always answers the same.
+/// The last answers of a function that is asked the same few things again and again, and always answers the same. Of
+/// more things than are kept, those found first are worked out again.
 template <typename Question, typename Answer, std::size_t kKept>
 class LastAnswers {
 public:

@@ -143,7 +143,7 @@ void DrawPanel(QPainter& painter, const QWidget& widget, const QString& title, c
 }
 
 void DrawBox(QPainter& painter, const QRect& rect, const QColor& fill, const QColor& edge, const BoxShape& shape) {
-    const int border = static_cast<int>(std::ceil(std::max(shape.edge, shape.corner)));
+    const int border = static_cast<int>(std::ceil(shape.edge + shape.corner));
     if (PaintsOnlyWithin(painter, rect.adjusted(border, border, -border, -border))) {  // as each time the caret blinks
         painter.fillRect(rect, fill);
         return;

@@ -20,23 +20,12 @@ namespace {
 constexpr QChar kFirstPlain{0x20};
 constexpr QChar kLastPlain{0x7E};
 
-/// In pixels.
-int WidestPlainCharacter(const QFontMetrics& metrics) {
-    int widest = 0;
+double WidestPlainCharacter(const QFontMetricsF& metrics) {
+    double widest = 0;
     for (QChar character = kFirstPlain; character <= kLastPlain; character = QChar{character.unicode() + 1}) {
         widest = std::max(widest, metrics.horizontalAdvance(character));
     }
     return widest;
-}
-
-/// As the style lays out a line of text, which is finer than whole pixels.
-void MeasureLine(const QFont& font, RowMeasures& measures) {
-    QTextLayout layout{"X", font};
-    layout.beginLayout();
-    const QTextLine line = layout.createLine();
-    layout.endLayout();
-    measures.lineHeight = qCeil(line.height());
-    measures.ascent = line.ascent();
 }
 
 bool IsPlain(const QString& text) {
@@ -61,7 +50,7 @@ public:
         const int margin =
             option.widget->style()->pixelMetric(QStyle::PM_FocusFrameHMargin, &option, option.widget) + 1;
         const QRect room = option.rect.adjusted(margin, 0, -margin, 0);
-        const bool fits = text.size() * measures_.widestPlain <= room.width();
+        const bool fits = static_cast<double>(text.size()) * measures_.widestPlain <= room.width();
         if (!fits || !IsPlain(text) || (option.state & kMarked) != 0 || !option.state.testFlag(QStyle::State_Enabled)) {
             QStyledItemDelegate::paint(painter, option, index);
             return;
@@ -219,8 +208,6 @@ void RowsWidget::ShowState() {
 
 void RowsWidget::ShowLook() {
     setFont(FontOf(TheLook()));
-    measures_.widestPlain = WidestPlainCharacter(fontMetrics());
-    MeasureLine(font(), measures_);
     if (rowsInView_ <= 0) {
         measures_.height = qRound(TheLook().pixels * kLooseRow);
         scheduleDelayedItemsLayout();
@@ -244,7 +231,24 @@ void RowsWidget::SpreadColumns() {
     }
 }
 
+/// As the style lays out a line of text, which is finer than whole pixels.
+void RowsWidget::MeasureText() {
+    const std::pair now{font(), devicePixelRatioF()};
+    if (measuredFor_ == now) {
+        return;
+    }
+    measuredFor_ = now;
+    QTextLayout layout{"X", font()};
+    layout.beginLayout();
+    const QTextLine line = layout.createLine();
+    layout.endLayout();
+    measures_.lineHeight = qCeil(line.height());
+    measures_.ascent = line.ascent();
+    measures_.widestPlain = WidestPlainCharacter(QFontMetricsF{font()});
+}
+
 void RowsWidget::paintEvent(QPaintEvent* event) {
+    MeasureText();
     QTreeView::paintEvent(event);
     const Theme theme = ThemeOf(parentWidget()->palette());
     QPainter painter{viewport()};

@@ -1,7 +1,10 @@
 #pragma once
 
 #include <QAbstractTableModel>
+#include <QFont>
 #include <QTreeView>
+#include <optional>
+#include <utility>
 
 #include "forms/qt/control_widget.h"
 
@@ -31,8 +34,8 @@ private:
 
 /// Pixels of a list's rows.
 struct RowMeasures {
-    int height = 0;       ///< 0 is what the text needs
-    int widestPlain = 0;  ///< the widest ASCII character
+    int height = 0;          ///< 0 is what the text needs
+    double widestPlain = 0;  ///< the widest ASCII character
     int lineHeight = 0;
     double ascent = 0;  ///< from the top of a line to its letters' feet
 };
@@ -61,10 +64,12 @@ protected:
 private:
     void SpreadColumns();
     void SpreadRows();
+    void MeasureText();
 
     RowsModel model_;
     int rowsInView_ = 0;
     RowMeasures measures_;
+    std::optional<std::pair<QFont, qreal>> measuredFor_;  ///< the font, and the screen's pixels to one of ours
 };
 
 }  // namespace tallyhut

@@ -101,7 +101,7 @@ struct Desk {
     void RunFocusEvents();
     /// One round without focus events and without what the operator does.
     void RunTimersAndIo();
-    /// The same between two steps of a handler that does not take long: what has changed is shown with the last of them.
+    /// The same between two steps of a handler that takes not long: what has changed is shown with the last of them.
     void RunBetweenSteps();
     /// Runs events until the claim holds: the loop of the program, of a modal form.
     void RunUntil(const std::function<bool()>& done);

@@ -15,10 +15,10 @@ public:
         length_ += call.size() + 1;
     }
     std::string Text() const {
-        std::string text;
-        text.reserve(length_);
-        for (auto call = calls_.rbegin(); call != calls_.rend(); ++call) {
-            text.append(**call).push_back(' ');
+        std::string text(length_, ' ');
+        auto end = text.end();
+        for (const std::string* call : calls_) {
+            end = std::copy_backward(call->begin(), call->end(), end - 1);
         }
         return text;
     }

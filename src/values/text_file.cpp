@@ -83,8 +83,7 @@ std::string_view FieldReader::TakeQuoted() {
 
 /// Leaves the rest at the comma or line end behind the field.
 std::string_view FieldReader::TakeBare() {
-    const auto end = std::ranges::find_if(rest_, EndsField);
-    const std::string_view field = rest_.substr(0, static_cast<std::size_t>(end - rest_.begin()));
+    const std::string_view field{rest_.begin(), std::ranges::find_if(rest_, EndsField)};
     if (field.find('"') != std::string_view::npos) {
         RefuseLine("a quote stands in a bare field");
     }

@@ -14,6 +14,11 @@ namespace {
 /// The most that Collect takes, however much arrives meanwhile.
 constexpr int kCollectMs = 10;
 
+void TakeIn() {
+    QCoreApplication::processEvents(QEventLoop::AllEvents, kCollectMs);
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+}
+
 class QtWatch : public DescriptorWatch {
 public:
     QtWatch(int descriptor, std::function<void()> arrived) : readable_{descriptor, QSocketNotifier::Read} {
@@ -46,19 +51,14 @@ std::unique_ptr<DescriptorWatch> QtPump::Watch(int descriptor, std::function<voi
 
 void QtPump::Collect() {
     Show();
-    Take();
+    TakeIn();
 }
 
 void QtPump::CollectBetweenSteps() {
     if (clock_.TickMs() - std::max(wokeAt_, shownAt_) >= kFrame) {
         Show();
     }
-    Take();
-}
-
-void QtPump::Take() {
-    QCoreApplication::processEvents(QEventLoop::AllEvents, kCollectMs);
-    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    TakeIn();
 }
 
 void QtPump::WaitUntil(std::optional<Tick> tick) {

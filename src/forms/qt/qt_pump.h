@@ -32,7 +32,6 @@ public:
     std::function<void()> onShow;
 
 private:
-    void Take();
     void Show();
     void Wait(std::optional<Tick> tick);
 

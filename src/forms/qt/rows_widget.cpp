@@ -115,14 +115,14 @@ QVariant RowsModel::headerData(int section, Qt::Orientation orientation, int rol
     return role == Qt::DisplayRole ? QVariant{ToQt(columns[at].caption)} : QVariant{};
 }
 
-void RowsModel::Refresh() {
+void RowsModel::Refresh(int firstShown, int lastShown) {
     if (rows_ != PresentRows() || columns_ != PresentColumns()) {
         beginResetModel();
         rows_ = PresentRows();
         columns_ = PresentColumns();
         endResetModel();
     } else if (rows_ > 0 && columns_ > 0) {
-        emit dataChanged(index(0, 0), index(rows_ - 1, columns_ - 1));
+        emit dataChanged(index(firstShown, 0), index(lastShown, columns_ - 1));
     }
 }
 
@@ -183,7 +183,9 @@ void RowsWidget::SpreadRows() {
 
 void RowsWidget::ShowState() {
     const int columns = model_.columnCount({});
-    model_.Refresh();
+    const QModelIndex first = indexAt({0, 0});
+    const QModelIndex last = indexAt({0, viewport()->height() - 1});
+    model_.Refresh(first.isValid() ? first.row() : 0, last.isValid() ? last.row() : model_.rowCount({}) - 1);
     if (columns != model_.columnCount({})) {
         SpreadColumns();
     }

@@ -20,8 +20,9 @@ public:
     QVariant data(const QModelIndex& index, int role) const override;
     QVariant headerData(int section, Qt::Orientation orientation, int role) const override;
 
-    /// Takes notice of what the control holds now. The cells may be others even where their number is the same.
-    void Refresh();
+    /// Takes notice of what the control holds now. The cells may be others even where their number is the same; whoever
+    /// shows some of the rows is told of those alone.
+    void Refresh(int firstShown, int lastShown);
 
 private:
     int PresentRows() const;

@@ -11,9 +11,8 @@ namespace tallyhut {
 /// The desktop's events, let in where the program asks for them. The event loop is the program's own: no loop of the
 /// toolkit below ever runs, so that no handler runs inside one of its callbacks.
 ///
-/// What the program changes by itself or for the operator is shown at once; what a handler changes in steps, with
-/// events between them, in one step as long as it takes no longer than a frame. What comes over a wire may come
-/// thousands of times a second, and is shown once a frame.
+/// What the program changes by itself or for the operator is shown at once. What comes over a wire may come thousands
+/// of times a second, and is shown once a frame.
 class QtPump : public EventPump {
 public:
     explicit QtPump(const Clock& clock);

@@ -2,10 +2,8 @@
 
 #include <QRgba64>
 #include <algorithm>
-#include <array>
 #include <cmath>
 #include <limits>
-#include <utility>
 
 #include "forms/qt/last_answers.h"
 
